@@ -1,0 +1,13 @@
+#include "app/board_commands.h"
+
+#include "app/services/diagnostics.h"
+#include "driver/papi.h"
+
+void ResetHardware(HWND window) {
+    ReportFailure(window, CodeOf(vdapi_AUXDEV_Initialize()), "vdapi_AUXDEV_Initialize");
+    ReportFailure(window, CodeOf(vdapi_AUXDEV_HardwareReset()), "vdapi_AUXDEV_HardwareReset");
+}
+
+void ResetVxD(HWND window) {
+    ReportFailure(window, CodeOf(vdapi_ResetVxD()), "vdapi_ResetVxD");
+}

@@ -1,0 +1,60 @@
+#include "app/board_menu.h"
+
+#include "app/led.h"
+#include "app/services/application.h"
+#include "app/services/settings.h"
+#include "app/window_commands.h"
+#include "res/resource.h"
+
+namespace {
+
+// WM_CONTEXTMENU carries this for a point when a key asked for the menu.
+constexpr LPARAM kAskedByKey = -1;
+
+int shownMenu = IDR_MENU_NEWER;
+
+void Show(HWND window, int menu) {
+    if (menu == shownMenu)
+        return;
+    const HMENU previous = GetMenu(window);
+    if (!SetMenu(window, LoadMenuA(AppInstance, MAKEINTRESOURCEA(menu))))
+        return;
+    DestroyMenu(previous);
+    shownMenu = menu;
+    MarkAlwaysOnTop(window);
+    MarkLed(window);
+    DrawMenuBar(window);
+}
+
+void Choose(HWND window, int menu) {
+    Show(window, menu);
+    WriteSetting(setting::kMenu, menu);
+}
+
+}  // namespace
+
+void ShowRememberedMenu(HWND window) {
+    Show(window, ReadSetting(setting::kMenu) == IDR_MENU_OLDER ? IDR_MENU_OLDER : IDR_MENU_NEWER);
+}
+
+void ChooseOlderMenu(HWND window) {
+    Choose(window, IDR_MENU_OLDER);
+}
+
+void ChooseNewerMenu(HWND window) {
+    Choose(window, IDR_MENU_NEWER);
+}
+
+void OfferBoardMenus(HWND window, LPARAM where) {
+    POINT point{static_cast<SHORT>(LOWORD(where)), static_cast<SHORT>(HIWORD(where))};
+    if (where == kAskedByKey) {
+        point = {0, 0};
+        ClientToScreen(window, &point);
+    }
+    const HMENU menu = LoadMenuA(AppInstance, MAKEINTRESOURCEA(IDR_MENU_CONTEXT));
+    CheckMenuRadioItem(GetSubMenu(menu, 0), IDM_MENU_OLDER, IDM_MENU_NEWER,
+                       shownMenu == IDR_MENU_OLDER ? IDM_MENU_OLDER : IDM_MENU_NEWER, MF_BYCOMMAND);
+    TrackPopupMenu(GetSubMenu(menu, 0), TPM_LEFTALIGN | TPM_RIGHTBUTTON, point.x, point.y, 0,
+                   window, nullptr);
+    DestroyMenu(menu);
+}

@@ -1,0 +1,18 @@
+// The bytes that arrive on the IOM-2 monitor channel. The driver fills the buffer after the command
+// that asked for them has returned, and then posts a message to the main window.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "platform/win32.h"
+
+// The message, posted by the driver.
+constexpr UINT kMonitorBytesReceived = WM_USER + 1;
+
+// The driver writes into this from a context of its own; the buffer never moves. 0xFF each before
+// the first bytes.
+std::array<uint8_t, 3>& MonitorRxBytes();
+
+// Writes the bytes to the trace. User-interface thread.
+void TraceMonitorBytes();

@@ -1,0 +1,46 @@
+#include "app/services/dialog_kit.h"
+
+#include <cstdarg>
+#include <cstdio>
+#include <vector>
+
+namespace {
+
+constexpr std::size_t kFieldBuffer = 256;
+
+}  // namespace
+
+INT_PTR RunDialog(HINSTANCE instance, int templateId, HWND owner, DLGPROC procedure) {
+    return DialogBoxParamA(instance, MAKEINTRESOURCEA(templateId), owner, procedure, 0);
+}
+
+std::string FieldText(HWND dialog, int id, std::size_t capacity) {
+    std::vector<char> text(capacity);
+    GetDlgItemTextA(dialog, id, text.data(), static_cast<int>(capacity));
+    return text.data();
+}
+
+void ShowField(HWND dialog, int id, const char* format, ...) {
+    char text[kFieldBuffer];
+    va_list arguments;
+    va_start(arguments, format);
+    std::vsnprintf(text, sizeof text, format, arguments);
+    va_end(arguments);
+    SetDlgItemTextA(dialog, id, text);
+}
+
+void AddComboRows(HWND dialog, int id, std::span<const NamedNumber> rows) {
+    const HWND combo = GetDlgItem(dialog, id);
+    for (const NamedNumber& row : rows) {
+        const LRESULT position =
+            SendMessageA(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(row.name));
+        SendMessageA(combo, CB_SETITEMDATA, static_cast<WPARAM>(position),
+                     static_cast<LPARAM>(row.number));
+    }
+}
+
+uint32_t SelectedNumber(HWND dialog, int id) {
+    const LRESULT selected = SendDlgItemMessageA(dialog, id, CB_GETCURSEL, 0, 0);
+    const WPARAM row = selected == CB_ERR ? 0 : static_cast<WPARAM>(selected);
+    return static_cast<uint32_t>(SendDlgItemMessageA(dialog, id, CB_GETITEMDATA, row, 0));
+}

@@ -1,0 +1,32 @@
+// The settings that the utility keeps between runs: every key in one table, and the profile
+// functions behind it. Nothing is held in memory: a value is read where it is needed and is on disk
+// when the write returns. A failed write is not noticed. User-interface thread.
+#pragma once
+
+// A number that stands as text under a key of a section of a file. Files named without a folder
+// live where the system keeps its profile files.
+struct IntegerSetting {
+    const char* file;
+    const char* section;
+    const char* key;
+    int defaultValue;
+};
+
+namespace setting {
+
+// The utility's own file, and the one that the board's other programs share.
+inline constexpr char kOwnFile[] = "kora_tst.ini";
+inline constexpr char kSharedFile[] = "TALVERO.INI";
+
+inline constexpr IntegerSetting kDebugLevel{kSharedFile, "KORA_TST", "DebugLevel", 1};
+// Read from the utility's own file; the shared one is told too, for the board's other programs.
+inline constexpr IntegerSetting kAlwaysOnTop{kOwnFile, "KORA_TST", "AlwaysOnTop", 0};
+inline constexpr IntegerSetting kAlwaysOnTopShared{kSharedFile, "KORA_TST", "AlwaysOnTop", 0};
+// The menu resource that the main window shows: 3 the older board's, 4 the newer one's.
+inline constexpr IntegerSetting kMenu{kOwnFile, "KORA_TST", "Menu", 4};
+
+}  // namespace setting
+
+// The leading digits of what stands there, the default where the key is absent.
+int ReadSetting(const IntegerSetting& setting);
+void WriteSetting(const IntegerSetting& setting, int value);

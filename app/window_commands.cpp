@@ -1,0 +1,40 @@
+#include "app/window_commands.h"
+
+#include "app/services/settings.h"
+#include "res/resource.h"
+
+namespace {
+
+bool AlwaysOnTop = false;
+
+void ApplyAlwaysOnTop(HWND window) {
+    SetWindowPos(window, AlwaysOnTop ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
+                 SWP_NOSIZE | SWP_NOMOVE);
+    MarkAlwaysOnTop(window);
+}
+
+}  // namespace
+
+void ExitUtility(HWND window) {
+    PostMessageA(window, WM_CLOSE, 0, 0);
+}
+
+void ChangeColor(HWND window) {
+    InvalidateRect(window, nullptr, FALSE);
+}
+
+void ToggleAlwaysOnTop(HWND window) {
+    AlwaysOnTop = !AlwaysOnTop;
+    ApplyAlwaysOnTop(window);
+    WriteSetting(setting::kAlwaysOnTop, AlwaysOnTop);
+    WriteSetting(setting::kAlwaysOnTopShared, AlwaysOnTop);
+}
+
+void RestoreAlwaysOnTop(HWND window) {
+    AlwaysOnTop = ReadSetting(setting::kAlwaysOnTop) != 0;
+    ApplyAlwaysOnTop(window);
+}
+
+void MarkAlwaysOnTop(HWND window) {
+    CheckMenuItem(GetMenu(window), IDM_HELP_ALWAYS_ON_TOP, AlwaysOnTop ? MF_CHECKED : MF_UNCHECKED);
+}

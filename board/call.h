@@ -1,0 +1,43 @@
+// What an operation of the driver libraries was called with.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "driver/result_code.h"
+
+namespace board {
+
+struct Argument {
+    enum class Kind { Value, Text, Address };
+
+    Argument(uint32_t argument) : kind(Kind::Value), value(argument) {}
+    Argument(int32_t argument) : kind(Kind::Value), value(static_cast<uint32_t>(argument)) {}
+    Argument(const char* argument) : kind(Kind::Text), text(argument ? argument : "") {}
+    Argument(const void* argument)
+        : kind(Kind::Address),
+          value(static_cast<uint32_t>(reinterpret_cast<uintptr_t>(argument))) {}
+
+    Kind kind;
+    uint32_t value = 0;  // of an address the low 32 bits: all of a window's handle, 0 where absent
+    std::string text;
+};
+
+struct Call {
+    std::string operation;              // "vdapi_Debug"
+    std::vector<Argument> arguments{};  // in the operation's own order
+    std::vector<uint8_t> block{};       // the bytes handed in by address, as they were at the call
+    std::string command{};              // "TALVERO_DBG_..." or "PELLAN_COMMAND_...", where known
+    ResultCode result = VXD_SUCCESS;
+};
+
+// A copy of what is handed in by address; empty where the address is absent.
+std::vector<uint8_t> BytesAt(const void* address, size_t size);
+
+// The call as one line, without a line end:
+// vdapi_Debug(0x45, 0x4, address) TALVERO_DBG_ISAC_OP_INITCHIP [01 00 00 00] = 18
+std::string Describe(const Call& call);
+
+}  // namespace board

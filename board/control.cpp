@@ -1,0 +1,78 @@
+#include "board/control.h"
+
+#include "board/simulation.h"
+
+namespace board {
+namespace {
+
+// Runs `use` on the simulation under its lock.
+template <typename Use>
+auto Locked(Use use) {
+    Simulation& simulation = TheSimulation();
+    std::lock_guard lock(simulation.lock);
+    return use(simulation);
+}
+
+}  // namespace
+
+bool IsPresent() {
+    return Locked([](Simulation& simulation) { return simulation.state.present; });
+}
+
+void SetPresent(bool present) {
+    Locked([=](Simulation& simulation) { simulation.state.present = present; });
+}
+
+Revisions GetRevisions() {
+    return Locked([](Simulation& simulation) { return simulation.state.revisions; });
+}
+
+void SetRevisions(const Revisions& revisions) {
+    Locked([&](Simulation& simulation) { simulation.state.revisions = revisions; });
+}
+
+bool IsLedLit() {
+    return Locked([](Simulation& simulation) {
+        bool lit = false;
+        simulation.state.auxiliaryDevice.GetLine(AUXDEV_FEATURE_LED, lit);
+        return lit;
+    });
+}
+
+void SetLedLit(bool lit) {
+    Locked([=](Simulation& simulation) {
+        simulation.state.auxiliaryDevice.SetLine(AUXDEV_FEATURE_LED, lit);
+    });
+}
+
+Firmware GetFirmware() {
+    return Locked([](Simulation& simulation) { return simulation.state.firmware; });
+}
+
+void SetFirmware(const Firmware& firmware) {
+    Locked([&](Simulation& simulation) { simulation.state.firmware = firmware; });
+}
+
+void FailAlways(const std::string& name, ResultCode code) {
+    Locked([&](Simulation& simulation) { simulation.faults[name] = {code, false}; });
+}
+
+void FailOnce(const std::string& name, ResultCode code) {
+    Locked([&](Simulation& simulation) { simulation.faults[name] = {code, true}; });
+}
+
+void SucceedAgain() {
+    Locked([](Simulation& simulation) { simulation.faults.clear(); });
+}
+
+std::vector<Call> Calls() {
+    return Locked([](Simulation& simulation) {
+        return std::vector<Call>(simulation.calls.begin(), simulation.calls.end());
+    });
+}
+
+void ForgetCalls() {
+    Locked([](Simulation& simulation) { simulation.calls.clear(); });
+}
+
+}  // namespace board

@@ -1,0 +1,48 @@
+// The test's hand on the simulated board, in the process that has the driver libraries loaded.
+//
+// Every function may be called from any thread, also while operations run on another: each takes
+// the board's lock for its own duration. A change is met by the next operation, and what is read is
+// what the operations before have left. What is set here stays when a library is initialised,
+// except for what "board.ini" names (board/settings.h).
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "board/call.h"
+#include "board/state.h"
+#include "driver/result_code.h"
+
+namespace board {
+
+// Whether a board is plugged in. Without one every operation that needs it answers
+// VXD_HARDWARE_FAILURE.
+bool IsPresent();
+void SetPresent(bool present);
+
+// The board's revisions, as vdapi_GetVersion gives them.
+Revisions GetRevisions();
+void SetRevisions(const Revisions& revisions);
+
+// Whether the board's LED is lit.
+bool IsLedLit();
+void SetLedLit(bool lit);
+
+// What the firmware keeps: registers, variables, streams; as a copy and back.
+Firmware GetFirmware();
+void SetFirmware(const Firmware& firmware);
+
+// Makes an operation ("vdapi_AUXDEV_Activate"), a debug command ("TALVERO_DBG_...") or a firmware
+// command ("PELLAN_COMMAND_...") answer the code instead of doing its work: always, or the next
+// time only. It replaces what was asked for under the same name, here or in "board.ini".
+void FailAlways(const std::string& name, ResultCode code);
+void FailOnce(const std::string& name, ResultCode code);
+
+// Takes back everything asked for with FailAlways and FailOnce.
+void SucceedAgain();
+
+// The calls since the last ForgetCalls, oldest first; only the last 10,000 are kept.
+std::vector<Call> Calls();
+void ForgetCalls();
+
+}  // namespace board

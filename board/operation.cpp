@@ -1,0 +1,71 @@
+#include "board/operation.h"
+
+#include "board/settings.h"
+#include "board/simulation.h"
+#include "platform/win32.h"
+
+namespace board {
+namespace {
+
+// Enough for any test; a program that runs for days must not fill the memory with calls.
+constexpr size_t kCallsKept = 10000;
+
+// The code that is wanted for an operation or a command of that name.
+ResultCode TakeFault(Simulation& simulation, const std::string& name) {
+    const auto found = simulation.faults.find(name);
+    if (found == simulation.faults.end()) {
+        return FailureSetting(name);
+    }
+    const Fault fault = found->second;
+    if (fault.once) {
+        simulation.faults.erase(found);
+    }
+    return fault.code;
+}
+
+ResultCode Judge(Simulation& simulation, const Call& call, unsigned needs) {
+    for (const std::string* name : {&call.operation, &call.command}) {
+        const ResultCode fault = name->empty() ? VXD_SUCCESS : TakeFault(simulation, *name);
+        if (fault != VXD_SUCCESS) {
+            return fault;
+        }
+    }
+    const State& state = simulation.state;
+    if ((needs & kPapiOpen && !state.papiOpen) || (needs & kKoraOpen && !state.koraOpen)) {
+        return VXD_CONFIGURATION_NOT_SET;
+    }
+    return needs & kBoard && !state.present ? VXD_HARDWARE_FAILURE : VXD_SUCCESS;
+}
+
+}  // namespace
+
+// Never destroyed: the libraries may be called while the process ends.
+Simulation& TheSimulation() {
+    static Simulation& simulation = *new Simulation;
+    return simulation;
+}
+
+Operation::Operation(Call call, unsigned needs)
+    : lock_(TheSimulation().lock), call_(std::move(call)) {
+    result = Judge(TheSimulation(), call_, needs);
+}
+
+Operation::~Operation() {
+    Simulation& simulation = TheSimulation();
+    call_.result = result;
+    const std::string line = simulation.state.traceCalls ? Describe(call_) + '\n' : std::string();
+    if (simulation.calls.size() == kCallsKept) {
+        simulation.calls.pop_front();
+    }
+    simulation.calls.push_back(std::move(call_));
+    lock_.unlock();
+    if (!line.empty()) {
+        OutputDebugStringA(line.c_str());
+    }
+}
+
+State& Operation::TheState() const {
+    return TheSimulation().state;
+}
+
+}  // namespace board

@@ -1,0 +1,549 @@
+// The exports of PAPI: each one a frame around what the simulated board does.
+#include "driver/papi.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+
+#include "board/call.h"
+#include "board/debug_channel.h"
+#include "board/firmware.h"
+#include "board/operation.h"
+#include "board/settings.h"
+#include "board/state.h"
+#include "driver/result_code.h"
+
+using namespace board;
+
+namespace {
+
+// How many bytes callers hand in by address.
+constexpr uint32_t kEpromBytes = 8;
+constexpr size_t kBasBytes = 6;
+constexpr size_t kVppParameters = 6;
+constexpr size_t kPaletteEntries = 256;
+constexpr size_t kOverlayEntries = 16;
+
+size_t ArcofiBytes(uint32_t id) {
+    constexpr uint32_t kTestLoopList = 0x91F;
+    if (id == kTestLoopList) {
+        return 3;
+    }
+    constexpr uint32_t kMost = 8;
+    const bool coefficients = (id & 0xF0) == 0x20;
+    return coefficients ? std::min(((id >> 8) & 0xFF) - 1, kMost) : 1;
+}
+
+// A transfer's size is a 16-bit quantity.
+size_t VariableBytes(uint32_t unitSize, int32_t count) {
+    constexpr uint64_t kMost = 0xFFFF;
+    return count <= 0 ? 0 : static_cast<size_t>(std::min(kMost, uint64_t{unitSize} * count));
+}
+
+// An operation that needs the library open and a board.
+template <typename Work>
+uint32_t OnBoard(Call call, Work work, void (*refused)(State&) = nullptr) {
+    return Perform(std::move(call), kPapiOpen | kBoard, work, refused);
+}
+
+}  // namespace
+
+// --- Library ---
+
+uint32_t WINAPI vdapi_Initialize(uint32_t reserved) {
+    return Perform({"vdapi_Initialize", {reserved}}, kNothing, [](State& state) {
+        ReadSettings(state);
+        return Open(state.papiOpen);
+    });
+}
+
+uint32_t WINAPI vdapi_Terminate() {
+    return Perform({"vdapi_Terminate"}, kPapiOpen, [](State& state) {
+        state.papiOpen = false;
+        return VXD_SUCCESS;
+    });
+}
+
+uint32_t WINAPI vdapi_GetVersion(uint16_t* boardRevision, uint8_t* vpicRevision,
+                                 uint16_t* driverRevision, uint8_t* jadeRevision) {
+    return OnBoard(
+        {"vdapi_GetVersion", {boardRevision, vpicRevision, driverRevision, jadeRevision}},
+        [=](State& state) {
+            if (!boardRevision || !vpicRevision || !driverRevision || !jadeRevision) {
+                return VXD_INVALID_PARAMETER;
+            }
+            *boardRevision = state.revisions.board;
+            *vpicRevision = state.revisions.vpic;
+            *driverRevision = state.revisions.driver;
+            *jadeRevision = state.revisions.jade;
+            return VXD_SUCCESS;
+        });
+}
+
+uint32_t WINAPI vdapi_ResetVxD() {
+    return OnBoard({"vdapi_ResetVxD"}, [](State& state) {
+        state.RestartDriver();
+        return VXD_SUCCESS;
+    });
+}
+
+// --- Debug channel (older board) ---
+
+uint32_t WINAPI vdapi_Debug(uint32_t command, uint32_t size, void* block) {
+    const DebugCommand* known = FindDebugCommand(command);
+    // Of a block no more is looked at than both sides agree on.
+    const size_t bytes = known ? std::min<size_t>(size, known->blockSize) : 0;
+    return OnBoard(
+        {"vdapi_Debug", {command, size, block}, BytesAt(block, bytes), known ? known->name : ""},
+        [=](State& state) {
+            if (!known) {
+                return VXD_INVALID_DEBUG_COMMAND_ID;
+            }
+            if (size != known->blockSize || (size != 0 && !block)) {
+                return VXD_INVALID_PARAMETER;
+            }
+            return NotYetSimulated(state);
+        });
+}
+
+// --- Firmware (newer board) ---
+
+uint32_t WINAPI vdapi_SendCommand(uint32_t command, uint32_t parameter1, uint32_t parameter2,
+                                  uint32_t parameter3, uint32_t* response1, uint32_t* response2,
+                                  uint16_t* response3) {
+    const FirmwareCommand* known = FindFirmwareCommand(command);
+    return OnBoard({"vdapi_SendCommand",
+                    {command, parameter1, parameter2, parameter3, response1, response2, response3},
+                    {},
+                    known ? known->name : ""},
+                   [=](State& state) {
+                       if (!known) {
+                           return VXD_OPERATION_NOT_SUPPORTED;
+                       }
+                       if (!response1 || !response2 || !response3) {
+                           return VXD_INVALID_PARAMETER;
+                       }
+                       FirmwareResponses responses;
+                       const ResultCode code =
+                           known->run(state, {parameter1, parameter2, parameter3}, responses);
+                       if (code == VXD_SUCCESS) {
+                           *response1 = responses.first;
+                           *response2 = responses.second;
+                           *response3 = responses.third;
+                       }
+                       return code;
+                   });
+}
+
+uint32_t WINAPI vdapi_GetModuleDebugLevel(uint32_t module, uint16_t* level) {
+    return OnBoard({"vdapi_GetModuleDebugLevel", {module, level}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_SetModuleDebugLevel(uint32_t module, uint32_t level) {
+    return OnBoard({"vdapi_SetModuleDebugLevel", {module, level}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_Stream_Open(uint32_t stream, uint32_t reserved1, uint32_t reserved2) {
+    return OnBoard({"vdapi_Stream_Open", {stream, reserved1, reserved2}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_Stream_Close(uint32_t stream) {
+    return OnBoard({"vdapi_Stream_Close", {stream}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_GetBandwidth(int32_t* bandwidth) {
+    return OnBoard({"vdapi_GetBandwidth", {bandwidth}}, NotYetSimulated);
+}
+
+// --- Bus interface and interrupt controller (VPIC) ---
+
+uint32_t WINAPI vdapi_VPIC_ReadPort(uint32_t port, uint32_t* value) {
+    return OnBoard({"vdapi_VPIC_ReadPort", {port, value}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_VPIC_WritePort(uint32_t port, const uint32_t* value) {
+    return OnBoard({"vdapi_VPIC_WritePort", {port, value}, BytesAt(value, sizeof *value)},
+                   NotYetSimulated);
+}
+
+// --- Auxiliary device ---
+
+uint32_t WINAPI vdapi_AUXDEV_Initialize() {
+    return OnBoard(
+        {"vdapi_AUXDEV_Initialize"},
+        [](State& state) { return state.auxiliaryDevice.Initialize(); },
+        [](State& state) { state.auxiliaryDevice.FailToInitialize(); });
+}
+
+uint32_t WINAPI vdapi_AUXDEV_Terminate() {
+    return OnBoard({"vdapi_AUXDEV_Terminate"},
+                   [](State& state) { return state.auxiliaryDevice.Terminate(); });
+}
+
+uint32_t WINAPI vdapi_AUXDEV_HardwareReset() {
+    return OnBoard({"vdapi_AUXDEV_HardwareReset"}, [](State& state) {
+        if (!state.auxiliaryDevice.IsUp()) {
+            return VXD_CONFIGURATION_NOT_SET;
+        }
+        state.PowerOn();
+        return VXD_SUCCESS;
+    });
+}
+
+uint32_t WINAPI vdapi_AUXDEV_Activate(uint32_t feature) {
+    return OnBoard({"vdapi_AUXDEV_Activate", {feature}},
+                   [=](State& state) { return state.auxiliaryDevice.Switch(feature, true); });
+}
+
+uint32_t WINAPI vdapi_AUXDEV_Deactivate(uint32_t feature) {
+    return OnBoard({"vdapi_AUXDEV_Deactivate", {feature}},
+                   [=](State& state) { return state.auxiliaryDevice.Switch(feature, false); });
+}
+
+uint32_t WINAPI vdapi_AUXDEV_GetFeature(uint32_t feature, uint16_t* value) {
+    return OnBoard({"vdapi_AUXDEV_GetFeature", {feature, value}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_AUXDEV_SetField(uint32_t field, uint32_t value) {
+    return OnBoard({"vdapi_AUXDEV_SetField", {field, value}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_AUXDEV_GetField(uint32_t field, uint16_t* value) {
+    return OnBoard({"vdapi_AUXDEV_GetField", {field, value}}, NotYetSimulated);
+}
+
+// --- I2C bus ---
+
+uint32_t WINAPI vdapi_I2C_Initialize() {
+    return OnBoard({"vdapi_I2C_Initialize"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_I2C_Terminate() {
+    return OnBoard({"vdapi_I2C_Terminate"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_I2C_Transfer(const uint16_t* items, uint32_t count, uint32_t* result) {
+    return OnBoard(
+        {"vdapi_I2C_Transfer", {items, count, result}, BytesAt(items, count * sizeof *items)},
+        NotYetSimulated);
+}
+
+// --- Memory and I/O ports ---
+
+uint32_t WINAPI vdapi_MEM_Read(uint32_t address, uint32_t unitSize, uint32_t* value) {
+    return OnBoard({"vdapi_MEM_Read", {address, unitSize, value}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_MEM_Write(uint32_t address, uint32_t unitSize, uint32_t value) {
+    return OnBoard({"vdapi_MEM_Write", {address, unitSize, value}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_IO_Read(uint32_t port, uint32_t unitSize, uint32_t* value) {
+    return OnBoard({"vdapi_IO_Read", {port, unitSize, value}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_IO_Write(uint32_t port, uint32_t unitSize, uint32_t value) {
+    return OnBoard({"vdapi_IO_Write", {port, unitSize, value}}, NotYetSimulated);
+}
+
+// --- Cameras ---
+
+uint32_t WINAPI vdapi_CAM_Digit_Initialize() {
+    return OnBoard({"vdapi_CAM_Digit_Initialize"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_CAM_Digit_Terminate() {
+    return OnBoard({"vdapi_CAM_Digit_Terminate"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_CAM_Digit_Read(uint32_t registerId, uint8_t* value) {
+    return OnBoard({"vdapi_CAM_Digit_Read", {registerId, value}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_CAM_Digit_Write(uint32_t registerId, uint32_t value) {
+    return OnBoard({"vdapi_CAM_Digit_Write", {registerId, value}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_CAM_ACIF_Initialize() {
+    return OnBoard({"vdapi_CAM_ACIF_Initialize"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_CAM_ACIF_Terminate() {
+    return OnBoard({"vdapi_CAM_ACIF_Terminate"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_CAM_ACIF_Read(uint32_t registerId, uint8_t* value) {
+    return OnBoard({"vdapi_CAM_ACIF_Read", {registerId, value}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_CAM_ACIF_Write(uint32_t registerId, uint32_t value) {
+    return OnBoard({"vdapi_CAM_ACIF_Write", {registerId, value}}, NotYetSimulated);
+}
+
+// --- ARCOFI audio codec ---
+
+uint32_t WINAPI vdapi_ARCOFI_Read(uint32_t id, uint8_t* buffer) {
+    return OnBoard({"vdapi_ARCOFI_Read", {id, buffer}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_ARCOFI_Write(uint32_t id, const uint8_t* buffer) {
+    return OnBoard({"vdapi_ARCOFI_Write", {id, buffer}, BytesAt(buffer, ArcofiBytes(id))},
+                   NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_ARCOFI_SelectChannel(uint32_t channelCode) {
+    return OnBoard({"vdapi_ARCOFI_SelectChannel", {channelCode}}, NotYetSimulated);
+}
+
+// --- Echo cancellers ---
+
+uint32_t WINAPI vdapi_SAEC_Read(uint32_t registerId, uint32_t* value) {
+    return OnBoard({"vdapi_SAEC_Read", {registerId, value}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_SAEC_Write(uint32_t registerId, const uint32_t* value) {
+    return OnBoard({"vdapi_SAEC_Write", {registerId, value}, BytesAt(value, sizeof *value)},
+                   NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_AEC_Initialize() {
+    return OnBoard({"vdapi_AEC_Initialize"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_AEC_Terminate() {
+    return OnBoard({"vdapi_AEC_Terminate"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_AEC_SetMode(uint32_t code) {
+    return OnBoard({"vdapi_AEC_SetMode", {code}}, NotYetSimulated);
+}
+
+// --- AKM audio codec ---
+
+uint32_t WINAPI vdapi_AKM_ReadRegister(uint32_t registerNumber, uint8_t* value) {
+    return OnBoard({"vdapi_AKM_ReadRegister", {registerNumber, value}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_AKM_WriteRegister(uint32_t registerNumber, uint32_t value) {
+    return OnBoard({"vdapi_AKM_WriteRegister", {registerNumber, value}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_AKM_SetSwitch(uint32_t switchNumber, uint32_t on) {
+    return OnBoard({"vdapi_AKM_SetSwitch", {switchNumber, on}}, NotYetSimulated);
+}
+
+// --- JADE ---
+
+uint32_t WINAPI vdapi_JADE_Reset(uint32_t code) {
+    return OnBoard({"vdapi_JADE_Reset", {code}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_JADE_Read(uint32_t registerNumber, uint32_t* value) {
+    return OnBoard({"vdapi_JADE_Read", {registerNumber, value}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_JADE_Write(uint32_t registerNumber, uint32_t value) {
+    return OnBoard({"vdapi_JADE_Write", {registerNumber, value}}, NotYetSimulated);
+}
+
+// --- EEPROM ---
+
+uint32_t WINAPI vdapi_EPROM_Initialize() {
+    return OnBoard({"vdapi_EPROM_Initialize"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_EPROM_Terminate() {
+    return OnBoard({"vdapi_EPROM_Terminate"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_EPROM_Read(uint32_t address, uint8_t* buffer, uint32_t length,
+                                 uint32_t constant) {
+    return OnBoard({"vdapi_EPROM_Read", {address, buffer, length, constant}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_EPROM_Write(uint32_t address, const uint8_t* buffer, uint32_t length,
+                                  uint32_t constant) {
+    return OnBoard({"vdapi_EPROM_Write",
+                    {address, buffer, length, constant},
+                    BytesAt(buffer, std::min(length, kEpromBytes))},
+                   NotYetSimulated);
+}
+
+// --- Codec processor (VCPXi) ---
+
+uint32_t WINAPI vdapi_VCPXI_VCPVariable_GetValue(const char* name, uint32_t unitSize, int32_t count,
+                                                 void* buffer, uint32_t constant) {
+    return OnBoard({"vdapi_VCPXI_VCPVariable_GetValue", {name, unitSize, count, buffer, constant}},
+                   NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_VCPXI_VCPVariable_SetValue(const char* name, uint32_t unitSize, int32_t count,
+                                                 const void* buffer, uint32_t constant) {
+    return OnBoard({"vdapi_VCPXI_VCPVariable_SetValue",
+                    {name, unitSize, count, buffer, constant},
+                    BytesAt(buffer, VariableBytes(unitSize, count))},
+                   NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_VcpCode_Download(const char* monitorPath, const char* codecPath,
+                                       const char* vcpIniPath, const char* vpCodePath,
+                                       uint32_t sectionCount, const char* const* sections) {
+    return OnBoard({"vdapi_VcpCode_Download",
+                    {monitorPath, codecPath, vcpIniPath, vpCodePath, sectionCount, sections}},
+                   NotYetSimulated);
+}
+
+// --- Video inlay and post-processing ---
+
+uint32_t WINAPI vdapi_VIDINLAY_SetFrameDispMode(uint32_t mode) {
+    return OnBoard({"vdapi_VIDINLAY_SetFrameDispMode", {mode}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_VPP_Initialize() {
+    return OnBoard({"vdapi_VPP_Initialize"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_VPP_Terminate() {
+    return OnBoard({"vdapi_VPP_Terminate"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_VPP_Activate() {
+    return OnBoard({"vdapi_VPP_Activate"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_VPP_Deactivate() {
+    return OnBoard({"vdapi_VPP_Deactivate"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_VPP_SetMode(uint32_t modeWord, const uint32_t* parameters) {
+    return OnBoard({"vdapi_VPP_SetMode",
+                    {modeWord, parameters},
+                    BytesAt(parameters, kVppParameters * sizeof *parameters)},
+                   NotYetSimulated);
+}
+
+// --- Video encoder (BT855, BT858) and palettes ---
+
+uint32_t WINAPI vdapi_BT85X_Initialize() {
+    return OnBoard({"vdapi_BT85X_Initialize"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_BT85X_Terminate() {
+    return OnBoard({"vdapi_BT85X_Terminate"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_BT85X_Reset() {
+    return OnBoard({"vdapi_BT85X_Reset"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_BT85X_SetDisplayType(uint32_t type) {
+    return OnBoard({"vdapi_BT85X_SetDisplayType", {type}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_BT85X_WriteCtrlRegister(uint32_t encoder, uint32_t fieldId, uint32_t value) {
+    return OnBoard({"vdapi_BT85X_WriteCtrlRegister", {encoder, fieldId, value}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_BT85X_ReadCtrlRegister(uint32_t encoder, uint32_t fieldId, uint32_t* value) {
+    return OnBoard({"vdapi_BT85X_ReadCtrlRegister", {encoder, fieldId, value}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_BT85X_WriteToPalette(uint32_t entry, uint32_t colour) {
+    return OnBoard({"vdapi_BT85X_WriteToPalette", {entry, colour}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_BT85X_ReadFromPalette(uint32_t entry, uint32_t* colour) {
+    return OnBoard({"vdapi_BT85X_ReadFromPalette", {entry, colour}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_BT85X_DownloadPalette(const uint32_t* table) {
+    return OnBoard(
+        {"vdapi_BT85X_DownloadPalette", {table}, BytesAt(table, kPaletteEntries * sizeof *table)},
+        NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_BT85X_RetrievePalette(uint32_t* table) {
+    return OnBoard({"vdapi_BT85X_RetrievePalette", {table}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_BT85X_WriteToOverlay(uint32_t constant, uint32_t entry, uint32_t colour) {
+    return OnBoard({"vdapi_BT85X_WriteToOverlay", {constant, entry, colour}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_BT85X_ReadFromOverlay(uint32_t constant, uint32_t entry, uint32_t* colour) {
+    return OnBoard({"vdapi_BT85X_ReadFromOverlay", {constant, entry, colour}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_BT85X_DownloadOverlay(uint32_t constant, const uint32_t* table) {
+    return OnBoard({"vdapi_BT85X_DownloadOverlay",
+                    {constant, table},
+                    BytesAt(table, kOverlayEntries * sizeof *table)},
+                   NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_BT85X_RetrieveOverlay(uint32_t constant, uint32_t* table) {
+    return OnBoard({"vdapi_BT85X_RetrieveOverlay", {constant, table}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_BT85X_WritePixelMask(uint32_t constant, uint32_t mask) {
+    return OnBoard({"vdapi_BT85X_WritePixelMask", {constant, mask}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_BT85X_ReadPixelMask(uint32_t constant, uint32_t* mask) {
+    return OnBoard({"vdapi_BT85X_ReadPixelMask", {constant, mask}}, NotYetSimulated);
+}
+
+// --- MBE data channel ---
+
+uint32_t WINAPI vdapi_MBE_Initialize(uint32_t channel, uint32_t capacity) {
+    return OnBoard({"vdapi_MBE_Initialize", {channel, capacity}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_MBE_Terminate() {
+    return OnBoard({"vdapi_MBE_Terminate"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_MBE_RegisterOutgoingStream() {
+    return OnBoard({"vdapi_MBE_RegisterOutgoingStream"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_MBE_Read(void* buffer, uint16_t* length, uint32_t* scratch) {
+    return OnBoard({"vdapi_MBE_Read", {buffer, length, scratch}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_MBE_Write(const char* text, uint32_t constant, uint32_t length,
+                                uint32_t terminator) {
+    return OnBoard({"vdapi_MBE_Write", {text, constant, length, terminator}}, NotYetSimulated);
+}
+
+// --- BAS ---
+
+uint32_t WINAPI vdapi_BAS_Initialize() {
+    return OnBoard({"vdapi_BAS_Initialize"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_BAS_Terminate() {
+    return OnBoard({"vdapi_BAS_Terminate"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_BAS_Write(int32_t commandCount, int32_t repeatCount, const uint8_t* data,
+                                int32_t length) {
+    return OnBoard(
+        {"vdapi_BAS_Write", {commandCount, repeatCount, data, length}, BytesAt(data, kBasBytes)},
+        NotYetSimulated);
+}
+
+// --- Annex-D ---
+
+uint32_t WINAPI vdapi_ANNEXD_Initialize() {
+    return OnBoard({"vdapi_ANNEXD_Initialize"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_ANNEXD_Terminate() {
+    return OnBoard({"vdapi_ANNEXD_Terminate"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_ANNEXD_Download(uint32_t constant, uint32_t size, void* buffer,
+                                      uint32_t* byteCount) {
+    return OnBoard({"vdapi_ANNEXD_Download", {constant, size, buffer, byteCount}}, NotYetSimulated);
+}

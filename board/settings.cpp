@@ -1,0 +1,40 @@
+#include "board/settings.h"
+
+#include <cstdlib>
+#include <string_view>
+
+#include "platform/win32.h"
+
+namespace board {
+namespace {
+
+constexpr const char* kFile = "board.ini";
+
+uint32_t ReadNumber(const char* section, const char* key, uint32_t defaultValue) {
+    char text[32];
+    if (GetPrivateProfileStringA(section, key, "", text, sizeof text, kFile) == 0) {
+        return defaultValue;
+    }
+    const std::string_view digits = text;
+    const bool hexadecimal = digits.starts_with("0x") || digits.starts_with("0X");
+    return static_cast<uint32_t>(std::strtoul(text, nullptr, hexadecimal ? 16 : 10));
+}
+
+}  // namespace
+
+void ReadSettings(State& state) {
+    Revisions& revisions = state.revisions;
+    state.present = ReadNumber("Board", "Present", state.present) != 0;
+    revisions.board = static_cast<uint16_t>(ReadNumber("Board", "Revision", revisions.board));
+    revisions.vpic = static_cast<uint8_t>(ReadNumber("Board", "VpicRevision", revisions.vpic));
+    revisions.driver =
+        static_cast<uint16_t>(ReadNumber("Board", "DriverRevision", revisions.driver));
+    revisions.jade = static_cast<uint8_t>(ReadNumber("Board", "JadeRevision", revisions.jade));
+    state.traceCalls = ReadNumber("Trace", "Calls", state.traceCalls) != 0;
+}
+
+ResultCode FailureSetting(const std::string& name) {
+    return static_cast<ResultCode>(ReadNumber("Fail", name.c_str(), VXD_SUCCESS));
+}
+
+}  // namespace board

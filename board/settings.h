@@ -1,0 +1,35 @@
+// The simulated board's settings file, "board.ini", in the folder of the utility's own INI files.
+//
+// [Board] says which board is plugged in. A number is decimal, or hexadecimal after "0x".
+//     Present = 0 for a machine without a board: every operation that needs one then answers 4,
+//               VXD_HARDWARE_FAILURE. Default 1.
+//     Revision = the board's revision, 16 bits. Default 0x011D.
+//     VpicRevision = 8 bits. Default 8.
+//     DriverRevision = 16 bits, major and minor. Default 0x0312.
+//     JadeRevision = 8 bits. Default 0x21.
+//
+// [Fail] says what fails. Each key is the name of an operation ("vdapi_AUXDEV_Initialize"), of a
+// debug command ("TALVERO_DBG_SEQ_TR_INIT") or of a firmware command ("PELLAN_COMMAND_GET_VER"),
+// its value the result code that is answered instead of doing it; 0 lets it go its way.
+//
+// [Trace] Calls = 1 writes each call as one line to the system's debug output: the operation, its
+// arguments, the bytes of its block, its result.
+//
+// [Board] and [Trace] are read when a library is initialised; a key that is absent leaves things as
+// they are. [Fail] is looked up at each call, so a change is met by the next one.
+#pragma once
+
+#include <string>
+
+#include "board/state.h"
+#include "driver/result_code.h"
+
+namespace board {
+
+// [Board] and [Trace].
+void ReadSettings(State& state);
+
+// The code with which the named operation or command fails, or VXD_SUCCESS.
+ResultCode FailureSetting(const std::string& name);
+
+}  // namespace board

@@ -1,0 +1,31 @@
+// What the board's library keeps for the whole run: the board, the faults that a test wants, the
+// calls that it remembers. Shared by the operation frame and the control interface.
+#pragma once
+
+#include <deque>
+#include <map>
+#include <mutex>
+#include <string>
+
+#include "board/call.h"
+#include "board/state.h"
+#include "driver/result_code.h"
+
+namespace board {
+
+struct Fault {
+    ResultCode code;
+    bool once;
+};
+
+// The lock guards every member.
+struct Simulation {
+    std::mutex lock;
+    State state;
+    std::map<std::string, Fault> faults;  // by name of operation or command
+    std::deque<Call> calls;               // the most recent ones, oldest first
+};
+
+Simulation& TheSimulation();
+
+}  // namespace board

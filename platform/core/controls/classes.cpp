@@ -1,0 +1,15 @@
+// The built-in control classes by name.
+#include "platform/core/controls/control.h"
+#include "platform/core/dialog.h"
+
+namespace vxd {
+
+void RegisterControls() {
+    RegisterControl("Button", MakeButton);
+    RegisterControl("Edit", MakeEdit);
+    RegisterControl("Static", MakeStatic);
+    RegisterControl("ListBox", MakeListBox);
+    RegisterControl("ComboBox", MakeComboBox);
+}
+
+}  // namespace vxd

@@ -1,0 +1,247 @@
+// Combo boxes: a list with a field that shows or takes the choice.
+#include "platform/core/controls/control.h"
+#include "platform/core/controls/edit_text.h"
+#include "platform/core/controls/row_list.h"
+
+namespace vxd {
+namespace {
+
+class ComboBox : public BasicControl {
+  public:
+    explicit ComboBox(Window& window) : BasicControl(window), rows_(window, Has(CBS_SORT)) {
+        edit_.Set(window.text);
+    }
+
+    WidgetKind Kind() const override {
+        switch (window_.style & CBS_DROPDOWNLIST) {
+            case CBS_SIMPLE:
+                return WidgetKind::kSimpleCombo;
+            case CBS_DROPDOWN:
+                return WidgetKind::kComboBox;
+            default:
+                return WidgetKind::kDropDownList;
+        }
+    }
+
+    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override {
+        const auto row = static_cast<LRESULT>(static_cast<int>(wParam));
+        const auto* text = reinterpret_cast<LPCSTR>(lParam);
+        switch (message) {
+            case WM_GETDLGCODE:
+                return HasEdit() ? DLGC_WANTARROWS | DLGC_WANTCHARS | DLGC_HASSETSEL
+                                 : DLGC_WANTARROWS | DLGC_WANTCHARS;
+            case WM_SETTEXT:
+                return SetText(text);
+            case WM_GETTEXT:
+                return CopyText(FieldText(), reinterpret_cast<LPSTR>(lParam),
+                                static_cast<int>(wParam));
+            case WM_GETTEXTLENGTH:
+                return static_cast<LRESULT>(FieldText().size());
+            case WM_SETFOCUS:
+                Notify(window_, CBN_SETFOCUS);
+                return 0;
+            case WM_KILLFOCUS:
+                CloseList();
+                Notify(window_, CBN_KILLFOCUS);
+                return 0;
+            case WM_KEYDOWN:
+                KeyDown(wParam);
+                return 0;
+            case WM_CHAR:
+                Type(static_cast<char>(wParam));
+                return 0;
+            case EM_SETSEL:
+                if (HasEdit())
+                    SelectText(static_cast<int>(wParam), static_cast<int>(lParam));
+                return TRUE;
+            case CB_LIMITTEXT:
+                edit_.SetLimit(static_cast<int>(wParam));
+                CurrentScreen().SetTextLimit(window_.Widget(), edit_.Limit());
+                return TRUE;
+            case CB_GETEDITSEL:
+                return MAKELONG(edit_.Start(), edit_.End());
+            case CB_ADDSTRING:
+                return rows_.Add(text);
+            case CB_INSERTSTRING:
+                return rows_.Insert(row, text);
+            case CB_DELETESTRING:
+                return rows_.Delete(row);
+            case CB_RESETCONTENT:
+                rows_.Clear();
+                ShowText("");
+                return CB_OKAY;
+            case CB_SETCURSEL:
+                return Select(row);
+            case CB_GETCURSEL:
+                return rows_.Selected();
+            case CB_GETCOUNT:
+                return rows_.Count();
+            case CB_GETLBTEXT:
+                return rows_.CopyRowText(row, reinterpret_cast<LPSTR>(lParam));
+            case CB_GETLBTEXTLEN:
+                return rows_.HasRow(row)
+                           ? static_cast<LRESULT>(rows_.Text(static_cast<int>(row)).size())
+                           : CB_ERR;
+            case CB_GETITEMDATA:
+                return rows_.Data(row);
+            case CB_SETITEMDATA:
+                return rows_.SetData(row, lParam);
+            case CB_FINDSTRING:
+                return rows_.FindPrefix(row, text);
+            case CB_FINDSTRINGEXACT:
+                return rows_.FindExact(row, text);
+            case CB_SELECTSTRING: {
+                const LRESULT found = rows_.FindPrefix(row, text);
+                return found == CB_ERR ? CB_ERR : Select(found);
+            }
+            case CB_SHOWDROPDOWN:
+                SetDropped(wParam != 0);
+                return TRUE;
+            case CB_GETDROPPEDSTATE:
+                return dropped_;
+            default:
+                return Default(message, wParam, lParam);
+        }
+    }
+
+    void OnEdited(const std::string& text, int start, int end) override {
+        if (!HasEdit() || text == edit_.Text())
+            return;
+        if (text.size() > edit_.Text().size() && static_cast<int>(text.size()) > edit_.Limit()) {
+            ShowText(edit_.Text());
+            return;
+        }
+        edit_.Set(text);
+        edit_.Select(start, end);
+        TellEdited();
+    }
+
+    void OnSelectionMoved(int start, int end) override { edit_.Select(start, end); }
+
+    void OnRowChosen(int row) override { Choose(row); }
+
+    void OnRowDoubleClicked(int row) override {
+        Choose(row);
+        Notify(window_, CBN_DBLCLK);
+    }
+
+    void OnDropped(bool dropped) override {
+        if (dropped_ == dropped)
+            return;
+        dropped_ = dropped;
+        Notify(window_, dropped ? CBN_DROPDOWN : CBN_CLOSEUP);
+    }
+
+  private:
+    bool HasEdit() const { return Kind() != WidgetKind::kDropDownList; }
+
+    std::string FieldText() const {
+        if (HasEdit())
+            return edit_.Text();
+        return rows_.Selected() >= 0 ? rows_.Text(rows_.Selected()) : std::string();
+    }
+
+    void ShowText(const std::string& text) {
+        if (!HasEdit())
+            return;
+        edit_.Set(text);
+        CurrentScreen().SetText(window_.Widget(), edit_.Text());
+    }
+
+    LRESULT SetText(LPCSTR text) {
+        if (!HasEdit())
+            return CB_ERR;
+        ShowText(text != nullptr ? text : "");
+        return TRUE;
+    }
+
+    void SelectText(int start, int end) {
+        edit_.Select(start, end);
+        CurrentScreen().SetTextSelection(window_.Widget(), edit_.Start(), edit_.End());
+    }
+
+    LRESULT Select(LRESULT row) {
+        const LRESULT selected = rows_.Select(row);
+        ShowText(selected >= 0 ? rows_.Text(static_cast<int>(selected)) : std::string());
+        return selected;
+    }
+
+    // A person's choice. The program hears of it while the edit still shows the old text.
+    void Choose(int row) {
+        if (!rows_.HasRow(row))
+            return;
+        const bool changed = row != rows_.Selected();
+        rows_.Select(row);
+        CloseList();
+        if (changed) {
+            Notify(window_, CBN_SELENDOK);
+            Notify(window_, CBN_SELCHANGE);
+        }
+        if (rows_.Selected() == row)
+            ShowText(rows_.Text(row));
+    }
+
+    void SetDropped(bool dropped) {
+        if (Kind() == WidgetKind::kSimpleCombo || dropped_ == dropped)
+            return;
+        CurrentScreen().SetDropped(window_.Widget(), dropped);
+        OnDropped(dropped);
+    }
+
+    void CloseList() { SetDropped(false); }
+
+    void KeyDown(WPARAM key) {
+        const bool sideways = key == VK_LEFT || key == VK_RIGHT || key == VK_HOME || key == VK_END;
+        if (HasEdit() && sideways) {
+            MoveCaret(key);
+            return;
+        }
+        const int row = rows_.RowForKey(key);
+        if (row != rows_.Selected())
+            Choose(row);
+    }
+
+    void MoveCaret(WPARAM key) {
+        if (key == VK_LEFT || key == VK_RIGHT)
+            edit_.MoveBy(key == VK_LEFT ? -1 : 1, false);
+        else
+            edit_.MoveTo(key == VK_HOME ? 0 : static_cast<int>(edit_.Text().size()), false);
+        CurrentScreen().SetTextSelection(window_.Widget(), edit_.Start(), edit_.End());
+    }
+
+    void Type(char character) {
+        if (!HasEdit()) {
+            const int row = rows_.RowForCharacter(character);
+            if (row != rows_.Selected())
+                Choose(row);
+            return;
+        }
+        const std::string before = edit_.Text();
+        if (character == VK_BACK)
+            edit_.DeleteBackwards();
+        else if (static_cast<unsigned char>(character) >= ' ')
+            edit_.Replace({&character, 1});
+        if (edit_.Text() == before)
+            return;
+        CurrentScreen().SetText(window_.Widget(), edit_.Text());
+        CurrentScreen().SetTextSelection(window_.Widget(), edit_.Start(), edit_.End());
+        TellEdited();
+    }
+
+    void TellEdited() {
+        Notify(window_, CBN_EDITUPDATE);
+        Notify(window_, CBN_EDITCHANGE);
+    }
+
+    RowList rows_;
+    EditText edit_;
+    bool dropped_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Control> MakeComboBox(Window& window) {
+    return std::make_unique<ComboBox>(window);
+}
+
+}  // namespace vxd

@@ -1,0 +1,30 @@
+// What all built-in controls have in common.
+#pragma once
+
+#include "platform/core/window.h"
+
+namespace vxd {
+
+class BasicControl : public Control {
+  public:
+    explicit BasicControl(Window& window) : window_(window) {}
+
+  protected:
+    // What a control does with a message that is none of its own.
+    LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam) {
+        return DefWindowProcA(window_.handle, message, wParam, lParam);
+    }
+
+    bool Has(DWORD style) const { return (window_.style & style) != 0; }
+    bool IsFocused() const { return FocusedWindow() == window_.handle; }
+
+    Window& window_;
+};
+
+std::unique_ptr<Control> MakeStatic(Window& window);
+std::unique_ptr<Control> MakeButton(Window& window);
+std::unique_ptr<Control> MakeEdit(Window& window);
+std::unique_ptr<Control> MakeListBox(Window& window);
+std::unique_ptr<Control> MakeComboBox(Window& window);
+
+}  // namespace vxd

@@ -1,0 +1,213 @@
+// Edits, of one line and of several.
+#include "platform/core/controls/edit_text.h"
+
+#include "platform/core/controls/control.h"
+#include "platform/core/queue.h"
+
+namespace vxd {
+namespace {
+
+class Edit : public BasicControl {
+  public:
+    explicit Edit(Window& window) : BasicControl(window) {
+        text_.SetUpperCase(Has(ES_UPPERCASE));
+        text_.Set(window.text);
+    }
+
+    WidgetKind Kind() const override {
+        return IsMultiLine() ? WidgetKind::kTextEdit : WidgetKind::kLineEdit;
+    }
+
+    void Shown() override {
+        CurrentScreen().SetTextLimit(window_.Widget(), text_.Limit());
+        if (Has(ES_READONLY))
+            CurrentScreen().SetReadOnly(window_.Widget(), true);
+    }
+
+    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override {
+        switch (message) {
+            case WM_GETDLGCODE:
+                return DialogCode(reinterpret_cast<const MSG*>(lParam));
+            case WM_SETTEXT:
+                SetText(lParam != 0 ? reinterpret_cast<LPCSTR>(lParam) : "");
+                return TRUE;
+            case WM_GETTEXT:
+                return CopyText(text_.Text(), reinterpret_cast<LPSTR>(lParam),
+                                static_cast<int>(wParam));
+            case WM_GETTEXTLENGTH:
+                return static_cast<LRESULT>(text_.Text().size());
+            case WM_SETFOCUS:
+                Notify(window_, EN_SETFOCUS);
+                return 0;
+            case WM_KILLFOCUS:
+                Notify(window_, EN_KILLFOCUS);
+                return 0;
+            case WM_CHAR:
+                Type(static_cast<char>(wParam));
+                return 0;
+            case WM_KEYDOWN:
+                MoveCaret(wParam);
+                return 0;
+            case EM_LIMITTEXT:
+                text_.SetLimit(static_cast<int>(wParam));
+                CurrentScreen().SetTextLimit(window_.Widget(), text_.Limit());
+                return 0;
+            case EM_GETLIMITTEXT:
+                return text_.Limit();
+            case EM_SETSEL:
+                text_.Select(static_cast<int>(wParam), static_cast<int>(lParam));
+                ShowSelection();
+                return 0;
+            case EM_GETSEL:
+                return GetSelection(reinterpret_cast<DWORD*>(wParam),
+                                    reinterpret_cast<DWORD*>(lParam));
+            case EM_REPLACESEL:
+                Insert(reinterpret_cast<LPCSTR>(lParam));
+                return 0;
+            case EM_SETREADONLY:
+                SetReadOnly(wParam != 0);
+                return TRUE;
+            default:
+                return Default(message, wParam, lParam);
+        }
+    }
+
+    void OnEdited(const std::string& text, int start, int end) override {
+        if (text == text_.Text())
+            return;
+        // The widget has made the change already; one that the rules refuse is taken back.
+        const bool longer = text.size() > text_.Text().size();
+        if (longer && static_cast<int>(text.size()) > text_.Limit()) {
+            Show();
+            Notify(window_, EN_MAXTEXT);
+            return;
+        }
+        if (longer && Has(ES_NUMBER) && text.find_first_not_of("0123456789") != text.npos) {
+            Show();
+            return;
+        }
+        text_.Set(text);
+        text_.Select(start, end);
+        if (text_.Text() != text)
+            Show();
+        Tell();
+    }
+
+    void OnSelectionMoved(int start, int end) override { text_.Select(start, end); }
+
+  private:
+    bool IsMultiLine() const { return Has(ES_MULTILINE); }
+
+    LRESULT DialogCode(const MSG* message) const {
+        LRESULT code = DLGC_HASSETSEL | DLGC_WANTCHARS | DLGC_WANTARROWS;
+        if (!IsMultiLine())
+            return code;
+        // A multi-line edit asks for all keys but leaves the dialog's own to the dialog: Tab and
+        // Escape always, Enter unless it makes lines.
+        if (message == nullptr)
+            return code | DLGC_WANTALLKEYS;
+        const bool dialogs = message->wParam == VK_TAB || message->wParam == VK_ESCAPE ||
+                             (message->wParam == VK_RETURN && !Has(ES_WANTRETURN));
+        return message->message == WM_KEYDOWN && dialogs ? code : code | DLGC_WANTALLKEYS;
+    }
+
+    void Show() {
+        CurrentScreen().SetText(window_.Widget(), text_.Text());
+        ShowSelection();
+    }
+
+    void ShowSelection() {
+        CurrentScreen().SetTextSelection(window_.Widget(), text_.Start(), text_.End());
+    }
+
+    void Tell() {
+        Notify(window_, EN_UPDATE);
+        Notify(window_, EN_CHANGE);
+    }
+
+    void SetText(LPCSTR text) {
+        text_.Set(text);
+        Show();
+        if (!IsMultiLine())
+            Tell();
+    }
+
+    void Insert(std::string_view text) {
+        const std::string before = text_.Text();
+        const bool fitted = text_.Replace(text);
+        if (text_.Text() != before) {
+            Show();
+            Tell();
+        }
+        if (!fitted)
+            Notify(window_, EN_MAXTEXT);
+    }
+
+    void Type(char character) {
+        if (Has(ES_READONLY))
+            return;
+        if (character == VK_BACK) {
+            if (text_.DeleteBackwards()) {
+                Show();
+                Tell();
+            }
+        } else if (character == VK_RETURN) {
+            if (IsMultiLine())
+                Insert("\r\n");
+        } else if (static_cast<unsigned char>(character) >= ' ' &&
+                   (!Has(ES_NUMBER) || (character >= '0' && character <= '9'))) {
+            Insert({&character, 1});
+        }
+    }
+
+    void MoveCaret(WPARAM key) {
+        const bool extend = IsShiftDown();
+        switch (key) {
+            case VK_LEFT:
+                text_.MoveBy(-1, extend);
+                break;
+            case VK_RIGHT:
+                text_.MoveBy(1, extend);
+                break;
+            case VK_HOME:
+                text_.MoveTo(0, extend);
+                break;
+            case VK_END:
+                text_.MoveTo(static_cast<int>(text_.Text().size()), extend);
+                break;
+            case VK_DELETE:
+                if (!Has(ES_READONLY) && text_.DeleteForwards()) {
+                    Show();
+                    Tell();
+                }
+                return;
+            default:
+                return;
+        }
+        ShowSelection();
+    }
+
+    LRESULT GetSelection(DWORD* start, DWORD* end) const {
+        if (start != nullptr)
+            *start = static_cast<DWORD>(text_.Start());
+        if (end != nullptr)
+            *end = static_cast<DWORD>(text_.End());
+        return MAKELONG(text_.Start(), text_.End());
+    }
+
+    void SetReadOnly(bool readOnly) {
+        window_.style = readOnly ? window_.style | ES_READONLY
+                                 : window_.style & ~static_cast<DWORD>(ES_READONLY);
+        CurrentScreen().SetReadOnly(window_.Widget(), readOnly);
+    }
+
+    EditText text_;
+};
+
+}  // namespace
+
+std::unique_ptr<Control> MakeEdit(Window& window) {
+    return std::make_unique<Edit>(window);
+}
+
+}  // namespace vxd

@@ -1,0 +1,111 @@
+#include "platform/core/controls/edit_text.h"
+
+#include <algorithm>
+
+#include "platform/core/text.h"
+
+namespace vxd {
+namespace {
+
+// Inside a UTF-8 character.
+bool IsContinuation(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
+
+}  // namespace
+
+void EditText::SetLimit(int bytes) {
+    limit_ = bytes > 0 ? bytes : kGreatestLimit;
+}
+
+std::string EditText::Converted(std::string_view text) const {
+    std::string converted(text);
+    if (upperCase_)
+        std::transform(converted.begin(), converted.end(), converted.begin(), Upper);
+    return converted;
+}
+
+void EditText::Set(std::string_view text) {
+    text_ = Converted(text);
+    start_ = end_ = anchor_ = 0;
+}
+
+void EditText::Select(int start, int end) {
+    if (start < 0) {
+        start_ = anchor_ = end_;
+        return;
+    }
+    const int from = std::min(start, Length());
+    const int to = end < 0 ? Length() : std::min(end, Length());
+    start_ = std::min(from, to);
+    end_ = std::max(from, to);
+    anchor_ = from;
+}
+
+bool EditText::Replace(std::string_view text) {
+    std::string inserted = Converted(text);
+    const int room = std::max(0, limit_ - (Length() - (end_ - start_)));
+    const bool fits = static_cast<int>(inserted.size()) <= room;
+    if (!fits) {
+        std::size_t kept = static_cast<std::size_t>(room);
+        while (kept > 0 && IsContinuation(inserted[kept]))
+            --kept;
+        inserted.resize(kept);
+    }
+    Erase(start_, end_);
+    text_.insert(static_cast<std::size_t>(start_), inserted);
+    start_ = end_ = anchor_ = start_ + static_cast<int>(inserted.size());
+    return fits;
+}
+
+bool EditText::DeleteBackwards() {
+    const int from = start_ != end_ ? start_ : Before(start_);
+    const bool any = from != end_;
+    Erase(from, end_);
+    return any;
+}
+
+bool EditText::DeleteForwards() {
+    const int to = start_ != end_ ? end_ : Behind(end_);
+    const bool any = to != start_;
+    Erase(start_, to);
+    return any;
+}
+
+void EditText::MoveBy(int characters, bool extend) {
+    const int caret = anchor_ == start_ ? end_ : start_;
+    MoveTo(characters < 0 ? Before(caret) : Behind(caret), extend);
+}
+
+void EditText::MoveTo(int position, bool extend) {
+    const int caret = std::clamp(position, 0, Length());
+    if (!extend)
+        anchor_ = caret;
+    start_ = std::min(anchor_, caret);
+    end_ = std::max(anchor_, caret);
+}
+
+int EditText::Before(int position) const {
+    if (position == 0)
+        return 0;
+    do
+        --position;
+    while (position > 0 && IsContinuation(text_[static_cast<std::size_t>(position)]));
+    return position;
+}
+
+int EditText::Behind(int position) const {
+    if (position >= Length())
+        return Length();
+    do
+        ++position;
+    while (position < Length() && IsContinuation(text_[static_cast<std::size_t>(position)]));
+    return position;
+}
+
+void EditText::Erase(int start, int end) {
+    text_.erase(static_cast<std::size_t>(start), static_cast<std::size_t>(end - start));
+    start_ = end_ = anchor_ = start;
+}
+
+}  // namespace vxd

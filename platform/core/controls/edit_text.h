@@ -1,0 +1,52 @@
+// The text of an edit, its selection and the rules for changing it. Used by edits and by the edit
+// part of combo boxes; shows nothing and notifies nobody.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace vxd {
+
+class EditText {
+  public:
+    const std::string& Text() const { return text_; }
+    int Start() const { return start_; }
+    int End() const { return end_; }
+    int Limit() const { return limit_; }
+
+    void SetUpperCase(bool upperCase) { upperCase_ = upperCase; }
+    // 0 stands for the greatest length there is.
+    void SetLimit(int bytes);
+    // Replaces the whole text, whatever the limit; the selection goes to the start.
+    void Set(std::string_view text);
+    // -1 as end stands for the end of the text, -1 as start for no selection.
+    void Select(int start, int end);
+    // Puts a text in place of the selection as far as the limit allows; whether all of it fitted.
+    bool Replace(std::string_view text);
+    // Deletes the selection, or without one the character before or behind; whether anything went.
+    bool DeleteBackwards();
+    bool DeleteForwards();
+    // Moves the caret by one character, or to the beginning or end; keeps the selection's start
+    // when `extend`.
+    void MoveBy(int characters, bool extend);
+    void MoveTo(int position, bool extend);
+
+    static constexpr int kDefaultLimit = 30000;
+    static constexpr int kGreatestLimit = 0x7FFFFFFE;
+
+  private:
+    std::string Converted(std::string_view text) const;
+    int Length() const { return static_cast<int>(text_.size()); }
+    int Before(int position) const;
+    int Behind(int position) const;
+    void Erase(int start, int end);
+
+    std::string text_;
+    int start_ = 0;
+    int end_ = 0;
+    int anchor_ = 0;
+    int limit_ = kDefaultLimit;
+    bool upperCase_ = false;
+};
+
+}  // namespace vxd

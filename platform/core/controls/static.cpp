@@ -1,0 +1,50 @@
+// Static controls: texts and icons.
+#include "platform/core/controls/control.h"
+#include "platform/core/icon.h"
+
+namespace vxd {
+namespace {
+
+class Static : public BasicControl {
+  public:
+    using BasicControl::BasicControl;
+
+    WidgetKind Kind() const override {
+        return (window_.style & SS_TYPEMASK) == SS_ICON ? WidgetKind::kPicture : WidgetKind::kLabel;
+    }
+
+    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override {
+        switch (message) {
+            case WM_CREATE:
+                LoadPicture(reinterpret_cast<const CREATESTRUCTA*>(lParam));
+                return 0;
+            case WM_GETDLGCODE:
+                return DLGC_STATIC;
+            case STM_SETICON:
+                return reinterpret_cast<LRESULT>(Show(reinterpret_cast<HICON>(wParam)));
+            default:
+                return Default(message, wParam, lParam);
+        }
+    }
+
+  private:
+    // An icon static names its icon in place of a text.
+    void LoadPicture(const CREATESTRUCTA* creation) {
+        if (Kind() == WidgetKind::kPicture && creation->lpszName != nullptr)
+            Show(LoadIconA(creation->hInstance, creation->lpszName));
+    }
+
+    HICON Show(HICON icon) {
+        if (const Pixels* pixels = IconPixels(icon); pixels != nullptr)
+            CurrentScreen().SetIcon(window_.Widget(), *pixels);
+        return std::exchange(window_.icon, icon);
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<Control> MakeStatic(Window& window) {
+    return std::make_unique<Static>(window);
+}
+
+}  // namespace vxd

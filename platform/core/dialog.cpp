@@ -1,0 +1,341 @@
+#include "platform/core/dialog.h"
+
+#include <algorithm>
+#include <string>
+
+#include "platform/core/icon.h"
+#include "platform/core/queue.h"
+
+namespace vxd {
+namespace {
+
+// The value WM_SETFONT carries. The layer shows all dialogs in the desktop's own font.
+constexpr WPARAM kDialogFont = 0x10001;
+
+std::vector<HWND>& ModalDialogs() {
+    static std::vector<HWND> dialogs;
+    return dialogs;
+}
+
+int Scaled(int value, int factor, int divisor) {
+    const int product = value * factor;
+    return (product >= 0 ? product + divisor / 2 : product - divisor / 2) / divisor;
+}
+
+const FontMetrics& Metrics() {
+    static const FontMetrics metrics = CurrentScreen().DialogFont();
+    return metrics;
+}
+
+// Where a dialog of a size goes on the desktop: at its template's place inside the owner's client
+// area, or in the middle of it, but never outside the work area.
+Rect DialogPlace(const DialogTemplate& made, const Window* owner) {
+    Rect rect = FromDialogUnits({made.x, made.y, made.width, made.height});
+    const Rect area = CurrentScreen().WorkArea();
+    if ((made.style & DS_CENTER) != 0) {
+        rect.x = area.x + (area.width - rect.width) / 2;
+        rect.y = area.y + (area.height - rect.height) / 2;
+    } else if (owner != nullptr && (made.style & DS_ABSALIGN) == 0) {
+        const Point origin = ClientOrigin(*owner);
+        rect.x += origin.x;
+        rect.y += origin.y;
+    }
+    rect.x = std::max(area.x, std::min(rect.x, area.x + area.width - rect.width));
+    rect.y = std::max(area.y, std::min(rect.y, area.y + area.height - rect.height));
+    return rect;
+}
+
+HWND MakeControl(HWND dialog, HINSTANCE instance, const DialogControl& control) {
+    const Rect rect = FromDialogUnits({control.x, control.y, control.width, control.height});
+    const LPCSTR title =
+        control.titleNumber != 0 ? MAKEINTRESOURCEA(control.titleNumber) : control.title.c_str();
+    const LPCSTR className = control.className.c_str();
+    return CreateWindowExA(control.exStyle, className, title, control.style | WS_CHILD, rect.x,
+                           rect.y, rect.width, rect.height, dialog,
+                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(control.id)), instance,
+                           nullptr);
+}
+
+void FindDefaultButton(Window& dialog) {
+    for (const Window* child : dialog.children) {
+        const auto code = Call(*const_cast<Window*>(child), WM_GETDLGCODE, 0, 0);
+        if ((code & DLGC_DEFPUSHBUTTON) != 0) {
+            dialog.dialog->defaultId = child->id;
+            return;
+        }
+    }
+}
+
+// Makes the dialog's window and controls; null when that fails. It is not shown yet.
+HWND MakeDialog(HINSTANCE instance, const DialogTemplate& made, HWND owner, DLGPROC procedure,
+                LPARAM parameter) {
+    const Window* ownerWindow = FindWindowOf(owner);
+    const Rect rect = DialogPlace(made, ownerWindow);
+    const HWND handle =
+        CreateWindowExA(made.exStyle, kDialogClass, made.title.c_str(),
+                        made.style & ~static_cast<DWORD>(WS_VISIBLE | WS_CHILD), rect.x, rect.y,
+                        rect.width, rect.height, owner, nullptr, instance, nullptr);
+    if (handle == nullptr)
+        return nullptr;
+    FindWindowOf(handle)->dialogData[1] = reinterpret_cast<LONG_PTR>(procedure);
+    if ((made.style & DS_SETFONT) != 0)
+        SendMessageA(handle, WM_SETFONT, kDialogFont, 0);
+    for (const DialogControl& control : made.controls) {
+        const HWND child = MakeControl(handle, instance, control);
+        if (child == nullptr) {
+            DestroyWindow(handle);
+            return nullptr;
+        }
+        if ((made.style & DS_SETFONT) != 0)
+            SendMessageA(child, WM_SETFONT, kDialogFont, 0);
+    }
+    FindDefaultButton(*FindWindowOf(handle));
+
+    const HWND first = GetNextDlgTabItem(handle, nullptr, FALSE);
+    const LRESULT setFocus =
+        SendMessageA(handle, WM_INITDIALOG, reinterpret_cast<WPARAM>(first), parameter);
+    Window* dialog = FindWindowOf(handle);
+    if (dialog == nullptr || dialog->dialog->ended)
+        return handle;
+    if (setFocus != 0) {
+        Window* target = FindWindowOf(first);
+        if (target == nullptr || !target->IsEnabled() || !target->IsVisible())
+            target = FindWindowOf(GetNextDlgTabItem(handle, nullptr, FALSE));
+        if (target != nullptr)
+            FocusByKey(*target);
+    }
+    return handle;
+}
+
+void RunModalLoop(HWND handle) {
+    for (;;) {
+        const Window* dialog = FindWindowOf(handle);
+        if (dialog == nullptr || dialog->dialog->ended)
+            return;
+        MSG message;
+        if (!GetMessageA(&message, nullptr, 0, 0)) {
+            // The program is to end: the loop around this one must hear of it too.
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        if (!IsDialogMessageA(handle, &message)) {
+            TranslateMessage(&message);
+            DispatchMessageA(&message);
+        }
+    }
+}
+
+void EnableOwner(DialogState& state) {
+    if (state.ownerWasEnabled)
+        EnableWindow(state.owner, TRUE);
+    state.ownerWasEnabled = false;
+}
+
+}  // namespace
+
+Rect FromDialogUnits(const Rect& units) {
+    const FontMetrics& font = Metrics();
+    return {Scaled(units.x, font.averageCharWidth, 4), Scaled(units.y, font.height, 8),
+            Scaled(units.width, font.averageCharWidth, 4), Scaled(units.height, font.height, 8)};
+}
+
+Rect ToDialogUnits(const Rect& pixels) {
+    const FontMetrics& font = Metrics();
+    const auto roundUp = [](int value, int divisor) { return (value + divisor - 1) / divisor; };
+    return {roundUp(pixels.x * 4, font.averageCharWidth), roundUp(pixels.y * 8, font.height),
+            roundUp(pixels.width * 4, font.averageCharWidth),
+            roundUp(pixels.height * 8, font.height)};
+}
+
+INT_PTR RunDialog(HINSTANCE instance, const DialogTemplate& dialogTemplate, HWND owner,
+                  DLGPROC procedure, LPARAM parameter) {
+    Window* given = FindWindowOf(owner);
+    if (owner != nullptr && given == nullptr)
+        return -1;
+    const HWND top = given != nullptr ? TopLevelOf(*given).handle : nullptr;
+    const bool ownerWasEnabled = top != nullptr && IsWindowEnabled(top);
+    EnableWindow(top, FALSE);
+    const HWND handle = MakeDialog(instance, dialogTemplate, top, procedure, parameter);
+    Window* dialog = FindWindowOf(handle);
+    if (dialog == nullptr) {
+        if (ownerWasEnabled)
+            EnableWindow(top, TRUE);
+        return handle == nullptr ? -1 : 0;
+    }
+    dialog->dialog->owner = top;
+    dialog->dialog->ownerWasEnabled = ownerWasEnabled;
+    ModalDialogs().push_back(handle);
+    if (!dialog->dialog->ended)
+        ShowWindow(handle, SW_SHOWNORMAL);
+    RunModalLoop(handle);
+    std::erase(ModalDialogs(), handle);
+    dialog = FindWindowOf(handle);
+    if (dialog == nullptr) {
+        if (ownerWasEnabled)
+            EnableWindow(top, TRUE);
+        return 0;
+    }
+    const INT_PTR result = dialog->dialog->result;
+    EnableOwner(*dialog->dialog);
+    DestroyWindow(handle);
+    return result;
+}
+
+void DefaultButtonFollowsFocus(Window& focused) {
+    const Window* dialog = focused.parent;
+    if (dialog == nullptr || dialog->dialog == nullptr)
+        return;
+    constexpr LRESULT kPushButton = DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON;
+    const bool onButton = (Call(focused, WM_GETDLGCODE, 0, 0) & kPushButton) != 0;
+    for (Window* child : dialog->children) {
+        if ((Call(*child, WM_GETDLGCODE, 0, 0) & kPushButton) != 0)
+            CurrentScreen().SetDefaultLook(
+                child->Widget(),
+                onButton ? child == &focused : child->id == dialog->dialog->defaultId);
+    }
+}
+
+void FocusByKey(Window& control) {
+    const HWND handle = control.handle;
+    const bool selects = (Call(control, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0;
+    SetFocus(handle);
+    if (selects)
+        SendMessageA(handle, EM_SETSEL, 0, -1);
+}
+
+std::string DescribeModalBox() {
+    const Window* dialog = ModalDialogs().empty() ? nullptr : FindWindowOf(ModalDialogs().back());
+    if (dialog == nullptr)
+        return {};
+    std::string description = '"' + dialog->text + '"';
+    for (const Window* child : dialog->children) {
+        if (!child->text.empty())
+            description += "\n  " + child->text;
+    }
+    return description;
+}
+
+}  // namespace vxd
+
+using vxd::FindWindowOf;
+using vxd::Window;
+
+INT_PTR WINAPI DialogBoxParamA(HINSTANCE instance, LPCSTR templateName, HWND owner,
+                               DLGPROC procedure, LPARAM parameter) {
+    const auto data = vxd::FindResource(vxd::kResourceDialog, vxd::NameOf(templateName));
+    const auto dialogTemplate = vxd::ParseDialog(data);
+    return dialogTemplate ? vxd::RunDialog(instance, *dialogTemplate, owner, procedure, parameter)
+                          : -1;
+}
+
+BOOL WINAPI EndDialog(HWND handle, INT_PTR result) {
+    Window* dialog = FindWindowOf(handle);
+    if (dialog == nullptr || dialog->dialog == nullptr)
+        return FALSE;
+    dialog->dialog->result = result;
+    dialog->dialog->ended = true;
+    // The owner must be enabled before the dialog goes, or the desktop would activate another
+    // program's window in its place.
+    vxd::EnableOwner(*dialog->dialog);
+    // Lets the dialog's loop see the mark even when nothing else happens.
+    PostMessageA(handle, WM_NULL, 0, 0);
+    return TRUE;
+}
+
+LRESULT WINAPI DefDlgProcA(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+    Window* dialog = FindWindowOf(handle);
+    if (dialog == nullptr || dialog->dialog == nullptr)
+        return 0;
+    if (const DLGPROC procedure = dialog->DialogProcedure(); procedure != nullptr) {
+        dialog->dialogData[0] = 0;
+        const INT_PTR handled = procedure(handle, message, wParam, lParam);
+        dialog = FindWindowOf(handle);
+        if (message == WM_INITDIALOG || dialog == nullptr)
+            return handled;
+        if (handled != 0)
+            return dialog->dialogData[0];
+    }
+    switch (message) {
+        case WM_INITDIALOG:
+            return TRUE;
+        case WM_ACTIVATE:
+            if (LOWORD(wParam) != WA_INACTIVE) {
+                const Window* last = FindWindowOf(dialog->lastFocus);
+                SetFocus(last != nullptr ? last->handle
+                                         : GetNextDlgTabItem(handle, nullptr, FALSE));
+            }
+            return 0;
+        case WM_CLOSE:
+            PostMessageA(handle, WM_COMMAND, IDCANCEL, 0);
+            return 0;
+        case WM_NEXTDLGCTL: {
+            const HWND next = LOWORD(lParam) != 0
+                                  ? reinterpret_cast<HWND>(wParam)
+                                  : GetNextDlgTabItem(handle, GetFocus(), wParam != 0);
+            if (Window* control = FindWindowOf(next); control != nullptr)
+                vxd::FocusByKey(*control);
+            return 0;
+        }
+        case DM_GETDEFID:
+            return dialog->dialog->defaultId != 0 ? MAKELONG(dialog->dialog->defaultId, DC_HASDEFID)
+                                                  : 0;
+        case DM_SETDEFID:
+            dialog->dialog->defaultId = static_cast<int>(wParam);
+            if (Window* focus = FindWindowOf(GetFocus()); focus != nullptr)
+                vxd::DefaultButtonFollowsFocus(*focus);
+            return TRUE;
+        case WM_ERASEBKGND:
+            return TRUE;
+        default:
+            return DefWindowProcA(handle, message, wParam, lParam);
+    }
+}
+
+HWND WINAPI GetDlgItem(HWND handle, int id) {
+    const Window* dialog = FindWindowOf(handle);
+    if (dialog == nullptr)
+        return nullptr;
+    const auto found = std::find_if(dialog->children.begin(), dialog->children.end(),
+                                    [id](const Window* child) { return child->id == id; });
+    return found != dialog->children.end() ? (*found)->handle : nullptr;
+}
+
+int WINAPI GetDlgCtrlID(HWND handle) {
+    const Window* window = FindWindowOf(handle);
+    return window != nullptr ? window->id : 0;
+}
+
+BOOL WINAPI SetDlgItemTextA(HWND dialog, int id, LPCSTR text) {
+    return SetWindowTextA(GetDlgItem(dialog, id), text);
+}
+
+UINT WINAPI GetDlgItemTextA(HWND dialog, int id, LPSTR text, int capacity) {
+    return static_cast<UINT>(GetWindowTextA(GetDlgItem(dialog, id), text, capacity));
+}
+
+LRESULT WINAPI SendDlgItemMessageA(HWND dialog, int id, UINT message, WPARAM wParam,
+                                   LPARAM lParam) {
+    return SendMessageA(GetDlgItem(dialog, id), message, wParam, lParam);
+}
+
+BOOL WINAPI CheckDlgButton(HWND dialog, int id, UINT check) {
+    const HWND button = GetDlgItem(dialog, id);
+    SendMessageA(button, BM_SETCHECK, check, 0);
+    return button != nullptr;
+}
+
+UINT WINAPI IsDlgButtonChecked(HWND dialog, int id) {
+    return static_cast<UINT>(SendDlgItemMessageA(dialog, id, BM_GETCHECK, 0, 0));
+}
+
+BOOL WINAPI CheckRadioButton(HWND handle, int first, int last, int check) {
+    const Window* dialog = FindWindowOf(handle);
+    if (dialog == nullptr)
+        return FALSE;
+    for (const Window* child : dialog->children) {
+        if (child->id >= first && child->id <= last)
+            SendMessageA(child->handle, BM_SETCHECK,
+                         child->id == check ? BST_CHECKED : BST_UNCHECKED, 0);
+    }
+    return TRUE;
+}

@@ -1,0 +1,36 @@
+// Dialog boxes: made from templates, run modally, driven by keys.
+//
+// Everything here belongs to the user-interface thread.
+#pragma once
+
+#include "platform/core/resource.h"
+#include "platform/core/window.h"
+
+namespace vxd {
+
+inline constexpr char kDialogClass[] = "#32770";
+
+// Runs a modal dialog box; -1 when it cannot be made, else what EndDialog was given.
+INT_PTR RunDialog(HINSTANCE instance, const DialogTemplate& dialogTemplate, HWND owner,
+                  DLGPROC procedure, LPARAM parameter);
+
+// Dialog units are a quarter of the average character's width and an eighth of its height.
+Rect FromDialogUnits(const Rect& units);
+Rect ToDialogUnits(const Rect& pixels);
+
+// In a dialog box the push button that has the focus looks like the default button; without one
+// the true default button does.
+void DefaultButtonFollowsFocus(Window& focused);
+// Gives the focus to a dialog's control as keys do: an edit gets its whole text selected.
+void FocusByKey(Window& control);
+// The text of the modal box in front, for telling what a program waits for; empty without one.
+std::string DescribeModalBox();
+
+// Whether the key is one that a dialog box would take from its focused control: Tab, Escape, Enter,
+// arrows inside a group, a marked letter.
+bool IsDialogKey(Window& focused, UINT message, WPARAM key, char character);
+
+// The classes of all built-in controls.
+void RegisterControls();
+
+}  // namespace vxd

@@ -1,0 +1,163 @@
+// Message boxes: dialog boxes that are laid out around their text.
+#include <algorithm>
+#include <array>
+#include <span>
+#include <string>
+
+#include "platform/core/dialog.h"
+#include "platform/core/icon.h"
+
+namespace vxd {
+namespace {
+
+// Dialog units.
+constexpr int kMargin = 7;
+constexpr int kGap = 4;
+constexpr int kButtonWidth = 50;
+constexpr int kButtonHeight = 14;
+constexpr int kIconUnits = 21;
+constexpr int kWidestText = 260;
+constexpr int kShortestText = 12;
+
+// As Win32 numbers the parts of its message boxes.
+constexpr int kTextId = 0xFFFF;
+constexpr int kIconId = 0x14;
+constexpr int kIconPixels = 32;
+
+struct ButtonChoice {
+    int id;
+    const char* caption;
+};
+
+constexpr std::array kOk = {ButtonChoice{IDOK, "OK"}};
+constexpr std::array kOkCancel = {ButtonChoice{IDOK, "OK"}, ButtonChoice{IDCANCEL, "Cancel"}};
+constexpr std::array kYesNo = {ButtonChoice{IDYES, "&Yes"}, ButtonChoice{IDNO, "&No"}};
+
+std::span<const ButtonChoice> ButtonsOf(UINT style) {
+    switch (style & MB_TYPEMASK) {
+        case MB_YESNO:
+            return kYesNo;
+        case MB_OKCANCEL:
+            return kOkCancel;
+        default:
+            return kOk;
+    }
+}
+
+constexpr std::uint32_t kWhite = 0xFFFFFFFFu;
+
+// The signs of message boxes: a coloured disc or triangle with a bar and a dot, or a cross.
+Pixels DrawSign(UINT icon) {
+    Pixels sign{kIconPixels, kIconPixels, {}};
+    sign.data.resize(kIconPixels * kIconPixels);
+    const bool warning = icon == MB_ICONEXCLAMATION;
+    const std::uint32_t ground = warning               ? 0xFFF5B800u
+                                 : icon == MB_ICONHAND ? 0xFFC8252Cu
+                                                       : 0xFF1E6FC8u;
+    const std::uint32_t mark = warning ? 0xFF202020u : kWhite;
+    for (int y = 0; y < kIconPixels; ++y) {
+        for (int x = 0; x < kIconPixels; ++x) {
+            // Twice the distances from the middle, to stay with whole numbers.
+            const int dx = 2 * x - (kIconPixels - 1);
+            const int dy = 2 * y - (kIconPixels - 1);
+            const bool inside =
+                warning ? y >= 2 && y < 30 && std::abs(dx) <= y + 1 : dx * dx + dy * dy <= 29 * 29;
+            if (!inside)
+                continue;
+            const bool cross = std::abs(std::abs(dx) - std::abs(dy)) <= 4 && std::abs(dx) <= 13;
+            const bool bar = std::abs(dx) <= 3 &&
+                             (icon == MB_ICONINFORMATION ? y >= 13 && y < 25 : y >= 10 && y < 21);
+            const bool dot = std::abs(dx) <= 3 &&
+                             (icon == MB_ICONINFORMATION ? y >= 7 && y < 11 : y >= 23 && y < 27);
+            const bool marked = icon == MB_ICONHAND ? cross : bar || dot;
+            sign.data[static_cast<std::size_t>(y * kIconPixels + x)] = marked ? mark : ground;
+        }
+    }
+    return sign;
+}
+
+DialogControl Control(const char* className, int id, std::uint32_t style, const Rect& units,
+                      std::string title) {
+    DialogControl control;
+    control.className = className;
+    control.id = id;
+    control.style = style | WS_CHILD | WS_VISIBLE;
+    control.x = units.x;
+    control.y = units.y;
+    control.width = units.width;
+    control.height = units.height;
+    control.title = std::move(title);
+    return control;
+}
+
+DialogTemplate LayOut(const std::string& text, const char* title, UINT style) {
+    const bool hasIcon = (style & MB_ICONMASK) != 0;
+    const auto buttons = ButtonsOf(style);
+    const Rect widest = FromDialogUnits({0, 0, kWidestText, 0});
+    const Size size = CurrentScreen().TextSize(text, widest.width);
+    // A little more than measured, so that no screen's rounding cuts a letter.
+    const Rect measured = ToDialogUnits({0, 0, size.width, size.height});
+    const int textWidth = measured.width + kGap;
+    const int textHeight = std::max(measured.height + 2, kShortestText);
+    const int textLeft = kMargin + (hasIcon ? kIconUnits + kMargin : 0);
+    const int bodyHeight = std::max(textHeight, hasIcon ? kIconUnits : 0);
+    const int count = static_cast<int>(buttons.size());
+    const int buttonsWidth = count * kButtonWidth + (count - 1) * kGap;
+
+    DialogTemplate made;
+    made.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME | DS_SETFONT | DS_CENTER;
+    made.title = title;
+    made.width = std::max(textLeft + textWidth, buttonsWidth + kMargin) + kMargin;
+    made.height = kMargin + bodyHeight + kMargin + kButtonHeight + kMargin;
+    if (hasIcon)
+        made.controls.push_back(
+            Control("Static", kIconId, SS_ICON, {kMargin, kMargin, kIconUnits, kIconUnits}, {}));
+    made.controls.push_back(
+        Control("Static", kTextId, SS_LEFT | SS_NOPREFIX,
+                {textLeft, kMargin + (bodyHeight - textHeight) / 2, textWidth, textHeight}, text));
+    int x = (made.width - buttonsWidth) / 2;
+    for (const ButtonChoice& button : buttons) {
+        const bool first = &button == &buttons.front();
+        made.controls.push_back(Control(
+            "Button", button.id, WS_TABSTOP | (first ? WS_GROUP | BS_DEFPUSHBUTTON : BS_PUSHBUTTON),
+            {x, made.height - kMargin - kButtonHeight, kButtonWidth, kButtonHeight},
+            button.caption));
+        x += kButtonWidth + kGap;
+    }
+    return made;
+}
+
+INT_PTR CALLBACK MessageBoxProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_INITDIALOG: {
+            const auto style = static_cast<UINT>(lParam);
+            if (const HWND icon = GetDlgItem(box, kIconId); icon != nullptr)
+                CurrentScreen().SetIcon(HandleNumber(icon), DrawSign(style & MB_ICONMASK));
+            return TRUE;
+        }
+        case WM_COMMAND: {
+            // Escape and the close box answer OK where OK is all there is, and nothing where
+            // there is a question without Cancel.
+            const int id = LOWORD(wParam);
+            const bool onlyOk =
+                GetDlgItem(box, IDCANCEL) == nullptr && GetDlgItem(box, IDOK) != nullptr;
+            if (id == IDCANCEL && onlyOk)
+                EndDialog(box, IDOK);
+            else if (GetDlgItem(box, id) != nullptr)
+                EndDialog(box, id);
+            return TRUE;
+        }
+        default:
+            return FALSE;
+    }
+}
+
+}  // namespace
+}  // namespace vxd
+
+int WINAPI MessageBoxA(HWND owner, LPCSTR text, LPCSTR title, UINT style) {
+    const vxd::DialogTemplate box =
+        vxd::LayOut(text != nullptr ? text : "", title != nullptr ? title : "Error", style);
+    return static_cast<int>(vxd::RunDialog(GetModuleHandleA(nullptr), box, owner,
+                                           vxd::MessageBoxProcedure, static_cast<LPARAM>(style)));
+}

@@ -1,0 +1,30 @@
+// The message queue of the user-interface thread.
+#pragma once
+
+#include <functional>
+
+#include "platform/win32.h"
+
+namespace vxd {
+
+// The calling thread becomes the user-interface thread if there is none yet. False when another
+// thread is.
+bool ClaimUserInterfaceThread();
+bool OnUserInterfaceThread();
+
+// Queues what a person did; it comes after posted messages and before WM_PAINT. The function runs
+// on the user-interface thread while messages are retrieved.
+void QueueInput(std::function<void()> input);
+// Queues a message in the same place.
+void QueueInputMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+// Drops the messages and timers of a window that is going.
+void ForgetMessagesOf(HWND window);
+
+// Whether a key is down, as far as the messages retrieved so far have told.
+bool IsShiftDown();
+bool IsControlDown();
+bool IsAltDown();
+void SetModifiers(bool shift, bool control, bool alt);
+
+}  // namespace vxd

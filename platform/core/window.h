@@ -1,0 +1,134 @@
+// Windows: their classes, their tree, and what each of them keeps.
+//
+// Everything here belongs to the user-interface thread, except IsLiveWindow.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/core/handle_table.h"
+#include "platform/screen.h"
+#include "platform/win32.h"
+
+namespace vxd {
+
+struct Window;
+
+// What a built-in control keeps and how it answers. One object lives as long as its window.
+class Control {
+  public:
+    virtual ~Control() = default;
+    virtual LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) = 0;
+    // The kind of widget that shows the control.
+    virtual WidgetKind Kind() const = 0;
+    // Called once, when the widget exists and before the window's WM_CREATE.
+    virtual void Shown() {}
+
+    // What a person did with the widget; controls answer what concerns them.
+    virtual void OnClicked() {}
+    virtual void OnEdited(const std::string& /*text*/, int /*start*/, int /*end*/) {}
+    virtual void OnSelectionMoved(int /*start*/, int /*end*/) {}
+    virtual void OnRowChosen(int /*row*/) {}
+    virtual void OnRowDoubleClicked(int /*row*/) {}
+    virtual void OnDropped(bool /*dropped*/) {}
+};
+
+struct WindowClass {
+    std::string name;
+    ATOM atom = 0;
+    WNDPROC procedure = nullptr;
+    HICON icon = nullptr;
+    HBRUSH background = nullptr;
+    std::string menuName;  // empty where the class names its menu by number or has none
+    WORD menuNumber = 0;
+    // Makes the control's state; null for classes of the program's own and for dialogs.
+    std::unique_ptr<Control> (*makeControl)(Window& window) = nullptr;
+};
+
+// What only dialog boxes keep.
+struct DialogState {
+    INT_PTR result = 0;
+    bool ended = false;
+    bool ownerWasEnabled = false;
+    int defaultId = 0;
+    HWND owner = nullptr;
+};
+
+struct Window {
+    HWND handle = nullptr;
+    const WindowClass* windowClass = nullptr;
+    WNDPROC procedure = nullptr;
+    HINSTANCE instance = nullptr;
+    DWORD style = 0;
+    DWORD exStyle = 0;
+    int id = 0;
+    Window* parent = nullptr;       // of a child window
+    HWND owner = nullptr;           // of a top-level window
+    std::vector<Window*> children;  // in the order of their making, which is the tab order
+    Rect rect;
+    std::string text;
+    HMENU menu = nullptr;
+    int menuHeight = 0;
+    HICON icon = nullptr;
+    LONG_PTR userData = 0;
+    std::array<LONG_PTR, 3> dialogData{};  // DWLP_MSGRESULT, DWLP_DLGPROC, DWLP_USER
+    WPARAM font = 0;
+    std::optional<Rect> update;  // what of the client area waits to be painted
+    bool eraseUpdate = false;
+    Pixels pixels;
+    HWND lastFocus = nullptr;  // of a top-level window: who had the focus when it was active
+    bool destroying = false;
+    bool placed = false;  // has got its first WM_SIZE and WM_MOVE
+    std::unique_ptr<Control> control;
+    std::unique_ptr<DialogState> dialog;
+
+    WidgetId Widget() const { return HandleNumber(handle); }
+    bool IsChild() const { return (style & WS_CHILD) != 0; }
+    bool IsVisible() const { return (style & WS_VISIBLE) != 0; }
+    bool IsEnabled() const { return (style & WS_DISABLED) == 0; }
+    DLGPROC DialogProcedure() const { return reinterpret_cast<DLGPROC>(dialogData[1]); }
+};
+
+// Null for a handle that is not a window's.
+Window* FindWindowOf(HWND handle);
+// Any thread.
+bool IsLiveWindow(HWND handle);
+// The windows without a parent, front to back.
+const std::vector<Window*>& TopLevelWindows();
+Window& TopLevelOf(Window& window);
+// Whether `window` is `ancestor` or inside it.
+bool IsInside(const Window& window, const Window& ancestor);
+// Shown, with all its parents.
+bool IsShown(const Window& window);
+
+// The area that a window's children and pixels lie in, in its own coordinates.
+Size ClientSize(const Window& window);
+Point ClientOrigin(const Window& window);
+// Gives a window a new place and tells the program by WM_SIZE and WM_MOVE.
+void Place(Window& window, const Rect& rect);
+// The same after the screen has put the window elsewhere by itself.
+void PlacedByScreen(Window& window, const Rect& before);
+// The menu bar may have changed its height, and with it the client area.
+void MenuBarChanged(Window& window);
+
+HWND FocusedWindow();
+// Whether a top-level window is the active one is told by the screen or by ShowWindow.
+void Activate(Window* window);
+
+// Calls the window's procedure, at once and on this thread.
+LRESULT Call(Window& window, UINT message, WPARAM wParam, LPARAM lParam);
+// Sends WM_COMMAND for a control to its parent.
+void Notify(Window& control, int code);
+// Copies at most capacity - 1 bytes and a zero; gives the number of bytes without the zero.
+int CopyText(const std::string& text, LPSTR destination, int capacity);
+
+// The classes of the built-in controls and of dialog boxes register themselves by these.
+void RegisterControl(const char* name, std::unique_ptr<Control> (*make)(Window& window));
+void RegisterBuiltInClasses();
+// The procedure of all built-in controls: hands the message to the control's object.
+LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+}  // namespace vxd

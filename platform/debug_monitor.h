@@ -1,0 +1,39 @@
+// The listening end of OutputDebugStringA, for a viewer and for tests.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+// What one program wrote at once. Longer texts than the system passes in one piece (4091
+// characters) come as several lines.
+struct DebugLine {
+    std::uint32_t processId = 0;
+    std::string text;
+};
+
+// Takes the debug output of all programs of this user, from its construction to its destruction.
+// Writers don't wait for the owner: a thread of the monitor's own keeps the lines until they are
+// asked for. Only one monitor listens at a time.
+//
+// Threads: IsListening and Next may be called from any thread.
+class DebugMonitor {
+  public:
+    DebugMonitor();
+    ~DebugMonitor();
+    DebugMonitor(const DebugMonitor&) = delete;
+    DebugMonitor& operator=(const DebugMonitor&) = delete;
+
+    // False when another monitor listens already or the system refuses; stays what it is.
+    bool IsListening() const;
+
+    // The oldest line that nobody took yet. Waits for one at most as long as the timeout says, then
+    // gives nothing; gives nothing at once when the monitor doesn't listen.
+    std::optional<DebugLine> Next(std::chrono::milliseconds timeout);
+
+  private:
+    struct State;
+    std::unique_ptr<State> state_;
+};

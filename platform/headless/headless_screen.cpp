@@ -1,0 +1,69 @@
+#include "platform/headless/headless_screen.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <sstream>
+
+#include "platform/core/dialog.h"
+
+namespace vxd {
+namespace {
+
+constexpr int kCharWidth = 6;
+constexpr int kLineHeight = 13;
+constexpr int kMenuBarHeight = 20;
+constexpr Rect kWorkArea{0, 0, 1024, 768};
+
+}  // namespace
+
+FontMetrics HeadlessScreen::DialogFont() {
+    return {kCharWidth, kLineHeight};
+}
+
+Size HeadlessScreen::TextSize(const std::string& text, int wrapWidth) {
+    const int perLine = wrapWidth > 0 ? std::max(1, wrapWidth / kCharWidth) : 0;
+    Size size;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        const int length = std::max(1, static_cast<int>(line.size()));
+        const int rows = perLine > 0 ? (length + perLine - 1) / perLine : 1;
+        size.width = std::max(size.width, (rows > 1 ? perLine : length) * kCharWidth);
+        size.height += rows * kLineHeight;
+    }
+    return size;
+}
+
+Rect HeadlessScreen::WorkArea() {
+    return kWorkArea;
+}
+
+int HeadlessScreen::MenuBarHeight(WidgetId /*window*/, int /*width*/) {
+    return kMenuBarHeight;
+}
+
+void HeadlessScreen::Wait(int milliseconds) {
+    std::unique_lock lock(mutex_);
+    const auto woken = [this] { return wake_; };
+    if (milliseconds >= 0) {
+        woken_.wait_for(lock, std::chrono::milliseconds(milliseconds), woken);
+    } else if (!woken_.wait_for(lock, kPatience, woken)) {
+        const std::string box = DescribeModalBox();
+        if (!box.empty()) {
+            std::fprintf(stderr, "nobody answers the modal box %s\n", box.c_str());
+            std::abort();
+        }
+        woken_.wait(lock, woken);
+    }
+    wake_ = false;
+}
+
+void HeadlessScreen::Wake() {
+    {
+        std::lock_guard lock(mutex_);
+        wake_ = true;
+    }
+    woken_.notify_one();
+}
+
+}  // namespace vxd

@@ -1,0 +1,84 @@
+#include <QCheckBox>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "platform/qt/control.h"
+#include "platform/qt/text.h"
+#include "platform/win32.h"
+
+namespace vxd::qt {
+namespace {
+
+// A check box or radio button that a click does not change: the core says what the click did.
+template <typename Native>
+class Steady : public Native {
+  public:
+    using Native::Native;
+
+  protected:
+    void nextCheckState() override {}
+};
+
+class Button : public Control {
+  public:
+    Button(const WidgetSetup& setup, std::unique_ptr<QAbstractButton> button, Report& report)
+        : Control(setup, std::move(button)) {
+        QObject::connect(&Native(), &QAbstractButton::clicked, &Native(),
+                         [&report, id = setup.id] { report(input::Clicked, id); });
+    }
+
+    void SetText(const std::string& text) override { Native().setText(ToQt(text)); }
+
+  protected:
+    QAbstractButton& Native() const { return static_cast<QAbstractButton&>(Widget()); }
+};
+
+class PushButton : public Button {
+  public:
+    PushButton(const WidgetSetup& setup, QWidget& parent, Report& report)
+        : Button(setup, std::make_unique<QPushButton>(&parent), report) {}
+
+    void SetDefaultLook(bool isDefault) override {
+        static_cast<QPushButton&>(Widget()).setDefault(isDefault);
+    }
+};
+
+class CheckBox : public Button {
+  public:
+    CheckBox(const WidgetSetup& setup, QWidget& parent, Report& report)
+        : Button(setup, std::make_unique<Steady<QCheckBox>>(&parent), report) {}
+
+    void SetCheck(int check) override {
+        static_cast<QCheckBox&>(Widget()).setCheckState(check == BST_CHECKED ? Qt::Checked
+                                                        : check == BST_INDETERMINATE
+                                                            ? Qt::PartiallyChecked
+                                                            : Qt::Unchecked);
+    }
+};
+
+class RadioButton : public Button {
+  public:
+    RadioButton(const WidgetSetup& setup, QWidget& parent, Report& report)
+        : Button(setup, std::make_unique<Steady<QRadioButton>>(&parent), report) {
+        Native().setAutoExclusive(false);
+    }
+
+    void SetCheck(int check) override { Native().setChecked(check == BST_CHECKED); }
+};
+
+}  // namespace
+
+std::unique_ptr<Control> MakePushButton(const WidgetSetup& setup, QWidget& parent, Report& report) {
+    return std::make_unique<PushButton>(setup, parent, report);
+}
+
+std::unique_ptr<Control> MakeCheckBox(const WidgetSetup& setup, QWidget& parent, Report& report) {
+    return std::make_unique<CheckBox>(setup, parent, report);
+}
+
+std::unique_ptr<Control> MakeRadioButton(const WidgetSetup& setup, QWidget& parent,
+                                         Report& report) {
+    return std::make_unique<RadioButton>(setup, parent, report);
+}
+
+}  // namespace vxd::qt

@@ -1,0 +1,83 @@
+// What stands behind a widget number: one native widget, or a few that act as one.
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "platform/qt/report.h"
+#include "platform/screen.h"
+
+class QAbstractScrollArea;
+
+namespace vxd::qt {
+
+QRect ToQt(const Rect& rect);
+Rect FromQt(const QRect& rect);
+
+// The height of a control that has one line of text: 14 dialog units, as dialogs give their
+// buttons.
+int LineControlHeight();
+
+// Gives an edit or list the scroll bars that its style allows.
+void SetScrollBars(QAbstractScrollArea& area, std::uint32_t style);
+
+// A control has all the operations of the seam and ignores those that its kind has no use for.
+class Control {
+  public:
+    // The widget is to be hidden and inside its parent.
+    Control(const WidgetSetup& setup, std::unique_ptr<QWidget> widget);
+    virtual ~Control();
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    WidgetId Id() const { return id_; }
+    WidgetKind Kind() const { return kind_; }
+    // The window that the control goes down with; 0 if there is none.
+    WidgetId Holder() const { return holder_; }
+    QWidget& Widget() const { return *widget_; }
+
+    // What children are put into.
+    virtual QWidget& Area() { return *widget_; }
+    virtual void TakeFocus();
+    virtual void SetText(const std::string& /*text*/) {}
+    virtual void Place(const Rect& rect);
+    virtual void Show(bool visible);
+    virtual void Enable(bool enabled);
+    virtual void SetIcon(const Pixels& /*icon*/) {}
+    virtual void Draw(const Pixels& /*pixels*/, const Rect& /*changed*/) {}
+    virtual void SetCheck(int /*check*/) {}
+    virtual void SetDefaultLook(bool /*isDefault*/) {}
+    virtual void SetReadOnly(bool /*readOnly*/) {}
+    virtual void SetTextLimit(int /*bytes*/) {}
+    virtual void SetTextSelection(int /*start*/, int /*end*/) {}
+    virtual void InsertRow(int /*row*/, const std::string& /*text*/) {}
+    virtual void RemoveRow(int /*row*/) {}
+    virtual void ClearRows() {}
+    virtual void SelectRow(int /*row*/) {}
+    virtual void SetDropped(bool /*dropped*/) {}
+
+  private:
+    WidgetId id_;
+    WidgetKind kind_;
+    WidgetId holder_;
+    std::unique_ptr<QWidget> widget_;
+};
+
+// Makes a control of any kind but the top-level ones inside `parent`.
+std::unique_ptr<Control> MakeControl(const WidgetSetup& setup, QWidget& parent, Report& report);
+
+// The makers of the single families, for MakeControl.
+std::unique_ptr<Control> MakeLabel(const WidgetSetup& setup, QWidget& parent);
+std::unique_ptr<Control> MakePicture(const WidgetSetup& setup, QWidget& parent);
+std::unique_ptr<Control> MakeGroupBox(const WidgetSetup& setup, QWidget& parent);
+std::unique_ptr<Control> MakePushButton(const WidgetSetup& setup, QWidget& parent, Report& report);
+std::unique_ptr<Control> MakeCheckBox(const WidgetSetup& setup, QWidget& parent, Report& report);
+std::unique_ptr<Control> MakeRadioButton(const WidgetSetup& setup, QWidget& parent, Report& report);
+std::unique_ptr<Control> MakeLineEdit(const WidgetSetup& setup, QWidget& parent, Report& report);
+std::unique_ptr<Control> MakeTextEdit(const WidgetSetup& setup, QWidget& parent, Report& report);
+std::unique_ptr<Control> MakeListBox(const WidgetSetup& setup, QWidget& parent, Report& report);
+std::unique_ptr<Control> MakeComboBox(const WidgetSetup& setup, QWidget& parent, Report& report);
+std::unique_ptr<Control> MakeSimpleCombo(const WidgetSetup& setup, QWidget& parent, Report& report);
+std::unique_ptr<Control> MakeSurface(const WidgetSetup& setup, QWidget& parent, Report& report);
+
+}  // namespace vxd::qt

@@ -1,0 +1,321 @@
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QListWidget>
+#include <QProxyStyle>
+#include <algorithm>
+#include <functional>
+#include <optional>
+
+#include "platform/qt/control.h"
+#include "platform/qt/line_text.h"
+#include "platform/qt/text.h"
+
+namespace vxd::qt {
+namespace {
+
+// A list of which a person chooses one row: with the mouse when the button comes up, with the keys
+// at once.
+class RowList : public QListWidget {
+  public:
+    RowList(QWidget* parent, WidgetId id, Report& report)
+        : QListWidget(parent), id_(id), report_(report) {
+        setUniformItemSizes(true);
+        setFocusPolicy(Qt::ClickFocus);
+        connect(this, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
+            report_(input::RowDoubleClicked, id_, row(item));
+        });
+    }
+
+    void Insert(int at, const std::string& text) {
+        insertItem(at, ToQt(text));
+        Select(row_ >= at ? row_ + 1 : row_);
+    }
+
+    void Remove(int at) {
+        delete takeItem(at);
+        // Qt would select a neighbour of a selected row that goes.
+        Select(row_ == at ? -1 : row_ > at ? row_ - 1 : row_);
+    }
+
+    void Clear() {
+        clear();
+        row_ = -1;
+    }
+
+    void Select(int row) {
+        row_ = row;
+        setCurrentRow(row);
+        if (row < 0)
+            clearSelection();
+    }
+
+  protected:
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        QListWidget::mouseReleaseEvent(event);
+        if (event->button() == Qt::LeftButton)
+            Choose(true);
+    }
+
+    void keyPressEvent(QKeyEvent* event) override {
+        QListWidget::keyPressEvent(event);
+        Choose(false);
+    }
+
+  private:
+    // A click counts even on the row that is selected already.
+    void Choose(bool again) {
+        const QList<QListWidgetItem*> selected = selectedItems();
+        const int chosen = selected.isEmpty() ? -1 : row(selected.front());
+        if (chosen < 0 || (chosen == row_ && !again))
+            return;
+        row_ = chosen;
+        report_(input::RowChosen, id_, chosen);
+    }
+
+    WidgetId id_;
+    Report& report_;
+    int row_ = -1;
+};
+
+class ListBox : public Control {
+  public:
+    ListBox(const WidgetSetup& setup, QWidget& parent, Report& report)
+        : Control(setup, std::make_unique<RowList>(&parent, setup.id, report)) {
+        SetScrollBars(List(), setup.style);
+    }
+
+    void InsertRow(int row, const std::string& text) override { List().Insert(row, text); }
+    void RemoveRow(int row) override { List().Remove(row); }
+    void ClearRows() override { List().Clear(); }
+    void SelectRow(int row) override { List().Select(row); }
+
+  private:
+    RowList& List() const { return static_cast<RowList&>(Widget()); }
+};
+
+// Lists drop down below their box and scroll, in every style: some of the utility's have a hundred
+// rows, and a menu in the middle of the desktop would show them all.
+class ListBelow : public QProxyStyle {
+  public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* result) const override {
+        return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, result);
+    }
+
+    static QStyle* Shared() {
+        static QStyle* style = [] {
+            auto* made = new ListBelow;
+            made->setParent(qApp);
+            return made;
+        }();
+        return style;
+    }
+};
+
+class DropDown : public QComboBox {
+  public:
+    DropDown(QWidget* parent, WidgetId id, Report& report)
+        : QComboBox(parent), id_(id), report_(report) {
+        setStyle(ListBelow::Shared());
+        setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        connect(this, &QComboBox::activated, this,
+                [this](int row) { report_(input::RowChosen, id_, row); });
+    }
+
+    // The room under the closed box that the list may take.
+    void SetListHeight(int height) { listHeight_ = height; }
+
+    void showPopup() override {
+        // A template that leaves the list no room still gets one that can be used.
+        constexpr int kFewestRows = 8;
+        if (const int rowHeight = view()->sizeHintForRow(0); rowHeight > 0)
+            setMaxVisibleItems(std::max(kFewestRows, listHeight_ / rowHeight));
+        QComboBox::showPopup();
+        view()->window()->installEventFilter(this);
+        if (view()->isVisible())
+            report_(input::Dropped, id_, true);
+    }
+
+    bool eventFilter(QObject* object, QEvent* event) override {
+        if (event->type() == QEvent::Hide && object->isWidgetType() &&
+            static_cast<QWidget*>(object)->isWindow())
+            report_(input::Dropped, id_, false);
+        return QComboBox::eventFilter(object, event);
+    }
+
+  private:
+    WidgetId id_;
+    Report& report_;
+    int listHeight_ = 0;
+};
+
+class ComboBox : public Control {
+  public:
+    ComboBox(const WidgetSetup& setup, QWidget& parent, Report& report)
+        : Control(setup, std::make_unique<DropDown>(&parent, setup.id, report)) {
+        if (Kind() != WidgetKind::kComboBox)
+            return;
+        Native().setEditable(true);
+        Native().setInsertPolicy(QComboBox::NoInsert);
+        Native().setCompleter(nullptr);
+        text_.emplace(*Native().lineEdit(), setup.id, report);
+    }
+
+    void TakeFocus() override {
+        Control::TakeFocus();
+        if (text_)
+            text_->RestoreSelection();
+    }
+
+    // The rectangle has the height of the dropped box.
+    void Place(const Rect& rect) override {
+        const int height = LineControlHeight();
+        Native().SetListHeight(rect.height - height);
+        Native().setGeometry(rect.x, rect.y, rect.width, height);
+    }
+
+    void SetText(const std::string& text) override {
+        if (text_)
+            text_->Set(text);
+    }
+    void SetTextLimit(int bytes) override {
+        if (text_)
+            text_->SetLimit(bytes);
+    }
+    void SetTextSelection(int start, int end) override {
+        if (text_)
+            text_->Select(start, end);
+    }
+
+    void InsertRow(int row, const std::string& text) override {
+        ChangeRows([&] {
+            const bool unselected = Native().currentIndex() < 0;
+            Native().insertItem(row, ToQt(text));
+            if (unselected)
+                Native().setCurrentIndex(-1);
+        });
+    }
+
+    void RemoveRow(int row) override {
+        ChangeRows([&] {
+            const bool selected = row == Native().currentIndex();
+            Native().removeItem(row);
+            if (selected)
+                Native().setCurrentIndex(-1);
+        });
+    }
+
+    void ClearRows() override {
+        ChangeRows([this] { Native().clear(); });
+    }
+
+    void SelectRow(int row) override {
+        ChangeRows([&] { Native().setCurrentIndex(row); });
+    }
+
+    void SetDropped(bool dropped) override {
+        if (dropped)
+            Native().showPopup();
+        else
+            Native().hidePopup();
+    }
+
+  private:
+    DropDown& Native() const { return static_cast<DropDown&>(Widget()); }
+
+    // Qt selects the first row that comes into an empty box and writes selected rows into the edit;
+    // here both are the core's to do.
+    template <typename Change>
+    void ChangeRows(Change change) {
+        const QString text = Native().currentText();
+        change();
+        if (text_ && Native().currentText() != text)
+            Native().setEditText(text);
+    }
+
+    std::optional<LineText> text_;
+};
+
+// The edit above, the list below it; arrow keys in the edit move in the list.
+class EditOverList : public QWidget {
+  public:
+    EditOverList(QWidget* parent, WidgetId id, Report& report)
+        : QWidget(parent), edit_(this), list_(this, id, report) {
+        edit_.setFocusPolicy(Qt::ClickFocus);
+        edit_.installEventFilter(this);
+    }
+
+    QLineEdit& Edit() { return edit_; }
+    RowList& List() { return list_; }
+
+    bool eventFilter(QObject* object, QEvent* event) override {
+        if (object == &edit_ && event->type() == QEvent::KeyPress) {
+            switch (static_cast<QKeyEvent*>(event)->key()) {
+                case Qt::Key_Up:
+                case Qt::Key_Down:
+                case Qt::Key_PageUp:
+                case Qt::Key_PageDown:
+                    return QCoreApplication::sendEvent(&list_, event);
+                default:
+                    break;
+            }
+        }
+        return QWidget::eventFilter(object, event);
+    }
+
+  protected:
+    void resizeEvent(QResizeEvent*) override {
+        const int editHeight = std::min(height(), LineControlHeight());
+        edit_.setGeometry(0, 0, width(), editHeight);
+        list_.setGeometry(0, editHeight, width(), height() - editHeight);
+    }
+
+  private:
+    QLineEdit edit_;
+    RowList list_;
+};
+
+class SimpleCombo : public Control {
+  public:
+    SimpleCombo(const WidgetSetup& setup, QWidget& parent, Report& report)
+        : Control(setup, std::make_unique<EditOverList>(&parent, setup.id, report)),
+          text_(Native().Edit(), setup.id, report) {
+        SetScrollBars(Native().List(), setup.style);
+    }
+
+    void TakeFocus() override {
+        Native().Edit().setFocus(Qt::OtherFocusReason);
+        text_.RestoreSelection();
+    }
+    void SetText(const std::string& text) override { text_.Set(text); }
+    void SetTextLimit(int bytes) override { text_.SetLimit(bytes); }
+    void SetTextSelection(int start, int end) override { text_.Select(start, end); }
+    void InsertRow(int row, const std::string& text) override { Native().List().Insert(row, text); }
+    void RemoveRow(int row) override { Native().List().Remove(row); }
+    void ClearRows() override { Native().List().Clear(); }
+    void SelectRow(int row) override { Native().List().Select(row); }
+
+  private:
+    EditOverList& Native() const { return static_cast<EditOverList&>(Widget()); }
+
+    LineText text_;
+};
+
+}  // namespace
+
+std::unique_ptr<Control> MakeListBox(const WidgetSetup& setup, QWidget& parent, Report& report) {
+    return std::make_unique<ListBox>(setup, parent, report);
+}
+
+std::unique_ptr<Control> MakeComboBox(const WidgetSetup& setup, QWidget& parent, Report& report) {
+    return std::make_unique<ComboBox>(setup, parent, report);
+}
+
+std::unique_ptr<Control> MakeSimpleCombo(const WidgetSetup& setup, QWidget& parent,
+                                         Report& report) {
+    return std::make_unique<SimpleCombo>(setup, parent, report);
+}
+
+}  // namespace vxd::qt

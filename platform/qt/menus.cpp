@@ -1,0 +1,222 @@
+#include "platform/qt/menus.h"
+
+#include <QActionGroup>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <algorithm>
+
+#include "platform/qt/text.h"
+
+namespace vxd::qt {
+namespace {
+
+void SetMarks(QAction& action, const MenuView& item) {
+    action.setText(ToQt(item.text));
+    action.setEnabled(item.enabled);
+    action.setCheckable(item.checked);
+    action.setChecked(item.checked);
+    if (item.checked && item.radioMark && action.actionGroup() == nullptr)
+        // Qt draws the mark of an exclusive group's action as a bullet.
+        action.setActionGroup(new QActionGroup(&action));
+}
+
+bool SameShape(const std::vector<MenuView>& a, const std::vector<MenuView>& b) {
+    return std::equal(
+        a.begin(), a.end(), b.begin(), b.end(), [](const MenuView& left, const MenuView& right) {
+            return left.popup == right.popup && left.separator == right.separator &&
+                   left.command == right.command && SameShape(left.children, right.children);
+        });
+}
+
+class Row : public QMenuBar {
+  public:
+    Row(QWidget* window, const MenuRows& rows, bool isFirst)
+        : QMenuBar(window), rows_(rows), isFirst_(isFirst) {
+        setNativeMenuBar(false);
+    }
+
+    // The bar watches its window for the Alt key; one row is enough to answer it.
+    bool eventFilter(QObject* object, QEvent* event) override {
+        return isFirst_ && QMenuBar::eventFilter(object, event);
+    }
+
+  protected:
+    // The arrow keys run through all rows as through one.
+    void keyPressEvent(QKeyEvent* event) override {
+        const QAction* active = activeAction();
+        const QList<QAction*> all = actions();
+        if (event->key() == Qt::Key_Right && active != nullptr && active == all.last())
+            return EnterFrom(event, 1);
+        if (event->key() == Qt::Key_Left && active != nullptr && active == all.first())
+            return EnterFrom(event, -1);
+        QMenuBar::keyPressEvent(event);
+    }
+
+  private:
+    void EnterFrom(QKeyEvent* event, int step) {
+        QMenuBar* next = rows_.Neighbour(*this, step);
+        if (next == nullptr)
+            return QMenuBar::keyPressEvent(event);
+        setActiveAction(nullptr);
+        next->setFocus(Qt::MenuBarFocusReason);
+        next->setActiveAction(step > 0 ? next->actions().first() : next->actions().last());
+    }
+
+    const MenuRows& rows_;
+    bool isFirst_;
+};
+
+}  // namespace
+
+void FillMenu(QMenu& menu, const std::vector<MenuView>& items, const MenuChoice& chosen) {
+    menu.clear();
+    qDeleteAll(menu.findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
+    for (const MenuView& item : items) {
+        if (item.separator) {
+            menu.addSeparator();
+        } else if (item.popup) {
+            auto* inner = new QMenu(&menu);
+            FillMenu(*inner, item.children, chosen);
+            SetMarks(*menu.addMenu(inner), item);
+        } else {
+            QAction* action = menu.addAction(QString());
+            SetMarks(*action, item);
+            QObject::connect(action, &QAction::triggered, action,
+                             [chosen, command = item.command] { chosen(command); });
+        }
+    }
+}
+
+void RefreshMenu(QMenu& menu, const std::vector<MenuView>& items) {
+    const QList<QAction*> actions = menu.actions();
+    for (std::size_t at = 0; at < items.size() && at < static_cast<std::size_t>(actions.size());
+         ++at) {
+        QAction& action = *actions[static_cast<qsizetype>(at)];
+        if (items[at].separator)
+            continue;
+        SetMarks(action, items[at]);
+        if (QMenu* inner = action.menu(); inner != nullptr)
+            RefreshMenu(*inner, items[at].children);
+    }
+}
+
+MenuRows::MenuRows(QWidget& window, std::function<void(int)> opened, MenuChoice chosen)
+    : window_(window), opened_(std::move(opened)), chosen_(std::move(chosen)) {}
+
+MenuRows::~MenuRows() = default;
+
+void MenuRows::Set(const std::vector<MenuView>& menu) {
+    const bool sameShape = SameShape(menu_, menu);
+    menu_ = menu;
+    if (!sameShape)
+        return Build();
+    for (std::size_t at = 0; at < menu_.size(); ++at) {
+        SetMarks(*entries_[at].Action(), menu_[at]);
+        // A closed menu is filled anew when it opens.
+        if (QMenu* popup = entries_[at].popup.get(); popup != nullptr && popup->isVisible())
+            RefreshMenu(*popup, menu_[at].children);
+    }
+}
+
+void MenuRows::Build() {
+    rows_.clear();
+    starts_.clear();
+    entries_.clear();
+    for (std::size_t at = 0; at < menu_.size(); ++at)
+        entries_.push_back(MakeEntry(static_cast<int>(at)));
+    if (!entries_.empty())
+        Measure();
+}
+
+MenuRows::Entry MenuRows::MakeEntry(int position) {
+    const MenuView& item = menu_[static_cast<std::size_t>(position)];
+    Entry entry;
+    if (item.popup) {
+        entry.popup = std::make_unique<QMenu>(&window_);
+        QObject::connect(entry.popup.get(), &QMenu::aboutToShow, [this, position] {
+            Fill(position);
+            opened_(position);
+        });
+    } else {
+        entry.command = std::make_unique<QAction>();
+        QObject::connect(entry.command.get(), &QAction::triggered,
+                         [this, command = item.command] { chosen_(command); });
+    }
+    SetMarks(*entry.Action(), item);
+    return entry;
+}
+
+void MenuRows::Fill(int position) {
+    const auto at = static_cast<std::size_t>(position);
+    FillMenu(*entries_[at].popup, menu_[at].children, chosen_);
+}
+
+// Lets Qt lay out all entries in one row that is wide enough and notes what each of them takes.
+void MenuRows::Measure() {
+    constexpr int kWide = 1 << 14;
+    rows_.push_back(std::make_unique<Row>(&window_, *this, true));
+    QMenuBar& row = *rows_.front();
+    for (const Entry& entry : entries_)
+        row.addAction(entry.Action());
+    rowHeight_ = row.sizeHint().height();
+    row.resize(kWide, rowHeight_);
+    int left = row.actionGeometry(entries_.front().Action()).left();
+    margins_ = 2 * left;
+    for (std::size_t at = 0; at < entries_.size(); ++at) {
+        const bool isLast = at + 1 == entries_.size();
+        const int next = isLast ? row.actionGeometry(entries_[at].Action()).right() + 1
+                                : row.actionGeometry(entries_[at + 1].Action()).left();
+        entries_[at].width = next - left;
+        left = next;
+    }
+    starts_ = {0};
+}
+
+std::vector<std::size_t> MenuRows::RowStarts(int width) const {
+    std::vector<std::size_t> starts;
+    int used = 0;
+    for (std::size_t at = 0; at < entries_.size(); ++at) {
+        if (starts.empty() || used + entries_[at].width > width) {
+            starts.push_back(at);
+            used = margins_;
+        }
+        used += entries_[at].width;
+    }
+    return starts;
+}
+
+int MenuRows::HeightFor(int width) const {
+    return static_cast<int>(RowStarts(width).size()) * rowHeight_;
+}
+
+int MenuRows::LayOut(int width) {
+    if (auto starts = RowStarts(width); starts != starts_) {
+        starts_ = std::move(starts);
+        rows_.resize(std::min(rows_.size(), starts_.size()));
+        while (rows_.size() < starts_.size())
+            rows_.push_back(std::make_unique<Row>(&window_, *this, false));
+        for (std::size_t row = 0; row < rows_.size(); ++row) {
+            rows_[row]->clear();
+            const std::size_t end = row + 1 < starts_.size() ? starts_[row + 1] : entries_.size();
+            for (std::size_t at = starts_[row]; at < end; ++at)
+                rows_[row]->addAction(entries_[at].Action());
+        }
+    }
+    int top = 0;
+    for (const auto& row : rows_) {
+        row->setGeometry(0, top, width, rowHeight_);
+        row->show();
+        top += rowHeight_;
+    }
+    return top;
+}
+
+QMenuBar* MenuRows::Neighbour(const QMenuBar& row, int step) const {
+    const auto at = std::find_if(rows_.begin(), rows_.end(),
+                                 [&row](const auto& each) { return each.get() == &row; });
+    const auto next = at - rows_.begin() + step;
+    return next >= 0 && next < std::ssize(rows_) ? rows_[static_cast<std::size_t>(next)].get()
+                                                 : nullptr;
+}
+
+}  // namespace vxd::qt

@@ -1,0 +1,63 @@
+// Menus as the core describes them.
+#pragma once
+
+#include <QMenu>
+#include <functional>
+#include <vector>
+
+#include "platform/screen.h"
+
+class QMenuBar;
+
+namespace vxd::qt {
+
+using MenuChoice = std::function<void(std::uint32_t command)>;
+
+// Gives `menu` the items, in place of what it had; `chosen` hears of every choice in it.
+void FillMenu(QMenu& menu, const std::vector<MenuView>& items, const MenuChoice& chosen);
+// Shows the marks and texts of `items` in a menu that was filled with items of the same shape.
+void RefreshMenu(QMenu& menu, const std::vector<MenuView>& items);
+
+// A window's menu bar. It breaks into as many rows as the window's width asks for.
+class MenuRows {
+  public:
+    MenuRows(QWidget& window, std::function<void(int)> opened, MenuChoice chosen);
+    ~MenuRows();
+    MenuRows(const MenuRows&) = delete;
+    MenuRows& operator=(const MenuRows&) = delete;
+
+    void Set(const std::vector<MenuView>& menu);
+    int HeightFor(int width) const;
+    // Puts the rows to the top of a window of that width and gives their height.
+    int LayOut(int width);
+    // The row after or before another one; null beyond the last.
+    QMenuBar* Neighbour(const QMenuBar& row, int step) const;
+
+  private:
+    struct Entry {
+        std::unique_ptr<QMenu> popup;      // null for a command on the bar
+        std::unique_ptr<QAction> command;  // null for a popup
+        int width = 0;
+
+        QAction* Action() const { return popup ? popup->menuAction() : command.get(); }
+    };
+
+    void Build();
+    void Measure();
+    Entry MakeEntry(int position);
+    // The first entry of each row.
+    std::vector<std::size_t> RowStarts(int width) const;
+    void Fill(int position);
+
+    QWidget& window_;
+    std::function<void(int)> opened_;
+    MenuChoice chosen_;
+    std::vector<MenuView> menu_;
+    std::vector<Entry> entries_;
+    std::vector<std::unique_ptr<QMenuBar>> rows_;
+    std::vector<std::size_t> starts_;
+    int rowHeight_ = 0;
+    int margins_ = 0;
+};
+
+}  // namespace vxd::qt

@@ -1,0 +1,400 @@
+#include "platform/qt/qt_screen.h"
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QScreen>
+#include <QTimer>
+#include <algorithm>
+#include <vector>
+
+#include "platform/qt/control.h"
+#include "platform/qt/keys.h"
+#include "platform/qt/menus.h"
+#include "platform/qt/text.h"
+#include "platform/qt/top_level.h"
+
+namespace vxd {
+
+using qt::Control;
+using qt::TopLevel;
+
+class QtScreen::Watcher : public QObject {
+  public:
+    explicit Watcher(QtScreen& screen) : screen_(screen) { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject* object, QEvent* event) override {
+        return object->isWidgetType() && screen_.Intercept(*static_cast<QWidget*>(object), *event);
+    }
+
+  private:
+    QtScreen& screen_;
+};
+
+QtScreen::QtScreen()
+    : report_([this] { ReportActivation(); }),
+      dispatcher_(QAbstractEventDispatcher::instance()),
+      timeLimit_(std::make_unique<QTimer>()),
+      watcher_(std::make_unique<Watcher>(*this)) {
+    timeLimit_->setSingleShot(true);
+}
+
+QtScreen::~QtScreen() {
+    ClosePopup();
+    while (!controls_.empty())
+        Destroy(controls_.begin()->first);
+}
+
+Control* QtScreen::Find(WidgetId id) const {
+    const auto found = controls_.find(id);
+    return found != controls_.end() ? found->second.get() : nullptr;
+}
+
+TopLevel* QtScreen::FindTopLevel(WidgetId id) const {
+    return dynamic_cast<TopLevel*>(Find(id));
+}
+
+Control* QtScreen::ControlOf(const QWidget* widget) const {
+    for (; widget != nullptr; widget = widget->isWindow() ? nullptr : widget->parentWidget()) {
+        if (const auto found = byWidget_.find(widget); found != byWidget_.end())
+            return found->second;
+    }
+    return nullptr;
+}
+
+QWidget* QtScreen::NativeWidget(WidgetId id) const {
+    const Control* control = Find(id);
+    return control != nullptr ? &control->Widget() : nullptr;
+}
+
+// Measures.
+
+FontMetrics QtScreen::DialogFont() {
+    const QFontMetrics font(QApplication::font());
+    constexpr int kLetters = 26;
+    const int alphabet = font.horizontalAdvance(
+        QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"));
+    return {(alphabet / kLetters + 1) / 2, font.height()};
+}
+
+Size QtScreen::TextSize(const std::string& text, int wrapWidth) {
+    constexpr int kUnbounded = 1 << 20;
+    const QFontMetrics font(QApplication::font());
+    const QRect room(0, 0, wrapWidth > 0 ? wrapWidth : kUnbounded, kUnbounded);
+    const int flags = Qt::TextExpandTabs | (wrapWidth > 0 ? Qt::TextWordWrap : 0);
+    const QSize size = font.boundingRect(room, flags, qt::ToQt(text)).size();
+    return {size.width(), size.height()};
+}
+
+Rect QtScreen::WorkArea() {
+    return qt::FromQt(QGuiApplication::primaryScreen()->availableGeometry());
+}
+
+int QtScreen::MenuBarHeight(WidgetId window, int width) {
+    const TopLevel* top = FindTopLevel(window);
+    return top != nullptr ? top->MenuBarHeight(width) : 0;
+}
+
+// Widgets.
+
+void QtScreen::Create(const WidgetSetup& setup) {
+    std::unique_ptr<Control> control;
+    if (setup.kind == WidgetKind::kWindow || setup.kind == WidgetKind::kDialog) {
+        control = std::make_unique<TopLevel>(setup, NativeWidget(setup.owner), report_);
+    } else if (Control* parent = Find(setup.parent); parent != nullptr) {
+        control = qt::MakeControl(setup, parent->Area(), report_);
+    }
+    if (control == nullptr)
+        return;
+    control->SetText(setup.text);
+    control->Place(setup.rect);
+    control->Enable(setup.enabled);
+    byWidget_[&control->Widget()] = control.get();
+    controls_[setup.id] = std::move(control);
+}
+
+void QtScreen::Destroy(WidgetId id) {
+    std::vector<WidgetId> held;
+    for (const auto& [each, control] : controls_) {
+        if (control->Holder() == id)
+            held.push_back(each);
+    }
+    for (const WidgetId each : held)
+        Destroy(each);
+    const auto found = controls_.find(id);
+    if (found == controls_.end())
+        return;
+    if (reportedActive_ == id)
+        reportedActive_ = 0;
+    byWidget_.erase(&found->second->Widget());
+    controls_.erase(found);
+}
+
+void QtScreen::SetText(WidgetId id, const std::string& text) {
+    if (Control* control = Find(id); control != nullptr)
+        control->SetText(text);
+}
+
+void QtScreen::SetRect(WidgetId id, const Rect& rect) {
+    if (Control* control = Find(id); control != nullptr)
+        control->Place(rect);
+}
+
+void QtScreen::SetVisible(WidgetId id, bool visible) {
+    if (Control* control = Find(id); control != nullptr)
+        control->Show(visible);
+}
+
+void QtScreen::SetEnabled(WidgetId id, bool enabled) {
+    if (Control* control = Find(id); control != nullptr)
+        control->Enable(enabled);
+}
+
+void QtScreen::SetFocus(WidgetId id) {
+    if (Control* control = Find(id); control != nullptr)
+        control->TakeFocus();
+}
+
+void QtScreen::SetIcon(WidgetId id, const Pixels& icon) {
+    if (Control* control = Find(id); control != nullptr)
+        control->SetIcon(icon);
+}
+
+// Top-level windows.
+
+void QtScreen::Raise(WidgetId id) {
+    if (TopLevel* top = FindTopLevel(id); top != nullptr)
+        top->Raise();
+}
+
+void QtScreen::SetTopmost(WidgetId id, bool topmost) {
+    if (TopLevel* top = FindTopLevel(id); top != nullptr)
+        top->SetTopmost(topmost);
+}
+
+void QtScreen::SetMaximumSize(WidgetId id, Size size) {
+    if (TopLevel* top = FindTopLevel(id); top != nullptr)
+        top->SetMaximumSize(size);
+}
+
+void QtScreen::SetMenuBar(WidgetId id, const std::vector<MenuView>& menu) {
+    if (TopLevel* top = FindTopLevel(id); top != nullptr)
+        top->SetMenuBar(menu);
+}
+
+void QtScreen::ShowPopup(WidgetId id, const std::vector<MenuView>& menu, Point where) {
+    popup_ = std::make_unique<QMenu>(NativeWidget(id));
+    auto chosen = std::make_shared<std::uint32_t>(0);
+    qt::FillMenu(*popup_, menu, [chosen](std::uint32_t command) { *chosen = command; });
+    // The menu goes before it tells what was chosen.
+    const auto ended = [this, chosen] { report_(input::MenuEnded, *chosen); };
+    QObject::connect(popup_.get(), &QMenu::aboutToHide, popup_.get(), [this, ended] {
+        QMetaObject::invokeMethod(popup_.get(), ended, Qt::QueuedConnection);
+    });
+    popup_->popup(QPoint(where.x, where.y));
+}
+
+void QtScreen::ClosePopup() {
+    popup_.reset();
+}
+
+void QtScreen::Draw(WidgetId id, const Pixels& pixels, const Rect& changed) {
+    if (Control* control = Find(id); control != nullptr)
+        control->Draw(pixels, changed);
+}
+
+// Controls.
+
+void QtScreen::SetCheck(WidgetId id, int check) {
+    if (Control* control = Find(id); control != nullptr)
+        control->SetCheck(check);
+}
+
+void QtScreen::SetDefaultLook(WidgetId id, bool isDefault) {
+    if (Control* control = Find(id); control != nullptr)
+        control->SetDefaultLook(isDefault);
+}
+
+void QtScreen::SetReadOnly(WidgetId id, bool readOnly) {
+    if (Control* control = Find(id); control != nullptr)
+        control->SetReadOnly(readOnly);
+}
+
+void QtScreen::SetTextLimit(WidgetId id, int bytes) {
+    if (Control* control = Find(id); control != nullptr)
+        control->SetTextLimit(bytes);
+}
+
+void QtScreen::SetTextSelection(WidgetId id, int start, int end) {
+    if (Control* control = Find(id); control != nullptr)
+        control->SetTextSelection(start, end);
+}
+
+void QtScreen::InsertRow(WidgetId id, int row, const std::string& text) {
+    if (Control* control = Find(id); control != nullptr)
+        control->InsertRow(row, text);
+}
+
+void QtScreen::RemoveRow(WidgetId id, int row) {
+    if (Control* control = Find(id); control != nullptr)
+        control->RemoveRow(row);
+}
+
+void QtScreen::ClearRows(WidgetId id) {
+    if (Control* control = Find(id); control != nullptr)
+        control->ClearRows();
+}
+
+void QtScreen::SelectRow(WidgetId id, int row) {
+    if (Control* control = Find(id); control != nullptr)
+        control->SelectRow(row);
+}
+
+void QtScreen::SetDropped(WidgetId id, bool dropped) {
+    if (Control* control = Find(id); control != nullptr)
+        control->SetDropped(dropped);
+}
+
+// Native events.
+
+void QtScreen::Wait(int milliseconds) {
+    report_.Open();
+    // No event loop of Qt's own ever runs that would do this.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    DeliverHeldKeys();
+    if (milliseconds > 0)
+        timeLimit_->start(milliseconds);
+    const auto isOver = [&] {
+        ReportActivation();
+        return report_.Handed() || woken_.exchange(false) ||
+               (milliseconds >= 0 && !timeLimit_->isActive());
+    };
+    dispatcher_->processEvents(QEventLoop::AllEvents);
+    while (!isOver())
+        dispatcher_->processEvents(QEventLoop::WaitForMoreEvents);
+    timeLimit_->stop();
+    report_.Close();
+}
+
+void QtScreen::Wake() {
+    woken_ = true;
+    dispatcher_->wakeUp();
+}
+
+bool QtScreen::Intercept(QWidget& receiver, QEvent& event) {
+    switch (event.type()) {
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+            return InterceptKey(receiver, static_cast<QKeyEvent&>(event));
+        case QEvent::ShortcutOverride:
+            // Dialogs have their keys from the core; Qt's own mnemonics must not take them.
+            if (const Control* top = ControlOf(receiver.window());
+                top == nullptr || (top->Kind() != WidgetKind::kDialog && !IsShutOut(receiver)))
+                return false;
+            event.accept();
+            return true;
+        case QEvent::FocusIn:
+            ReportFocus(receiver, event);
+            return false;
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::Wheel:
+        case QEvent::Enter:
+        case QEvent::HoverEnter:
+        case QEvent::HoverMove:
+        case QEvent::ContextMenu:
+        case QEvent::Shortcut:
+            return IsShutOut(receiver);
+        case QEvent::Close:
+            if (!IsShutOut(receiver))
+                return false;
+            event.ignore();
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool QtScreen::IsShutOut(const QWidget& receiver) const {
+    const auto* top = dynamic_cast<const TopLevel*>(ControlOf(receiver.window()));
+    return top != nullptr && !top->TakesInput();
+}
+
+bool QtScreen::InterceptKey(QWidget& receiver, QKeyEvent& event) {
+    if (IsShutOut(receiver))
+        return true;
+    // An open menu or list and an active menu bar have their keys for themselves.
+    if (QApplication::activePopupWidget() != nullptr ||
+        dynamic_cast<const QMenuBar*>(&receiver) != nullptr)
+        return false;
+    // A key is looked at when it comes to the focus, not again on its way up to the window.
+    const QWidget* focus = receiver.window()->focusWidget();
+    if (focus != nullptr ? focus != &receiver : !receiver.isWindow())
+        return false;
+    if (!report_.IsOpen() || ControlOf(&receiver) == nullptr)
+        return false;
+    if (!deliveringKey_ && (report_.Handed() || !heldKeys_.empty())) {
+        heldKeys_.emplace_back(event.clone());
+        return true;
+    }
+    return event.type() == QEvent::KeyPress && OfferKey(receiver, event);
+}
+
+bool QtScreen::OfferKey(QWidget& receiver, const QKeyEvent& event) {
+    const input::KeyPress key = qt::ToKeyPress(event);
+    if (report_(input::KeyPressed, ControlOf(&receiver)->Id(), key))
+        return true;
+    // An edit would take the letter as text.
+    return key.alt && key.character != 0 &&
+           ControlOf(receiver.window())->Kind() == WidgetKind::kDialog;
+}
+
+// Delivers the keys that wait until one of them gives the core something to do.
+void QtScreen::DeliverHeldKeys() {
+    while (!heldKeys_.empty() && !report_.Handed()) {
+        const std::unique_ptr<QKeyEvent> key = std::move(heldKeys_.front());
+        heldKeys_.pop_front();
+        QWidget* window = QApplication::activePopupWidget();
+        if (window == nullptr)
+            window = QApplication::activeWindow();
+        if (window == nullptr)
+            continue;
+        deliveringKey_ = true;
+        QWidget* focus = window->focusWidget();
+        QCoreApplication::sendEvent(focus != nullptr ? focus : window, key.get());
+        deliveringKey_ = false;
+    }
+}
+
+void QtScreen::ReportFocus(const QWidget& receiver, const QEvent& event) {
+    // With a window or a menu the focus comes and goes without the person moving it.
+    const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
+    if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+        reason == Qt::MenuBarFocusReason)
+        return;
+    if (const Control* control = ControlOf(&receiver); control != nullptr)
+        report_(input::Focused, control->Id());
+}
+
+// Tells which window is active now if that is another one than was told last. What changed twice in
+// the meantime is told once, or two windows could activate each other for ever.
+void QtScreen::ReportActivation() {
+    const QWidget* window = QApplication::activeWindow();
+    const Control* control = ControlOf(window);
+    if (window != nullptr && control == nullptr)
+        return;
+    const WidgetId active = control != nullptr ? control->Id() : 0;
+    if (active == reportedActive_)
+        return;
+    const WidgetId before = std::exchange(reportedActive_, active);
+    if (before != 0)
+        report_(input::Activated, before, false);
+    if (active != 0)
+        report_(input::Activated, active, true);
+}
+
+}  // namespace vxd

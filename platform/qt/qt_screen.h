@@ -1,0 +1,109 @@
+// The screen for people: Qt's own widgets, so that input methods, the clipboard, high resolution
+// and screen readers work as everywhere on the desktop.
+//
+// A QApplication exists before the screen and outlives it. All functions but Wake belong to the
+// thread that made both.
+#pragma once
+
+#include <atomic>
+#include <deque>
+#include <memory>
+#include <unordered_map>
+
+#include "platform/qt/report.h"
+#include "platform/screen.h"
+
+class QAbstractEventDispatcher;
+class QEvent;
+class QKeyEvent;
+class QMenu;
+class QObject;
+class QTimer;
+class QWidget;
+
+namespace vxd {
+namespace qt {
+class Control;
+class TopLevel;
+}  // namespace qt
+
+class QtScreen final : public Screen {
+  public:
+    QtScreen();
+    ~QtScreen() override;
+
+    // The native widget behind a number, for pictures and tests; null if there is none.
+    QWidget* NativeWidget(WidgetId id) const;
+
+    FontMetrics DialogFont() override;
+    Size TextSize(const std::string& text, int wrapWidth) override;
+    Rect WorkArea() override;
+    int MenuBarHeight(WidgetId window, int width) override;
+
+    void Create(const WidgetSetup& setup) override;
+    void Destroy(WidgetId id) override;
+    void SetText(WidgetId id, const std::string& text) override;
+    void SetRect(WidgetId id, const Rect& rect) override;
+    void SetVisible(WidgetId id, bool visible) override;
+    void SetEnabled(WidgetId id, bool enabled) override;
+    void SetFocus(WidgetId id) override;
+    void SetIcon(WidgetId id, const Pixels& icon) override;
+
+    void Raise(WidgetId id) override;
+    void SetTopmost(WidgetId id, bool topmost) override;
+    void SetMaximumSize(WidgetId id, Size size) override;
+    void SetMenuBar(WidgetId id, const std::vector<MenuView>& menu) override;
+    void ShowPopup(WidgetId id, const std::vector<MenuView>& menu, Point where) override;
+    void ClosePopup() override;
+    void Draw(WidgetId id, const Pixels& pixels, const Rect& changed) override;
+
+    void SetCheck(WidgetId id, int check) override;
+    void SetDefaultLook(WidgetId id, bool isDefault) override;
+
+    void SetReadOnly(WidgetId id, bool readOnly) override;
+    void SetTextLimit(WidgetId id, int bytes) override;
+    void SetTextSelection(WidgetId id, int start, int end) override;
+
+    void InsertRow(WidgetId id, int row, const std::string& text) override;
+    void RemoveRow(WidgetId id, int row) override;
+    void ClearRows(WidgetId id) override;
+    void SelectRow(WidgetId id, int row) override;
+    void SetDropped(WidgetId id, bool dropped) override;
+
+    void Wait(int milliseconds) override;
+    void Wake() override;
+
+  private:
+    class Watcher;
+
+    // Both null for a number that stands for nothing, or for a control.
+    qt::Control* Find(WidgetId id) const;
+    qt::TopLevel* FindTopLevel(WidgetId id) const;
+    // The control that a native widget is or belongs to.
+    qt::Control* ControlOf(const QWidget* widget) const;
+
+    // Look at native events before Qt does; true keeps the event from its receiver.
+    bool Intercept(QWidget& receiver, QEvent& event);
+    bool InterceptKey(QWidget& receiver, QKeyEvent& event);
+    bool OfferKey(QWidget& receiver, const QKeyEvent& event);
+    bool IsShutOut(const QWidget& receiver) const;
+    void ReportFocus(const QWidget& receiver, const QEvent& event);
+    void ReportActivation();
+    void DeliverHeldKeys();
+
+    qt::Report report_;
+    std::unordered_map<WidgetId, std::unique_ptr<qt::Control>> controls_;
+    std::unordered_map<const QWidget*, qt::Control*> byWidget_;
+    // Keys that came in one go with an input that the core has yet to answer: it may move the
+    // focus.
+    std::deque<std::unique_ptr<QKeyEvent>> heldKeys_;
+    bool deliveringKey_ = false;
+    WidgetId reportedActive_ = 0;
+    std::unique_ptr<QMenu> popup_;
+    QAbstractEventDispatcher* dispatcher_;
+    std::unique_ptr<QTimer> timeLimit_;
+    std::atomic<bool> woken_ = false;
+    std::unique_ptr<Watcher> watcher_;
+};
+
+}  // namespace vxd

@@ -1,0 +1,100 @@
+// Controls that only show: labels, pictures, group boxes.
+#include <QGroupBox>
+#include <QLabel>
+#include <QPainter>
+#include <QStyle>
+
+#include "platform/qt/control.h"
+#include "platform/qt/image.h"
+#include "platform/qt/text.h"
+#include "platform/win32.h"
+
+namespace vxd::qt {
+namespace {
+
+// QLabel underlines a key only for a buddy of its own; here the core knows what a key reaches.
+class LabelWidget : public QLabel {
+  public:
+    LabelWidget(QWidget* parent, std::uint32_t style) : QLabel(parent), style_(style) {
+        setTextFormat(Qt::PlainText);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        style()->drawItemText(&painter, rect(), TextFlags(), palette(), isEnabled(), text(),
+                              foregroundRole());
+    }
+
+  private:
+    int TextFlags() const {
+        const std::uint32_t type = style_ & SS_TYPEMASK;
+        int flags = Qt::TextExpandTabs;
+        flags |= type == SS_CENTER  ? Qt::AlignHCenter
+                 : type == SS_RIGHT ? Qt::AlignRight
+                                    : Qt::AlignLeft;
+        if ((style_ & SS_NOPREFIX) == 0)
+            flags |= Qt::TextShowMnemonic;
+        // A label with room for one line keeps its last word even where the font is wider than
+        // planned, and stands level with the text of the field beside it.
+        if (height() < 2 * fontMetrics().height())
+            return flags | Qt::AlignVCenter;
+        flags |= Qt::AlignTop;
+        if (type != SS_SIMPLE && type != SS_LEFTNOWORDWRAP)
+            flags |= Qt::TextWordWrap;
+        return flags;
+    }
+
+    std::uint32_t style_;
+};
+
+class Label : public Control {
+  public:
+    Label(const WidgetSetup& setup, QWidget& parent)
+        : Control(setup, std::make_unique<LabelWidget>(&parent, setup.style)) {}
+
+    void SetText(const std::string& text) override {
+        static_cast<QLabel&>(Widget()).setText(ToQt(text));
+    }
+};
+
+class Picture : public Control {
+  public:
+    Picture(const WidgetSetup& setup, QWidget& parent)
+        : Control(setup, std::make_unique<QLabel>(&parent)) {
+        static_cast<QLabel&>(Widget()).setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    }
+
+    void SetIcon(const Pixels& icon) override {
+        static_cast<QLabel&>(Widget()).setPixmap(QPixmap::fromImage(ToImage(icon)));
+    }
+};
+
+class GroupBox : public Control {
+  public:
+    GroupBox(const WidgetSetup& setup, QWidget& parent)
+        : Control(setup, std::make_unique<QGroupBox>(&parent)) {
+        // Its members are its siblings and lie in front of it.
+        Widget().lower();
+    }
+
+    void SetText(const std::string& text) override {
+        static_cast<QGroupBox&>(Widget()).setTitle(ToQt(text));
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<Control> MakeLabel(const WidgetSetup& setup, QWidget& parent) {
+    return std::make_unique<Label>(setup, parent);
+}
+
+std::unique_ptr<Control> MakePicture(const WidgetSetup& setup, QWidget& parent) {
+    return std::make_unique<Picture>(setup, parent);
+}
+
+std::unique_ptr<Control> MakeGroupBox(const WidgetSetup& setup, QWidget& parent) {
+    return std::make_unique<GroupBox>(setup, parent);
+}
+
+}  // namespace vxd::qt

@@ -1,0 +1,107 @@
+#include "platform/qt/surface.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#include "platform/qt/control.h"
+#include "platform/qt/first_paint.h"
+#include "platform/win32.h"
+
+namespace vxd::qt {
+namespace {
+
+struct MouseMessages {
+    Qt::MouseButton button;
+    std::uint32_t press;
+    std::uint32_t release;
+    std::uint32_t doubleClick;
+};
+
+constexpr std::array kMouseMessages{
+    MouseMessages{Qt::LeftButton, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK},
+    MouseMessages{Qt::RightButton, WM_RBUTTONDOWN, WM_RBUTTONUP, WM_RBUTTONDBLCLK},
+};
+
+class SurfaceControl : public Control {
+  public:
+    SurfaceControl(const WidgetSetup& setup, QWidget& parent, Report& report)
+        : Control(setup, std::make_unique<Surface>(setup.id, setup.kind, &parent, report)) {}
+
+    void Draw(const Pixels& pixels, const Rect& changed) override {
+        static_cast<Surface&>(Widget()).Draw(pixels, changed);
+    }
+};
+
+}  // namespace
+
+bool ReportMouse(Report& report, WidgetId id, const QEvent& event) {
+    std::uint32_t MouseMessages::*message = nullptr;
+    switch (event.type()) {
+        case QEvent::MouseButtonPress:
+            message = &MouseMessages::press;
+            break;
+        case QEvent::MouseButtonRelease:
+            message = &MouseMessages::release;
+            break;
+        case QEvent::MouseButtonDblClick:
+            message = &MouseMessages::doubleClick;
+            break;
+        default:
+            return false;
+    }
+    const auto& mouse = static_cast<const QMouseEvent&>(event);
+    for (const MouseMessages& messages : kMouseMessages) {
+        if (messages.button == mouse.button()) {
+            const QPoint where = mouse.position().toPoint();
+            report(input::Mouse, id, messages.*message, Point{where.x(), where.y()});
+        }
+    }
+    return true;
+}
+
+Surface::Surface(WidgetId id, WidgetKind kind, QWidget* parent, Report& report)
+    : QWidget(parent), id_(id), kind_(kind), report_(report) {
+    // The whole area is painted each time; the desktop need not clear it first.
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setContextMenuPolicy(Qt::PreventContextMenu);
+}
+
+void Surface::Draw(const Pixels& pixels, const Rect& changed) {
+    QRect area = ToQt(changed);
+    if (image_.width() != pixels.width || image_.height() != pixels.height) {
+        image_ = QImage(pixels.width, pixels.height, QImage::Format_RGB32);
+        area = image_.rect();
+    }
+    area &= image_.rect();
+    const auto rowBytes = static_cast<std::size_t>(area.width()) * sizeof(std::uint32_t);
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        const auto offset = static_cast<std::size_t>(y) * static_cast<std::size_t>(pixels.width) +
+                            static_cast<std::size_t>(area.x());
+        std::memcpy(image_.scanLine(y) + static_cast<std::size_t>(area.x()) * sizeof(std::uint32_t),
+                    pixels.data.data() + offset, rowBytes);
+    }
+    update(area);
+}
+
+bool Surface::event(QEvent* event) {
+    return ReportMouse(report_, id_, *event) || QWidget::event(event);
+}
+
+void Surface::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    // Until the core has drawn for a new size, part of the area has no pixels yet.
+    if (!image_.rect().contains(event->rect()))
+        painter.fillRect(event->rect(), palette().window());
+    painter.drawImage(event->rect(), image_, event->rect());
+    if (kind_ == WidgetKind::kWindow)
+        ClientAreaPainted();
+}
+
+std::unique_ptr<Control> MakeSurface(const WidgetSetup& setup, QWidget& parent, Report& report) {
+    return std::make_unique<SurfaceControl>(setup, parent, report);
+}
+
+}  // namespace vxd::qt

@@ -1,0 +1,200 @@
+#include "platform/qt/top_level.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QIcon>
+
+#include "platform/qt/desktop.h"
+#include "platform/qt/image.h"
+#include "platform/qt/menus.h"
+#include "platform/qt/surface.h"
+#include "platform/qt/text.h"
+#include "platform/win32.h"
+
+namespace vxd::qt {
+namespace {
+
+Qt::WindowFlags WindowFlags(const WidgetSetup& setup) {
+    const bool dialog = setup.kind == WidgetKind::kDialog;
+    Qt::WindowFlags flags = dialog ? Qt::Dialog : Qt::Window;
+    if ((setup.style & WS_CAPTION) != WS_CAPTION)
+        return flags | Qt::FramelessWindowHint;
+    // A dialog uses the bits of the two boxes to other ends.
+    constexpr std::uint32_t kAllBoxes = WS_SYSMENU | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
+    const std::uint32_t boxes = setup.style & (dialog ? WS_SYSMENU : kAllBoxes);
+    if (boxes == (dialog ? WS_SYSMENU : kAllBoxes))
+        return flags;
+    flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint;
+    flags.setFlag(Qt::WindowSystemMenuHint, (boxes & WS_SYSMENU) != 0);
+    flags.setFlag(Qt::WindowCloseButtonHint, (boxes & WS_SYSMENU) != 0);
+    flags.setFlag(Qt::WindowMinimizeButtonHint, (boxes & WS_MINIMIZEBOX) != 0);
+    flags.setFlag(Qt::WindowMaximizeButtonHint, (boxes & WS_MAXIMIZEBOX) != 0);
+    return flags;
+}
+
+}  // namespace
+
+class Frame : public QWidget {
+  public:
+    Frame(const WidgetSetup& setup, QWidget* owner, Report& report)
+        : QWidget(owner, WindowFlags(setup)), id_(setup.id), report_(report) {
+        setContextMenuPolicy(Qt::PreventContextMenu);
+        if (setup.kind == WidgetKind::kDialog) {
+            if (owner != nullptr)
+                setWindowModality(Qt::WindowModal);
+            return;
+        }
+        client_ = std::make_unique<Surface>(setup.id, setup.kind, this, report);
+        menu_ = std::make_unique<MenuRows>(
+            *this, [this](int position) { report_(input::MenuOpened, id_, position); },
+            [this](std::uint32_t command) { report_(input::MenuChosen, id_, command); });
+    }
+
+    Surface* Client() const { return client_.get(); }
+    MenuRows* Menu() const { return menu_.get(); }
+
+    void PlacedByCore(const QRect& rect) { placed_ = rect; }
+
+    void LayOut() {
+        if (client_ == nullptr)
+            return;
+        const int top = menu_->LayOut(width());
+        client_->setGeometry(0, top, width(), std::max(0, height() - top));
+    }
+
+  protected:
+    bool event(QEvent* event) override {
+        return (client_ == nullptr && ReportMouse(report_, id_, *event)) || QWidget::event(event);
+    }
+
+    void closeEvent(QCloseEvent* event) override {
+        event->ignore();
+        report_(input::CloseRequested, id_);
+    }
+
+    void showEvent(QShowEvent*) override { ReportPlace(); }
+
+    void moveEvent(QMoveEvent*) override { ReportPlace(); }
+
+    void resizeEvent(QResizeEvent*) override {
+        LayOut();
+        ReportPlace();
+    }
+
+    // The core alone moves the focus.
+    bool focusNextPrevChild(bool) override { return false; }
+
+  private:
+    void ReportPlace() {
+        if (!isVisible() || geometry() == placed_)
+            return;
+        // The desktop may have its own mind about a place that the core has just given.
+        if (!report_.IsOpen()) {
+            QMetaObject::invokeMethod(
+                this, [this] { ReportPlace(); }, Qt::QueuedConnection);
+            return;
+        }
+        placed_ = geometry();
+        report_(input::Placed, id_, FromQt(placed_));
+    }
+
+    WidgetId id_;
+    Report& report_;
+    std::unique_ptr<Surface> client_;  // dialogs have none: their area is the frame's own
+    std::unique_ptr<MenuRows> menu_;
+    QRect placed_;
+};
+
+TopLevel::TopLevel(const WidgetSetup& setup, QWidget* owner, Report& report)
+    : Control(setup, std::make_unique<Frame>(setup, owner, report)), style_(setup.style) {}
+
+TopLevel::~TopLevel() = default;
+
+Frame& TopLevel::Native() const {
+    return static_cast<Frame&>(Widget());
+}
+
+bool TopLevel::HasFixedSize() const {
+    return (style_ & WS_THICKFRAME) == 0;
+}
+
+QWidget& TopLevel::Area() {
+    return Native().Client() != nullptr ? static_cast<QWidget&>(*Native().Client()) : Widget();
+}
+
+void TopLevel::TakeFocus() {
+    Area().setFocus(Qt::OtherFocusReason);
+}
+
+void TopLevel::SetText(const std::string& text) {
+    Widget().setWindowTitle(ToQt(text));
+}
+
+void TopLevel::Place(const Rect& rect) {
+    Frame& frame = Native();
+    frame.PlacedByCore(ToQt(rect));
+    if (HasFixedSize())
+        frame.setFixedSize(rect.width, rect.height);
+    if (frame.testAttribute(Qt::WA_WState_Created)) {
+        frame.setGeometry(ToQt(rect));
+        return;
+    }
+    // Before the desktop has put its frame around a window, its place is that of the frame, so that
+    // the caption covers nothing above it.
+    frame.resize(rect.width, rect.height);
+    frame.move(rect.x, rect.y + PicturedCaptionHeight(frame));
+}
+
+void TopLevel::Show(bool visible) {
+    if (visible)
+        Native().LayOut();
+    Control::Show(visible);
+}
+
+void TopLevel::SetIcon(const Pixels& icon) {
+    Widget().setWindowIcon(QIcon(QPixmap::fromImage(ToImage(icon))));
+}
+
+void TopLevel::Draw(const Pixels& pixels, const Rect& changed) {
+    if (Native().Client() != nullptr)
+        Native().Client()->Draw(pixels, changed);
+}
+
+void TopLevel::Raise() {
+    if (!IsOffscreen())
+        Widget().raise();
+    if (Widget().isVisible() && QApplication::activeWindow() != &Widget())
+        Widget().activateWindow();
+}
+
+void TopLevel::SetTopmost(bool topmost) {
+    QWidget& window = Widget();
+    if (window.windowFlags().testFlag(Qt::WindowStaysOnTopHint) == topmost)
+        return;
+    // Qt hides a window to change this.
+    const bool visible = window.isVisible();
+    const QRect place = window.geometry();
+    window.setWindowFlag(Qt::WindowStaysOnTopHint, topmost);
+    if (visible) {
+        window.setGeometry(place);
+        window.show();
+    }
+}
+
+void TopLevel::SetMaximumSize(Size size) {
+    if (!HasFixedSize())
+        Widget().setMaximumSize(size.width, size.height);
+}
+
+void TopLevel::SetMenuBar(const std::vector<MenuView>& menu) {
+    if (Native().Menu() == nullptr)
+        return;
+    Native().Menu()->Set(menu);
+    Native().LayOut();
+}
+
+int TopLevel::MenuBarHeight(int width) const {
+    return Native().Menu() != nullptr ? Native().Menu()->HeightFor(width) : 0;
+}
+
+}  // namespace vxd::qt

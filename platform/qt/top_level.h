@@ -1,0 +1,41 @@
+// The program's windows and dialog boxes on the desktop.
+#pragma once
+
+#include "platform/qt/control.h"
+
+namespace vxd::qt {
+
+class Frame;
+
+class TopLevel : public Control {
+  public:
+    // `owner` may be null.
+    TopLevel(const WidgetSetup& setup, QWidget* owner, Report& report);
+    ~TopLevel() override;
+
+    QWidget& Area() override;
+    void TakeFocus() override;
+    void SetText(const std::string& text) override;
+    void Place(const Rect& rect) override;
+    void Show(bool visible) override;
+    void Enable(bool enabled) override { takesInput_ = enabled; }
+    void SetIcon(const Pixels& icon) override;
+    void Draw(const Pixels& pixels, const Rect& changed) override;
+
+    // A disabled window keeps its looks; the screen keeps all input from it.
+    bool TakesInput() const { return takesInput_; }
+    void Raise();
+    void SetTopmost(bool topmost);
+    void SetMaximumSize(Size size);
+    void SetMenuBar(const std::vector<MenuView>& menu);
+    int MenuBarHeight(int width) const;
+
+  private:
+    Frame& Native() const;
+    bool HasFixedSize() const;
+
+    std::uint32_t style_;
+    bool takesInput_ = true;
+};
+
+}  // namespace vxd::qt

@@ -1,0 +1,197 @@
+// The seam between the window system's core and what shows it.
+//
+// The core owns all state and all rules. A screen shows what it is told and hands back what a
+// person did; it keeps nothing the core could ask for and decides nothing.
+//
+// Threads: every function here belongs to the user-interface thread, except Screen::Wake. The
+// input functions are called by the screen from within Screen::Wait only. They queue what happened
+// and return at once, so no program code ever runs inside a native event handler.
+//
+// Coordinates are pixels. A child's rectangle is relative to its parent's client area. The
+// rectangle of a top-level window is the area inside the desktop's own frame: the menu bar, where
+// the window has one, and below it the client area. Texts are UTF-8; `&` marks a key as in Win32.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace vxd {
+
+// The window's handle as a number. 0 is no window.
+using WidgetId = std::uint32_t;
+
+struct Point {
+    int x = 0;
+    int y = 0;
+};
+
+struct Size {
+    int width = 0;
+    int height = 0;
+};
+
+struct Rect {
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+
+    bool Empty() const { return width <= 0 || height <= 0; }
+    friend bool operator==(const Rect&, const Rect&) = default;
+};
+
+enum class WidgetKind {
+    kWindow,   // top-level window of a class of the program's own; shows pixels
+    kDialog,   // top-level dialog box
+    kSurface,  // child window of a class of the program's own; shows pixels
+    kLabel,    // static text
+    kPicture,  // static that shows an icon
+    kPushButton,
+    kCheckBox,
+    kRadioButton,
+    kGroupBox,
+    kLineEdit,
+    kTextEdit,  // multi-line edit; its text has CR LF line ends
+    kListBox,
+    kDropDownList,  // combo box without an edit
+    kComboBox,      // combo box with an edit and a list that drops down
+    kSimpleCombo,   // combo box with an edit and a list that is always shown
+};
+
+struct WidgetSetup {
+    WidgetId id = 0;
+    WidgetKind kind = WidgetKind::kWindow;
+    WidgetId parent = 0;      // child widgets: the window whose client area holds this one
+    WidgetId owner = 0;       // top-level windows: the window this one stays in front of
+    std::uint32_t style = 0;  // Win32 style bits, for looks the kind leaves open
+    Rect rect;
+    std::string text;
+    bool enabled = true;
+};
+
+// 32-bit pixels, 0xAARRGGBB, row by row.
+struct Pixels {
+    int width = 0;
+    int height = 0;
+    std::vector<std::uint32_t> data;
+};
+
+// A menu as it is to be shown. A popup has children; a separator has neither text nor command.
+struct MenuView {
+    std::string text;
+    std::uint32_t command = 0;
+    bool separator = false;
+    bool popup = false;
+    bool enabled = true;
+    bool checked = false;
+    bool radioMark = false;
+    std::vector<MenuView> children;
+};
+
+struct FontMetrics {
+    int averageCharWidth = 0;  // of A-Z and a-z, as dialog units are defined
+    int height = 0;
+};
+
+class Screen {
+  public:
+    virtual ~Screen() = default;
+
+    // Measures.
+    virtual FontMetrics DialogFont() = 0;
+    // The size of a text that may have several lines; wrapWidth 0 means no wrapping.
+    virtual Size TextSize(const std::string& text, int wrapWidth) = 0;
+    // The part of the desktop that windows may cover.
+    virtual Rect WorkArea() = 0;
+    // The height of the window's menu bar when the window is `width` wide; 0 without a menu.
+    virtual int MenuBarHeight(WidgetId window, int width) = 0;
+
+    // Widgets. A new widget is hidden. Destroying one destroys its children.
+    virtual void Create(const WidgetSetup& setup) = 0;
+    virtual void Destroy(WidgetId id) = 0;
+    virtual void SetText(WidgetId id, const std::string& text) = 0;
+    virtual void SetRect(WidgetId id, const Rect& rect) = 0;
+    virtual void SetVisible(WidgetId id, bool visible) = 0;
+    // A disabled top-level window takes no input but keeps its looks; a control turns grey.
+    virtual void SetEnabled(WidgetId id, bool enabled) = 0;
+    virtual void SetFocus(WidgetId id) = 0;
+    virtual void SetIcon(WidgetId id, const Pixels& icon) = 0;
+
+    // Top-level windows.
+    virtual void Raise(WidgetId id) = 0;
+    virtual void SetTopmost(WidgetId id, bool topmost) = 0;
+    virtual void SetMaximumSize(WidgetId id, Size size) = 0;
+    virtual void SetMenuBar(WidgetId id, const std::vector<MenuView>& menu) = 0;
+    // Shows a popup menu at a point of the desktop and returns at once; input::MenuEnded follows.
+    virtual void ShowPopup(WidgetId id, const std::vector<MenuView>& menu, Point where) = 0;
+    virtual void ClosePopup() = 0;
+    // The widget's client pixels have changed inside `changed`.
+    virtual void Draw(WidgetId id, const Pixels& pixels, const Rect& changed) = 0;
+
+    // Buttons. `check` is BST_UNCHECKED, BST_CHECKED or BST_INDETERMINATE.
+    virtual void SetCheck(WidgetId id, int check) = 0;
+    virtual void SetDefaultLook(WidgetId id, bool isDefault) = 0;
+
+    // Edits, and combo boxes that have one. Positions count bytes of the text.
+    virtual void SetReadOnly(WidgetId id, bool readOnly) = 0;
+    virtual void SetTextLimit(WidgetId id, int bytes) = 0;
+    virtual void SetTextSelection(WidgetId id, int start, int end) = 0;
+
+    // List and combo boxes. Row -1 is no row.
+    virtual void InsertRow(WidgetId id, int row, const std::string& text) = 0;
+    virtual void RemoveRow(WidgetId id, int row) = 0;
+    virtual void ClearRows(WidgetId id) = 0;
+    virtual void SelectRow(WidgetId id, int row) = 0;
+    virtual void SetDropped(WidgetId id, bool dropped) = 0;
+
+    // Takes in what the desktop has to tell, at most for `milliseconds` (-1: until something
+    // happened), and returns early after any input and after Wake.
+    virtual void Wait(int milliseconds) = 0;
+    // Ends a Wait that is going on, or the next one. Any thread.
+    virtual void Wake() = 0;
+};
+
+// The screen that the process shows its windows on. Installed before the first window is made and
+// never replaced; without one the first use installs the headless screen.
+void InstallScreen(Screen& screen);
+Screen& CurrentScreen();
+
+// What a person did.
+namespace input {
+
+void Clicked(WidgetId button);
+// The text after the edit, and the selection in it.
+void Edited(WidgetId edit, const std::string& text, int selectionStart, int selectionEnd);
+void SelectionMoved(WidgetId edit, int start, int end);
+void RowChosen(WidgetId list, int row);
+void RowDoubleClicked(WidgetId list, int row);
+void Dropped(WidgetId combo, bool dropped);
+// The focus went to a control by other means than the core's.
+void Focused(WidgetId id);
+void Activated(WidgetId window, bool active);
+void CloseRequested(WidgetId window);
+void Placed(WidgetId window, const Rect& rect);
+void MenuOpened(WidgetId window, int position);
+void MenuChosen(WidgetId window, std::uint32_t command);
+// The popup of ShowPopup is gone; command 0 when nothing was chosen.
+void MenuEnded(std::uint32_t command);
+// A mouse message (WM_LBUTTONDOWN and its like) on a window, dialog or surface, at a client point.
+// The core makes a context menu's request of the right button's release and of the menu keys.
+void Mouse(WidgetId id, std::uint32_t message, Point where);
+
+struct KeyPress {
+    std::uint32_t virtualKey = 0;  // 0 where the key has none
+    std::uint32_t character = 0;   // 0 where the key makes none
+    bool shift = false;
+    bool control = false;
+    bool alt = false;
+};
+
+// A key went down while the widget (or 0: the window) had the focus. Returns whether the core takes
+// the key; if not, the native widget handles it. The key's release needs no report.
+bool KeyPressed(WidgetId id, const KeyPress& key);
+
+}  // namespace input
+}  // namespace vxd

@@ -1,0 +1,210 @@
+// How the utility starts, keeps its window and ends.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <thread>
+
+#include "board/control.h"
+#include "driver/kora_dll32.h"
+#include "driver/shared_words.h"
+#include "res/resource.h"
+#include "tests/kit/user_interface.h"
+#include "tests/kit/utility.h"
+
+namespace {
+
+using kit::OnUserInterface;
+
+// The operations called since the last ForgetCalls, in order.
+std::string CallNames() {
+    std::string names;
+    for (const board::Call& call : board::Calls())
+        names += (names.empty() ? "" : " ") + call.operation;
+    return names;
+}
+
+TEST(Start, OpensAndClosesTheLibrariesInOrder) {
+    kit::Utility utility;
+    EXPECT_EQ(CallNames(),
+              "vdapi_Initialize vdapi_GetVersion KORA_DLL_Initialize KORA_DLL_GetSharedTable "
+              "KORA_DLL_Attach");
+    EXPECT_EQ(board::Calls().front().arguments.front().value, 0u);
+    const Slot* table = KORA_DLL_GetSharedTable();
+    for (std::size_t slot = 0; slot < 4; ++slot)
+        EXPECT_EQ(table[slot], SharedWordSlots()[slot]) << "slot " << slot;
+    board::ForgetCalls();
+    EXPECT_EQ(utility.Close(), 0);
+    EXPECT_EQ(CallNames(), "vdapi_Terminate KORA_DLL_Terminate");
+}
+
+TEST(Start, APreviousInstanceEndsItAtOnce) {
+    EXPECT_EQ(kit::RunToEnd(reinterpret_cast<HINSTANCE>(1)), 1);
+    EXPECT_EQ(CallNames(), "");
+}
+
+TEST(Start, AFailingDriverLibraryEndsItQuietly) {
+    const kit::SettingsFolder settings;
+    board::FailAlways("KORA_DLL_Initialize", VXD_RESOURCE_FAILURE);
+    EXPECT_EQ(kit::RunToEnd(nullptr), 0);
+    EXPECT_EQ(CallNames(), "vdapi_Initialize vdapi_GetVersion KORA_DLL_Initialize");
+}
+
+TEST(Start, AFailingDriverLibraryAtTheEndLeavesTheExitCode) {
+    kit::Utility utility;
+    board::FailAlways("KORA_DLL_Terminate", VXD_RESOURCE_FAILURE);
+    EXPECT_EQ(utility.Close(), 0);
+}
+
+TEST(Start, WithoutABoardItWarnsAndEachOperationNamesItsFailure) {
+    kit::SettingsFolder settings;
+    settings.Write(kit::kBoardFile, "Board", "Present", "0");
+    const kit::Utility utility(settings);
+    kit::MeetBox("GetVersion", "Warning - Tessil Board not found.");
+    utility.Choose(IDM_FILE_RESET);
+    kit::MeetBox("VxD Test - Warning", "vdapi_AUXDEV_Initialize: \nVXD_HARDWARE_FAILURE");
+    kit::MeetBox("VxD Test - Warning", "vdapi_AUXDEV_HardwareReset: \nVXD_HARDWARE_FAILURE");
+    kit::ExpectNoBox();
+}
+
+TEST(Window, ShowsTheNewerBoardsMenuAndGrowsNoLargerThanItsLimit) {
+    const kit::Utility utility;
+    EXPECT_EQ(utility.MenuBar(),
+              "&File|&Debug Levels|VCP&Xi|I&2C|Anl&g Camera|&Stream|A&KM|A&EC|&Jade|&AUXDEV|&486|"
+              "&USS|Au&dio|&Help");
+    const RECT rect = OnUserInterface([&] {
+        SetWindowPos(utility.Window(), nullptr, 0, 0, 2000, 2000, SWP_NOMOVE | SWP_NOZORDER);
+        RECT placed;
+        GetWindowRect(utility.Window(), &placed);
+        return placed;
+    });
+    EXPECT_EQ(rect.right - rect.left, 900);
+    EXPECT_EQ(rect.bottom - rect.top, 180);
+}
+
+COLORREF ColourAt(const kit::Utility& utility, int x, int y) {
+    return OnUserInterface([&] {
+        const HDC dc = GetDC(utility.Window());
+        const COLORREF colour = GetPixel(dc, x, y);
+        ReleaseDC(utility.Window(), dc);
+        return colour;
+    });
+}
+
+TEST(Window, PaintsWhatIsDamagedInANewColourAndLeavesTheRest) {
+    const kit::Utility utility;
+    OnUserInterface([&] { UpdateWindow(utility.Window()); });
+    const COLORREF before = ColourAt(utility, 5, 5);
+    OnUserInterface([&] {
+        const RECT damaged{20, 20, 40, 40};
+        InvalidateRect(utility.Window(), &damaged, FALSE);
+        UpdateWindow(utility.Window());
+    });
+    EXPECT_NE(ColourAt(utility, 25, 25), before);
+    EXPECT_EQ(ColourAt(utility, 5, 5), before);
+    utility.Choose(IDM_HELP_CHANGE_COLOR);
+    OnUserInterface([&] { UpdateWindow(utility.Window()); });
+    EXPECT_NE(ColourAt(utility, 5, 5), before);
+    EXPECT_EQ(ColourAt(utility, 5, 5), ColourAt(utility, 25, 25));
+}
+
+bool IsTopmost(const kit::Utility& utility) {
+    return OnUserInterface(
+        [&] { return (GetWindowLongPtrA(utility.Window(), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; });
+}
+
+TEST(AlwaysOnTop, IsToggledShownAndWrittenToBothFiles) {
+    kit::SettingsFolder settings;
+    const kit::Utility utility(settings);
+    EXPECT_FALSE(IsTopmost(utility) || utility.IsChecked(IDM_HELP_ALWAYS_ON_TOP));
+    for (const char* expected : {"1", "0"}) {
+        utility.Choose(IDM_HELP_ALWAYS_ON_TOP);
+        const bool on = *expected == '1';
+        EXPECT_EQ(IsTopmost(utility), on);
+        EXPECT_EQ(utility.IsChecked(IDM_HELP_ALWAYS_ON_TOP), on);
+        EXPECT_EQ(settings.Read(kit::kOwnFile, "KORA_TST", "AlwaysOnTop"), expected);
+        EXPECT_EQ(settings.Read(kit::kSharedFile, "KORA_TST", "AlwaysOnTop"), expected);
+    }
+}
+
+TEST(AlwaysOnTop, IsRememberedFromTheUtilitysOwnFile) {
+    kit::SettingsFolder settings;
+    settings.Write(kit::kOwnFile, "KORA_TST", "AlwaysOnTop", "1");
+    const kit::Utility utility(settings);
+    EXPECT_TRUE(IsTopmost(utility));
+    EXPECT_TRUE(utility.IsChecked(IDM_HELP_ALWAYS_ON_TOP));
+}
+
+TEST(Led, BlinksOnceASecondUntilItIsSwitchedOff) {
+    kit::SettingsFolder settings;
+    settings.Write(kit::kOwnFile, "KORA_TST", "Menu", "3");
+    const kit::Utility utility(settings);
+    board::ForgetCalls();
+    utility.Choose(IDM_DEBUG_LED);
+    EXPECT_TRUE(utility.IsChecked(IDM_DEBUG_LED));
+    EXPECT_EQ(CallNames(), "vdapi_AUXDEV_Initialize");
+    const auto start = std::chrono::steady_clock::now();
+    while (!board::IsLedLit() && std::chrono::steady_clock::now() - start < std::chrono::seconds(5))
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    const auto lit = std::chrono::steady_clock::now() - start;
+    EXPECT_GT(lit, std::chrono::milliseconds(800));
+    EXPECT_LT(lit, std::chrono::milliseconds(2000));
+    PostMessageA(utility.Window(), WM_TIMER, 1, 0);
+    kit::RunStep([] {});
+    EXPECT_FALSE(board::IsLedLit());
+    utility.Choose(IDM_DEBUG_LED);
+    EXPECT_FALSE(utility.IsChecked(IDM_DEBUG_LED));
+    EXPECT_EQ(board::Calls().back().operation, "vdapi_AUXDEV_Terminate");
+}
+
+TEST(Led, AFailureIsShownOnceAndTheMarkStays) {
+    const kit::Utility utility;
+    board::FailAlways("vdapi_AUXDEV_Initialize", VXD_HARDWARE_FAILURE);
+    board::FailAlways("vdapi_AUXDEV_Activate", VXD_CONFIGURATION_NOT_SET);
+    utility.Command(IDM_DEBUG_LED);
+    kit::MeetBox("VxD Test - Warning", "vdapi_AUXDEV_Initialize: \nVXD_HARDWARE_FAILURE");
+    // The timer runs all the same; its first step is reported and stops it.
+    kit::MeetBox("VxD Test - Warning",
+                 "vdapi_AUXDEV_Activate: AUXDEV_FEATURE_LED: \nVXD_CONFIGURATION_NOT_SET");
+    board::ForgetCalls();
+    std::this_thread::sleep_for(std::chrono::milliseconds(1200));
+    EXPECT_EQ(CallNames(), "");
+    // Switching it off stops what had never started.
+    utility.Command(IDM_DEBUG_LED);
+    kit::MeetBox("VxD Test - Warning", "vdapi_AUXDEV_Terminate: \nVXD_CONFIGURATION_NOT_SET");
+    EXPECT_EQ(CallNames(), "vdapi_AUXDEV_Terminate");
+}
+
+TEST(Menus, TheContextMenuSwitchesBoardsAndTheChoiceIsRemembered) {
+    kit::SettingsFolder settings;
+    const kit::Utility utility(settings);
+    utility.Choose(IDM_HELP_ALWAYS_ON_TOP);
+    PostMessageA(utility.Window(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(utility.Window()), -1);
+    kit::RunStep([] {});
+    for (const WPARAM key : {VK_DOWN, VK_RETURN})
+        PostMessageA(utility.Window(), WM_KEYDOWN, key, 0);
+    kit::RunStep([] {});
+    kit::RunStep([] {});
+    EXPECT_EQ(utility.MenuBar().substr(0, 24), "&File|&Debug|&PCI/Core|V");
+    EXPECT_TRUE(utility.IsChecked(IDM_HELP_ALWAYS_ON_TOP)) << "marks follow to the new bar";
+    EXPECT_EQ(settings.Read(kit::kOwnFile, "KORA_TST", "Menu"), "3");
+    utility.Command(IDM_MENU_NEWER);
+    EXPECT_EQ(utility.MenuBar().substr(0, 20), "&File|&Debug Levels|");
+    EXPECT_EQ(settings.Read(kit::kOwnFile, "KORA_TST", "Menu"), "4");
+}
+
+int PopupsWithStoredMenu(const char* stored) {
+    kit::SettingsFolder settings;
+    settings.Write(kit::kOwnFile, "KORA_TST", "Menu", stored);
+    const kit::Utility utility(settings);
+    return OnUserInterface([&] { return GetMenuItemCount(GetMenu(utility.Window())); });
+}
+
+TEST(Menus, ARememberedOlderMenuIsShownAtTheStart) {
+    EXPECT_EQ(PopupsWithStoredMenu("3"), 24);
+}
+
+TEST(Menus, AnyOtherNumberShowsTheNewerOne) {
+    EXPECT_EQ(PopupsWithStoredMenu("7"), 14);
+}
+
+}  // namespace

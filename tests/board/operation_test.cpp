@@ -1,0 +1,207 @@
+// What holds for every operation: failures asked for, a missing board, the list of calls.
+#include <chrono>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "driver/debug_command.h"
+#include "driver/firmware_command.h"
+#include "driver/parameter_block.h"
+#include "platform/debug_monitor.h"
+#include "platform/win32.h"
+#include "tests/board/board_test.h"
+
+using Operations = BoardTest;
+
+namespace {
+
+ResultCode Debug(uint32_t command, uint32_t size = 0, void* block = nullptr) {
+    return CodeOf(vdapi_Debug(command, size, block));
+}
+
+std::vector<std::string> CallLines() {
+    std::vector<std::string> lines;
+    for (const board::Call& call : board::Calls()) {
+        lines.push_back(board::Describe(call));
+    }
+    return lines;
+}
+
+// The next line of debug output that this process has written; empty where none comes.
+std::string NextOwnLine(DebugMonitor& monitor) {
+    while (const auto line = monitor.Next(std::chrono::seconds(5))) {
+        if (line->processId == GetCurrentProcessId()) {
+            return line->text;
+        }
+    }
+    return "";
+}
+
+}  // namespace
+
+TEST_F(Operations, FailAsAskedForUntilAllIsWellAgain) {
+    board::FailOnce("vdapi_AUXDEV_Activate", VXD_TIMEOUT_FAILURE);
+    EXPECT_EQ(vdapi_AUXDEV_Activate(AUXDEV_FEATURE_LED), VXD_TIMEOUT_FAILURE);
+    EXPECT_FALSE(board::IsLedLit());
+    EXPECT_EQ(vdapi_AUXDEV_Activate(AUXDEV_FEATURE_LED), VXD_SUCCESS);
+    EXPECT_TRUE(board::IsLedLit());
+
+    board::FailAlways("PELLAN_COMMAND_GET_VER", VXD_DSP_EXCEPTION);
+    board::FailAlways("TALVERO_DBG_PCI_OP_INIT", 200);
+    for (int again = 0; again < 2; ++again) {
+        const Answer answer = Send(PELLAN_COMMAND_GET_VER);
+        EXPECT_EQ(answer.code, VXD_DSP_EXCEPTION);
+        EXPECT_TRUE(answer.IsUntouched());
+        EXPECT_EQ(Send(PELLAN_COMMAND_STANDBY).code, VXD_SUCCESS);
+        EXPECT_EQ(Debug(TALVERO_DBG_PCI_OP_INIT), 200);
+    }
+    board::SucceedAgain();
+    EXPECT_EQ(Send(PELLAN_COMMAND_GET_VER).code, VXD_SUCCESS);
+}
+
+TEST_F(Operations, NameTheHardwareWhileNoBoardIsThere) {
+    board::SetPresent(false);
+    uint16_t wide = 0x77;
+    uint8_t narrow = 0x77;
+    EXPECT_EQ(vdapi_GetVersion(&wide, &narrow, &wide, &narrow), VXD_HARDWARE_FAILURE);
+    EXPECT_EQ(wide, 0x77);
+    EXPECT_EQ(Debug(TALVERO_DBG_SEQ_TR_INIT), VXD_HARDWARE_FAILURE);
+    EXPECT_TRUE(Send(PELLAN_COMMAND_GET_VER).IsUntouched());
+    EXPECT_EQ(vdapi_JADE_Reset(0x32), VXD_HARDWARE_FAILURE);
+    EXPECT_EQ(vdapi_Terminate(), VXD_SUCCESS);
+}
+
+TEST_F(Operations, AreListedWithTheirArgumentsBlocksAndResults) {
+    board::ForgetCalls();
+    vdapi_AUXDEV_Activate(4);
+    IsacInitializeBlock block{13, 0x12345678, 1};
+    Debug(TALVERO_DBG_ISAC_TR_INIT, sizeof block, &block);
+    block.device.value = 99;
+    Send(PELLAN_COMMAND_SET_SOFTWARE_VAR, 50, 0x801);
+    Debug(0xFFF);
+    vdapi_BAS_Write(2, -1, nullptr, 0);
+    const uint16_t items[]{0xA1, 0x100};
+    vdapi_I2C_Transfer(items, 2, nullptr);
+    const uint8_t bytes[]{1, 2, 3, 4, 5, 6, 7, 8};
+    vdapi_VCPXI_VCPVariable_SetValue("vcx_bBondOn", 2, 3, bytes, 33);
+    vdapi_VCPXI_VCPVariable_SetValue("vcx_bBondOn", 4, -1, bytes, 33);
+
+    EXPECT_EQ(CallLines(),
+              (std::vector<std::string>{
+                  "vdapi_AUXDEV_Activate(0x4) = 0",
+                  "vdapi_Debug(0x46, 0xC, address) TALVERO_DBG_ISAC_TR_INIT "
+                  "[0D 00 00 00 78 56 34 12 01 00 00 00] = 18",
+                  "vdapi_SendCommand(0x7D0, 0x32, 0x801, 0x0, address, address, address) "
+                  "PELLAN_COMMAND_SET_SOFTWARE_VAR = 0",
+                  "vdapi_Debug(0xFFF, 0x0, none) = 23",
+                  "vdapi_BAS_Write(0x2, 0xFFFFFFFF, none, 0x0) = 18",
+                  "vdapi_I2C_Transfer(address, 0x2, none) [A1 00 00 01] = 18",
+                  "vdapi_VCPXI_VCPVariable_SetValue(\"vcx_bBondOn\", 0x2, 0x3, address, 0x21) "
+                  "[01 02 03 04 05 06] = 18",
+                  "vdapi_VCPXI_VCPVariable_SetValue(\"vcx_bBondOn\", 0x4, 0xFFFFFFFF, address, "
+                  "0x21) = 18",
+              }));
+    board::ForgetCalls();
+    EXPECT_TRUE(board::Calls().empty());
+}
+
+TEST_F(Operations, KeepOnlyTheLastCalls) {
+    for (uint32_t number = 0; number < 10001; ++number) {
+        vdapi_JADE_Reset(number);
+    }
+    const std::vector<board::Call> calls = board::Calls();
+    ASSERT_EQ(calls.size(), 10000u);
+    EXPECT_EQ(calls.front().arguments[0].value, 1u);
+    EXPECT_EQ(calls.back().arguments[0].value, 10000u);
+}
+
+TEST_F(Operations, MayBeWatchedAndDisturbedFromAnotherThread) {
+    std::thread utility([] {
+        for (int step = 0; step < 500; ++step) {
+            vdapi_AUXDEV_Activate(4);
+            Send(PELLAN_COMMAND_GET_VER);
+        }
+    });
+    for (int look = 0; look < 100; ++look) {
+        board::SetPresent(look % 2 == 0);
+        board::FailOnce("PELLAN_COMMAND_GET_VER", VXD_ERR_BIOS);
+        board::Calls();
+        board::GetRevisions();
+    }
+    utility.join();
+    EXPECT_EQ(board::Calls().size(), 1001u);
+}
+
+TEST_F(Operations, RefuseADebugCommandThatIsUnknownOrMisshapen) {
+    BitBlock block{1, 0x00800622};
+    EXPECT_EQ(Debug(0), VXD_INVALID_DEBUG_COMMAND_ID);
+    EXPECT_EQ(Debug(0x36000000 | TALVERO_DBG_SEQ_TR_INIT), VXD_INVALID_DEBUG_COMMAND_ID);
+    EXPECT_EQ(Debug(TALVERO_DBG_SEQ_TR_INIT, sizeof block, &block), VXD_INVALID_PARAMETER);
+    EXPECT_EQ(Debug(TALVERO_DBG_ISAC_OP_BIT_SET), VXD_INVALID_PARAMETER);
+    EXPECT_EQ(Debug(TALVERO_DBG_ISAC_OP_BIT_SET, sizeof block, nullptr), VXD_INVALID_PARAMETER);
+    EXPECT_EQ(Debug(TALVERO_DBG_ISAC_OP_BIT_SET, 12, &block), VXD_INVALID_PARAMETER);
+    EXPECT_EQ(Debug(TALVERO_DBG_ISAC_OP_BIT_SET, sizeof block, &block),
+              VXD_OPERATION_NOT_SUPPORTED);
+}
+
+TEST_F(Operations, GiveTheRevisionsOfTheBoardThatIsThere) {
+    board::SetRevisions({.board = 0x0105, .vpic = 2, .driver = 0x0209, .jade = 0x7F});
+    uint16_t boardRevision = 0;
+    uint16_t driverRevision = 0;
+    uint8_t vpicRevision = 0;
+    uint8_t jadeRevision = 0;
+    EXPECT_EQ(vdapi_GetVersion(&boardRevision, &vpicRevision, &driverRevision, &jadeRevision),
+              VXD_SUCCESS);
+    EXPECT_EQ(boardRevision, 0x0105);
+    EXPECT_EQ(vpicRevision, 2);
+    EXPECT_EQ(driverRevision, 0x0209);
+    EXPECT_EQ(jadeRevision, 0x7F);
+    EXPECT_EQ(vdapi_GetVersion(nullptr, &vpicRevision, &driverRevision, &jadeRevision),
+              VXD_INVALID_PARAMETER);
+
+    const Answer answer = Send(PELLAN_COMMAND_GET_VER);
+    EXPECT_EQ(answer.first, 0x0105u);
+    EXPECT_EQ(answer.second, 0x0209u);
+    EXPECT_EQ(answer.third, 0x027F);
+}
+
+TEST_F(Operations, TakeTheBoardFromTheSettingsFile) {
+    const char* file = kit::kBoardFile;
+    settings_.Write(file, "Board", "Revision", "0x0107");
+    settings_.Write(file, "Board", "DriverRevision", "1026");
+    settings_.Write(file, "Board", "VpicRevision", "010");
+    board::SetRevisions({.board = 1, .vpic = 1, .driver = 1, .jade = 0x31});
+    vdapi_Initialize(0);
+    board::Revisions revisions = board::GetRevisions();
+    EXPECT_EQ(revisions.board, 0x0107);
+    EXPECT_EQ(revisions.driver, 0x0402);
+    EXPECT_EQ(revisions.vpic, 10);
+    EXPECT_EQ(revisions.jade, 0x31) << "a key that is absent changes nothing";
+
+    settings_.Write(file, "Fail", "vdapi_AUXDEV_Terminate", "0x4");
+    settings_.Write(file, "Fail", "PELLAN_COMMAND_GET_VER", "14");
+    EXPECT_EQ(vdapi_AUXDEV_Terminate(), VXD_HARDWARE_FAILURE);
+    EXPECT_EQ(Send(PELLAN_COMMAND_GET_VER).code, VXD_DSP_EXCEPTION);
+    board::FailOnce("PELLAN_COMMAND_GET_VER", VXD_SUCCESS);
+    EXPECT_EQ(Send(PELLAN_COMMAND_GET_VER).code, VXD_SUCCESS);
+
+    EXPECT_TRUE(board::IsPresent());
+    settings_.Write(file, "Board", "Present", "0");
+    vdapi_Initialize(0);
+    EXPECT_FALSE(board::IsPresent());
+}
+
+TEST_F(Operations, AreTracedAsLinesWhereTheSettingsFileWantsIt) {
+    vdapi_AUXDEV_Activate(1);
+    settings_.Write(kit::kBoardFile, "Trace", "Calls", "1");
+    // A place for the monitor that tests running beside this one don't use.
+    char folder[MAX_PATH];
+    GetWindowsDirectoryA(folder, sizeof folder);
+    SetEnvironmentVariableA("XDG_RUNTIME_DIR", folder);
+    DebugMonitor monitor;
+    ASSERT_TRUE(monitor.IsListening());
+    vdapi_Initialize(0);
+    vdapi_AUXDEV_Activate(2);
+    EXPECT_EQ(NextOwnLine(monitor), "vdapi_Initialize(0x0) = 7\n");
+    EXPECT_EQ(NextOwnLine(monitor), "vdapi_AUXDEV_Activate(0x2) = 0\n");
+}

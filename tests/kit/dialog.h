@@ -1,0 +1,61 @@
+// A dialog box or message box of the running program, as the engineer handles it. Every function
+// is the engineer's thread's; it comes back when the program has dealt with what was done.
+#pragma once
+
+#include <string>
+
+#include "platform/win32.h"
+
+namespace kit {
+
+class Dialog {
+  public:
+    explicit Dialog(HWND window) : window_(window) {}
+
+    HWND Handle() const { return window_; }
+    HWND Control(int id) const;
+    std::string Caption() const;
+    bool IsOpen() const;
+
+    // What can be seen.
+    std::string Text(int id) const;
+    bool IsEnabled(int id) const;
+    bool IsChecked(int id) const;
+    int FocusedId() const;
+    // Of a list box or combo box: the number of rows, a row's text, the selected row (-1: none).
+    int Rows(int id) const;
+    std::string Row(int id, int row) const;
+    int SelectedRow(int id) const;
+
+    // What a person does. Typing takes the place of what the field held.
+    void Type(int id, const std::string& text) const;
+    void Press(int id) const;
+    void Pick(int id, int row) const;
+    // The row of this text, which must be there.
+    void Pick(int id, const std::string& text) const;
+    // A key that goes to the focused control.
+    void Key(WPARAM virtualKey) const;
+    // A letter with Alt.
+    void AltKey(char letter) const;
+    void CloseBox() const;
+
+  private:
+    LRESULT Send(int id, UINT message, WPARAM wParam, LPARAM lParam) const;
+    bool IsCombo(int id) const;
+
+    HWND window_;
+};
+
+// The dialog box in front of all others, if one is open.
+Dialog FrontDialog();
+// Waits for the front dialog to have this caption; the test fails when another one stays in front
+// or none comes.
+Dialog WaitForDialog(const std::string& caption);
+// Meets a message box: compares title and text, answers it and waits until it is gone.
+void MeetBox(const std::string& title, const std::string& text, int answer = IDOK);
+// Fails the test if any dialog or message box is open.
+void ExpectNoBox();
+// All texts in a box that a person reads.
+std::string BoxText(const Dialog& box);
+
+}  // namespace kit

@@ -1,0 +1,43 @@
+// The two threads of a test: the engineer, who runs the test's body, and the user interface, which
+// is the process's main thread and runs the program. The engineer acts on the program only by
+// steps that the user interface takes between two messages, as a person's actions arrive.
+//
+// Written in Win32 terms alone, so that the same tests run on every window system.
+#pragma once
+
+#include <functional>
+#include <future>
+#include <type_traits>
+
+#include "platform/win32.h"
+
+namespace kit {
+
+// Runs all tests on a thread of their own, the engineer's, and the user interface on the calling
+// one. Gives the process's exit code.
+int RunTests();
+
+// Engineer's thread: has the user-interface thread run a program. One program a process.
+std::future<int> StartProgram(std::function<int()> program);
+
+// Engineer's thread: runs a step on the user-interface thread behind everything posted so far, and
+// waits for it. A program that has ended takes no steps; one that takes no messages for long ends
+// the process with a complaint.
+void RunStep(const std::function<void()>& step);
+
+// Begins a step that may open a dialog, and does not wait for its end.
+void BeginStep(std::function<void()> step);
+
+// RunStep for a step with a result.
+template <typename Step>
+std::invoke_result_t<Step> OnUserInterface(Step step) {
+    if constexpr (std::is_void_v<std::invoke_result_t<Step>>) {
+        RunStep(step);
+    } else {
+        std::invoke_result_t<Step> result{};
+        RunStep([&] { result = step(); });
+        return result;
+    }
+}
+
+}  // namespace kit

@@ -1,0 +1,37 @@
+// Library names where the file system tells capitals from small letters.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "platform/win32.h"
+#include "tests/platform/temporary_folder.h"
+
+namespace {
+
+TEST(ModulePosixTest, TheLowerCaseSpellingIsTriedLast) {
+    const HMODULE layer = LoadLibraryA("VxdPlatform.Dll");
+    ASSERT_NE(layer, nullptr);
+    EXPECT_NE(GetProcAddress(layer, "LoadLibraryA"), nullptr);
+    EXPECT_TRUE(FreeLibrary(layer));
+}
+
+TEST(ModulePosixTest, AHandleThatWasFreedIsRefused) {
+    const HMODULE first = LoadLibraryA("VXDPLATFORM.DLL");
+    ASSERT_NE(first, nullptr);
+    ASSERT_TRUE(FreeLibrary(first));
+    const HMODULE second = LoadLibraryA("VXDPLATFORM.DLL");
+    EXPECT_NE(second, first);
+    EXPECT_FALSE(FreeLibrary(first));
+    EXPECT_EQ(GetProcAddress(first, "LoadLibraryA"), nullptr);
+    EXPECT_TRUE(FreeLibrary(second));
+}
+
+TEST(ModulePosixTest, ANameWithAFolderIsLookedForThereAlone) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(LoadLibraryA((folder / "VXDPLATFORM.DLL").c_str()), nullptr);
+    WriteBytes(folder / "libdamaged.so", "no library");
+    EXPECT_EQ(LoadLibraryA((folder / "damaged").c_str()), nullptr);
+}
+
+}  // namespace

@@ -1,0 +1,79 @@
+// Loading libraries, and the memory and clock that come with them.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstring>
+#include <thread>
+
+#include "platform/win32.h"
+
+namespace {
+
+TEST(ModuleTest, ALibraryIsFoundByItsNameWithAndWithoutExtension) {
+    const HMODULE library = LoadLibraryA("PAPI.DLL");
+    ASSERT_NE(library, nullptr);
+    EXPECT_NE(GetProcAddress(library, "vdapi_Initialize"), nullptr);
+    EXPECT_EQ(GetProcAddress(library, "GetOutputMode"), nullptr);
+    EXPECT_EQ(LoadLibraryA("PAPI"), library);
+    EXPECT_EQ(GetModuleHandleA("PAPI.dll"), library);
+    EXPECT_TRUE(FreeLibrary(library));
+    EXPECT_NE(GetProcAddress(library, "vdapi_Initialize"), nullptr);
+    EXPECT_TRUE(FreeLibrary(library));
+}
+
+TEST(ModuleTest, AMissingLibraryIsNone) {
+    const UINT mode = SetErrorMode(SEM_NOOPENFILEERRORBOX);
+    EXPECT_EQ(LoadLibraryA("VXDMISSING.DLL"), nullptr);
+    EXPECT_EQ(GetModuleHandleA("VXDMISSING.DLL"), nullptr);
+    EXPECT_EQ(SetErrorMode(mode), UINT{SEM_NOOPENFILEERRORBOX});
+}
+
+TEST(ModuleTest, TheProgramIsAModuleOfItsOwn) {
+    EXPECT_NE(GetModuleHandleA(nullptr), nullptr);
+    EXPECT_EQ(GetModuleHandleA(nullptr), GetModuleHandleA(nullptr));
+}
+
+TEST(MemoryTest, ABlockLiesExactlyWhereItWasWantedOrNowhere) {
+    constexpr std::size_t kSize = 0x20000;
+    constexpr DWORD kType = MEM_RESERVE | MEM_COMMIT;
+    unsigned char* block = nullptr;
+    std::uintptr_t address = 0x20000000;
+    for (; block == nullptr && address < 0x60000000; address += 0x10000) {
+        block = static_cast<unsigned char*>(
+            VirtualAlloc(reinterpret_cast<void*>(address), kSize, kType, PAGE_READWRITE));
+    }
+    ASSERT_EQ(reinterpret_cast<std::uintptr_t>(block), address - 0x10000);
+    EXPECT_EQ(block[kSize - 1], 0);
+    std::memset(block, 0xA5, kSize);
+
+    EXPECT_EQ(VirtualAlloc(block + 0x10000, 0x1000, kType, PAGE_READWRITE), nullptr);
+    EXPECT_EQ(block[0x10000], 0xA5);
+    EXPECT_FALSE(VirtualFree(block, kSize, MEM_RELEASE));
+    EXPECT_TRUE(VirtualFree(block, 0, MEM_RELEASE));
+    EXPECT_EQ(VirtualAlloc(block, kSize, kType, PAGE_READWRITE), block);
+    EXPECT_TRUE(VirtualFree(block, 0, MEM_RELEASE));
+}
+
+TEST(MemoryTest, ABlockAnywhereIsZeroAndBeginsOnA64KBoundary) {
+    auto* const block = static_cast<unsigned char*>(
+        VirtualAlloc(nullptr, 0x12345, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE));
+    ASSERT_NE(block, nullptr);
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(block) % 0x10000, 0u);
+    EXPECT_EQ(block[0x12344], 0);
+    EXPECT_TRUE(VirtualFree(block, 0, MEM_RELEASE));
+    EXPECT_EQ(VirtualAlloc(nullptr, 0, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE), nullptr);
+}
+
+TEST(ClockTest, TicksAreMillisecondsAndThreadsAreToldApart) {
+    const DWORD before = GetTickCount();
+    Sleep(50);
+    const DWORD passed = GetTickCount() - before;
+    EXPECT_GE(passed, 30u);
+    EXPECT_LT(passed, 5000u);
+
+    DWORD other = 0;
+    std::thread([&other] { other = GetCurrentThreadId(); }).join();
+    EXPECT_NE(other, GetCurrentThreadId());
+}
+
+}  // namespace

@@ -1,0 +1,184 @@
+// Profile files as files of a POSIX system: modes, links, other processes.
+#include <gtest/gtest.h>
+#include <pwd.h>
+#include <signal.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/win32.h"
+#include "tests/platform/temporary_folder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool Write(const std::string& file, const std::string& key, const std::string& text) {
+    return WritePrivateProfileStringA("s", key.c_str(), text.c_str(), file.c_str()) != 0;
+}
+
+mode_t ModeOf(const std::string& path) {
+    struct stat status = {};
+    EXPECT_EQ(stat(path.c_str(), &status), 0) << path;
+    return status.st_mode & 07777;
+}
+
+std::vector<std::string> NamesIn(const fs::path& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder))
+        names.push_back(entry.path().filename().string());
+    return names;
+}
+
+// Runs the function in a process of its own.
+pid_t Fork(const std::function<void()>& run) {
+    const pid_t child = fork();
+    if (child == 0) {
+        run();
+        _exit(0);
+    }
+    return child;
+}
+
+class ProfilePosixTest : public testing::Test {
+  protected:
+    ProfilePosixTest() {
+        SetEnvironmentVariableA("XDG_CONFIG_HOME", folder_.Path().string().c_str());
+    }
+
+    TemporaryFolder folder_;
+    std::string file_ = folder_ / "test.ini";
+};
+
+TEST_F(ProfilePosixTest, TheSettingsFolderFollowsTheEnvironmentAndThePasswords) {
+    const auto settingsFolder = [] {
+        std::array<char, 4096> folder = {};
+        GetWindowsDirectoryA(folder.data(), static_cast<UINT>(folder.size()));
+        return std::string(folder.data());
+    };
+    EXPECT_EQ(settingsFolder(), folder_ / "vxdtest");
+
+    const std::string home = std::getenv("HOME") != nullptr ? std::getenv("HOME") : "";
+    SetEnvironmentVariableA("HOME", "/some/home");
+    for (const char* useless : {static_cast<const char*>(nullptr), "", "relative"}) {
+        SetEnvironmentVariableA("XDG_CONFIG_HOME", useless);
+        EXPECT_EQ(settingsFolder(), "/some/home/.config/vxdtest");
+    }
+    SetEnvironmentVariableA("HOME", nullptr);
+    EXPECT_EQ(settingsFolder(), std::string(getpwuid(getuid())->pw_dir) + "/.config/vxdtest");
+    SetEnvironmentVariableA("HOME", home.c_str());
+}
+
+TEST_F(ProfilePosixTest, FolderAndFilesAreMadeForTheUserAloneWhenFirstWritten) {
+    const std::string configuration = folder_ / "deep/er";
+    SetEnvironmentVariableA("XDG_CONFIG_HOME", configuration.c_str());
+    const mode_t mask = umask(0);
+    EXPECT_EQ(GetPrivateProfileIntA("s", "k", 5, "a.ini"), 5u);
+    EXPECT_FALSE(fs::exists(folder_ / "deep"));
+    EXPECT_TRUE(Write("a.ini", "k", "v"));
+    umask(mask);
+    EXPECT_EQ(ModeOf(configuration), 0700u);
+    EXPECT_EQ(ModeOf(configuration + "/vxdtest"), 0700u);
+    EXPECT_EQ(ModeOf(configuration + "/vxdtest/a.ini"), 0600u);
+}
+
+TEST_F(ProfilePosixTest, AFileKeepsItsModeAndItsOwner) {
+    ASSERT_TRUE(Write(file_, "k", "1"));
+    const bool mayGive = chown(file_.c_str(), 12345, 23456) == 0;
+    ASSERT_EQ(chmod(file_.c_str(), 0664), 0);
+    ASSERT_TRUE(Write(file_, "k", "2"));
+    EXPECT_EQ(ModeOf(file_), 0664u);
+    struct stat status = {};
+    ASSERT_EQ(stat(file_.c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, mayGive ? 12345u : geteuid());
+    EXPECT_EQ(status.st_gid, mayGive ? 23456u : getegid());
+}
+
+TEST_F(ProfilePosixTest, ALinkStaysAndItsTargetIsReplaced) {
+    fs::create_directories(folder_ / "there");
+    fs::create_symlink("there/second", folder_ / "first.ini");
+    fs::create_symlink(folder_ / "target.ini", folder_ / "there/second");
+
+    ASSERT_TRUE(Write(folder_ / "first.ini", "k", "dangling"));
+    EXPECT_EQ(ReadBytes(folder_ / "target.ini"), "[s]\r\nk=dangling\r\n");
+    ASSERT_TRUE(Write(folder_ / "first.ini", "k", "again"));
+    EXPECT_EQ(ReadBytes(folder_ / "target.ini"), "[s]\r\nk=again\r\n");
+    EXPECT_TRUE(fs::is_symlink(folder_ / "first.ini"));
+    EXPECT_TRUE(fs::is_symlink(folder_ / "there/second"));
+    EXPECT_FALSE(fs::is_symlink(folder_ / "target.ini"));
+}
+
+TEST_F(ProfilePosixTest, WhatIsReadOnlyStaysAsItIs) {
+    ASSERT_TRUE(Write(file_, "k", "old"));
+    ASSERT_EQ(chmod(file_.c_str(), 0444), 0);
+    EXPECT_FALSE(Write(file_, "k", "new"));
+    ASSERT_EQ(chmod(file_.c_str(), 0644), 0);
+    ASSERT_EQ(chmod(folder_.Path().c_str(), 0555), 0);
+    EXPECT_FALSE(Write(file_, "k", "new"));
+    EXPECT_FALSE(Write(folder_ / "other.ini", "k", "new"));
+    ASSERT_EQ(chmod(folder_.Path().c_str(), 0755), 0);
+    EXPECT_EQ(ReadBytes(file_), "[s]\r\nk=old\r\n");
+    EXPECT_EQ(NamesIn(folder_.Path()), std::vector<std::string>{"test.ini"});
+}
+
+TEST_F(ProfilePosixTest, WhatIsNoFileIsRefusedAndNobodyWaits) {
+    ASSERT_EQ(mkfifo((folder_ / "fifo").c_str(), 0600), 0);
+    fs::create_directories(folder_ / "folder");
+    fs::create_symlink("loop", folder_ / "loop");
+    for (const char* name : {"fifo", "folder", "loop", ""}) {
+        EXPECT_FALSE(Write(folder_ / name, "k", "v")) << name;
+        EXPECT_EQ(GetPrivateProfileIntA("s", "k", 5, (folder_ / name).c_str()), 5u) << name;
+    }
+}
+
+TEST_F(ProfilePosixTest, ProcessesThatWriteDifferentKeysLoseNone) {
+    constexpr int kProcesses = 3;
+    constexpr int kKeys = 60;
+    const auto keyOf = [](int process, int key) {
+        return std::to_string(process) + "_" + std::to_string(key);
+    };
+    std::vector<pid_t> processes;
+    for (int p = 0; p < kProcesses; ++p) {
+        processes.push_back(Fork([&] {
+            for (int k = 0; k < kKeys; ++k)
+                Write(file_, keyOf(p, k), "1");
+        }));
+    }
+    for (const pid_t process : processes)
+        waitpid(process, nullptr, 0);
+    for (int p = 0; p < kProcesses; ++p) {
+        for (int k = 0; k < kKeys; ++k)
+            EXPECT_EQ(GetPrivateProfileIntA("s", keyOf(p, k).c_str(), 0, file_.c_str()), 1u);
+    }
+}
+
+TEST_F(ProfilePosixTest, AWriterKilledAtAnyMomentLeavesTheOldFileOrTheNewOne) {
+    const std::string small = "[s]\r\nk=1\r\n";
+    const std::string longValue(60'000, 'x');
+    const std::string large = "[s]\r\nk=" + longValue + "\r\n";
+    ASSERT_TRUE(Write(file_, "k", "1"));
+    for (useconds_t round = 0; round < 60; ++round) {
+        const pid_t writer = Fork([&] {
+            for (;;) {
+                Write(file_, "k", longValue);
+                Write(file_, "k", "1");
+            }
+        });
+        usleep(1000 + 37 * round);
+        kill(writer, SIGKILL);
+        waitpid(writer, nullptr, 0);
+        const std::string bytes = ReadBytes(file_);
+        ASSERT_TRUE(bytes == small || bytes == large) << bytes.size() << " bytes";
+    }
+    ASSERT_TRUE(Write(file_, "k", "2"));
+    EXPECT_EQ(NamesIn(folder_.Path()), std::vector<std::string>{"test.ini"});
+}
+
+}  // namespace

@@ -1,0 +1,39 @@
+// A dialog of the test's own that writes down what its procedure is told.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/win32.h"
+#include "tests/kit/dialog.h"
+
+namespace kit {
+
+// Engineer's thread. Opens one of the test's dialogs as a program of its own and ends it when
+// the object goes.
+class RecordedDialog {
+  public:
+    // What the procedure answers WM_INITDIALOG with, and what it does then.
+    struct Opening {
+        INT_PTR answer = TRUE;
+        std::function<void(HWND)> act;
+    };
+
+    RecordedDialog(int templateId, const std::string& caption);
+    RecordedDialog(int templateId, const std::string& caption, Opening opening);
+    ~RecordedDialog();
+
+    const Dialog& Shown() const { return dialog_; }
+    // The notifications so far, as "id:code" separated by blanks, and forgets them.
+    std::string TakeNotifications();
+    // Has the dialog end with `result` when it is sent the command `id`.
+    void EndOn(int id, INT_PTR result);
+    // Waits for the dialog's end and gives its result.
+    INT_PTR Result();
+
+  private:
+    Dialog dialog_{nullptr};
+};
+
+}  // namespace kit

@@ -1,0 +1,73 @@
+#include "tests/qt/native.h"
+
+#include <QApplication>
+#include <QTest>
+#include <QWindow>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <future>
+
+#include "platform/qt/qt_screen.h"
+#include "tests/kit/user_interface.h"
+
+namespace native {
+
+QWidget* WidgetOf(HWND window) {
+    const auto id = static_cast<vxd::WidgetId>(reinterpret_cast<std::uintptr_t>(window));
+    return dynamic_cast<vxd::QtScreen&>(vxd::CurrentScreen()).NativeWidget(id);
+}
+
+void DoLast(const std::function<void()>& events) {
+    std::promise<void> done;
+    QMetaObject::invokeMethod(
+        qApp,
+        [&] {
+            events();
+            done.set_value();
+        },
+        Qt::QueuedConnection);
+    constexpr std::chrono::seconds kLongest{30};
+    if (done.get_future().wait_for(kLongest) != std::future_status::ready) {
+        std::fprintf(stderr, "the screen takes no events\n");
+        std::abort();
+    }
+}
+
+void Do(const std::function<void()>& events) {
+    DoLast(events);
+    // The screen waits again when the program has nothing left to do.
+    kit::RunStep([] {});
+    DoLast([] {});
+}
+
+void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(QGuiApplication::focusWindow(), key, modifiers);
+}
+
+void Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    Do([=] { PressKey(key, modifiers); });
+}
+
+void Type(const char* text) {
+    for (; *text != '\0'; ++text)
+        Do([text] { QTest::keyClick(QGuiApplication::focusWindow(), *text); });
+}
+
+void ClickWidget(QWidget& widget, QPoint where, Qt::MouseButton button) {
+    QTest::mouseClick(widget.window()->windowHandle(), button, Qt::NoModifier,
+                      widget.mapTo(widget.window(), where));
+}
+
+void Click(HWND window, Qt::MouseButton button) {
+    Do([=] {
+        QWidget* widget = WidgetOf(window);
+        ClickWidget(*widget, widget->rect().center(), button);
+    });
+}
+
+void ClickAt(HWND window, QPoint where) {
+    Do([=] { ClickWidget(*WidgetOf(window), where); });
+}
+
+}  // namespace native

@@ -1,0 +1,37 @@
+// A person at the keyboard and the mouse: what they do comes in as events of the window system.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "platform/win32.h"
+
+namespace native {
+
+// User-interface thread: the native widget that shows a window.
+QWidget* WidgetOf(HWND window);
+template <typename Widget>
+Widget* As(HWND window) {
+    return dynamic_cast<Widget*>(WidgetOf(window));
+}
+
+// Engineer's thread: runs `events` while the screen takes in native events, and comes back when the
+// program has dealt with them.
+void Do(const std::function<void()>& events);
+// The same for events that end the program; comes back at once.
+void DoLast(const std::function<void()>& events);
+
+// Engineer's thread: keys that go to whatever has the keyboard.
+void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+void Type(const char* text);
+
+// Engineer's thread: mouse buttons in the middle of a window or at a place in it.
+void Click(HWND window, Qt::MouseButton button = Qt::LeftButton);
+void ClickAt(HWND window, QPoint where);
+
+// User-interface thread, inside Do: a click on any native widget.
+void ClickWidget(QWidget& widget, QPoint where, Qt::MouseButton button = Qt::LeftButton);
+// The same for a key, which goes to whatever has the keyboard.
+void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+
+}  // namespace native

@@ -1,0 +1,12 @@
+// Where the tour leaves its pictures.
+#pragma once
+
+#include <string>
+
+namespace tour {
+
+void SetPictureFolder(const std::string& folder);
+// Engineer's thread. Takes a picture of all that is to be seen, under a name without extension.
+void TakePicture(const std::string& name);
+
+}  // namespace tour
