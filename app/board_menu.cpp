@@ -31,6 +31,12 @@ void Choose(HWND window, int menu) {
     WriteSetting(setting::kMenu, menu);
 }
 
+bool IsInClientArea(HWND window, POINT point) {
+    RECT area{};
+    GetClientRect(window, &area);
+    return point.x >= 0 && point.y >= 0 && point.x < area.right && point.y < area.bottom;
+}
+
 }  // namespace
 
 void ShowRememberedMenu(HWND window) {
@@ -45,16 +51,19 @@ void ChooseNewerMenu(HWND window) {
     Choose(window, IDR_MENU_NEWER);
 }
 
-void OfferBoardMenus(HWND window, LPARAM where) {
+bool OfferBoardMenus(HWND window, LPARAM where) {
+    POINT corner{0, 0};
+    ClientToScreen(window, &corner);
     POINT point{static_cast<SHORT>(LOWORD(where)), static_cast<SHORT>(HIWORD(where))};
-    if (where == kAskedByKey) {
-        point = {0, 0};
-        ClientToScreen(window, &point);
-    }
+    if (where == kAskedByKey)
+        point = corner;
+    else if (!IsInClientArea(window, {point.x - corner.x, point.y - corner.y}))
+        return false;
     const HMENU menu = LoadMenuA(AppInstance, MAKEINTRESOURCEA(IDR_MENU_CONTEXT));
     CheckMenuRadioItem(GetSubMenu(menu, 0), IDM_MENU_OLDER, IDM_MENU_NEWER,
                        shownMenu == IDR_MENU_OLDER ? IDM_MENU_OLDER : IDM_MENU_NEWER, MF_BYCOMMAND);
     TrackPopupMenu(GetSubMenu(menu, 0), TPM_LEFTALIGN | TPM_RIGHTBUTTON, point.x, point.y, 0,
                    window, nullptr);
     DestroyMenu(menu);
+    return true;
 }

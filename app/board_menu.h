@@ -9,5 +9,6 @@ void ShowRememberedMenu(HWND window);
 // Shows a board's menu from now on and remembers it.
 void ChooseOlderMenu(HWND window);
 void ChooseNewerMenu(HWND window);
-// Offers both in a context menu at a point of the desktop, as WM_CONTEXTMENU carries it.
-void OfferBoardMenus(HWND window, LPARAM where);
+// Offers both in a context menu at a point of the desktop, as WM_CONTEXTMENU carries it. Gives
+// false, and does nothing, where the point is on the frame, which has a menu of the system's.
+bool OfferBoardMenus(HWND window, LPARAM where);

@@ -88,7 +88,8 @@ LRESULT CALLBACK MainWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lP
                 BlinkLed(window);
             return 0;
         case WM_CONTEXTMENU:
-            OfferBoardMenus(window, lParam);
+            if (!OfferBoardMenus(window, lParam))
+                return DefWindowProcA(window, message, wParam, lParam);
             return 0;
         case kMonitorBytesReceived:
             TraceMonitorBytes();

@@ -19,7 +19,8 @@ void StartToFirstPaint(benchmark::State& state, const char* program, const char*
         state.SkipWithError("not built");
         return;
     }
-    const std::string command = std::string(environment) + " " + path.string() + " 0 > /dev/null";
+    const std::string command =
+        std::string(environment) + " " + path.string() + " 0 > /dev/null 2>&1";
     for (auto _ : state) {
         if (std::system(command.c_str()) != 0)
             state.SkipWithError("does not start");

@@ -17,14 +17,12 @@ namespace {
 // Characters of a number field that count, with the terminator.
 constexpr std::size_t kNumberField = 16;
 
-#define BY_NAME(constant)   \
-    NamedNumber {           \
-#constant, constant \
-    }
+#define BY_NAME(constant) \
+    { #constant, constant }
 
 // The first row lets a number be typed that no other row has.
-constexpr std::array kCommands = {
-    NamedNumber{"Enter your command number or select it from this combo box", 0},
+constexpr auto kCommands = std::to_array<NamedNumber>({
+    {"Enter your command number or select it from this combo box", 0},
     BY_NAME(PELLAN_COMMAND_486_READ_IO),
     BY_NAME(PELLAN_COMMAND_486_READ_MEM),
     BY_NAME(PELLAN_COMMAND_486_WRITE_IO),
@@ -101,9 +99,9 @@ constexpr std::array kCommands = {
     BY_NAME(PELLAN_COMMAND_VCP_GET_VAR),
     BY_NAME(PELLAN_COMMAND_VCP_SET_VAR),
     BY_NAME(PELLAN_COMMAND_WRITE_PORT),
-};
+});
 
-constexpr std::array kAudioParameters = {
+constexpr auto kAudioParameters = std::to_array<NamedNumber>({
     BY_NAME(VC_AUDIOPARAM_AEC),
     BY_NAME(VC_AUDIOPARAM_AGC),
     BY_NAME(VC_AUDIOPARAM_ANS),
@@ -130,7 +128,7 @@ constexpr std::array kAudioParameters = {
     BY_NAME(VC_AUDIOPARAM_SELFLOOP_SELECT),
     BY_NAME(VC_AUDIOPARAM_SPKR_SELECT),
     BY_NAME(VC_AUDIOPARAM_VOLUME),
-};
+});
 
 #undef BY_NAME
 

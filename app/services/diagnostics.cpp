@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdarg>
-#include <cstdio>
 #include <string>
 
 namespace {
@@ -47,12 +46,12 @@ std::string TracePrefix(uint16_t severity) {
 }
 
 // What the debug viewer wants to see; 0 without a viewer.
-INT_PTR ViewerOutputMode() {
+int ViewerOutputMode() {
     if (FindWindowA(kViewerClass, nullptr) == nullptr)
         return 0;
     // A missing library must not raise a box of the system's.
     const UINT errorMode = SetErrorMode(SEM_NOOPENFILEERRORBOX);
-    INT_PTR mode = 0;
+    int mode = 0;
     if (const HMODULE library = LoadLibraryA(kViewerLibrary); library != nullptr) {
         if (const FARPROC getMode = GetProcAddress(library, kViewerModeFunction);
             getMode != nullptr)

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <thread>
 
+#include "app/start.h"
 #include "board/control.h"
 #include "driver/kora_dll32.h"
 #include "driver/shared_words.h"
@@ -64,6 +65,29 @@ TEST(Start, WithoutABoardItWarnsAndEachOperationNamesItsFailure) {
     kit::MeetBox("VxD Test - Warning", "vdapi_AUXDEV_Initialize: \nVXD_HARDWARE_FAILURE");
     kit::MeetBox("VxD Test - Warning", "vdapi_AUXDEV_HardwareReset: \nVXD_HARDWARE_FAILURE");
     kit::ExpectNoBox();
+}
+
+// What sizes of a message queue are asked for until one is granted.
+int smallestGranted = 0;
+int asked = 0;
+
+BOOL WINAPI GrantFrom(int messages) {
+    ++asked;
+    return messages <= smallestGranted;
+}
+
+TEST(Start, AsksForSmallerAndSmallerMessageQueuesDownToNine) {
+    struct Case {
+        int granted;
+        bool enough;
+        int asked;
+    };
+    for (const Case& each : {Case{32, true, 1}, Case{9, true, 24}, Case{8, false, 24}}) {
+        smallestGranted = each.granted;
+        asked = 0;
+        EXPECT_EQ(RequestMessageQueue(GrantFrom), each.enough) << each.granted;
+        EXPECT_EQ(asked, each.asked) << each.granted;
+    }
 }
 
 TEST(Window, ShowsTheNewerBoardsMenuAndGrowsNoLargerThanItsLimit) {

@@ -24,6 +24,7 @@ SettingsFolder::SettingsFolder() {
               ("vxdtest-" + std::to_string(random()) + std::to_string(random()));
     std::filesystem::create_directories(folder_);
     SetEnvironmentVariableA("XDG_CONFIG_HOME", folder_.string().c_str());
+    SetEnvironmentVariableA("XDG_RUNTIME_DIR", folder_.string().c_str());
     RemoveFiles();
 }
 

@@ -12,7 +12,8 @@ inline constexpr char kSharedFile[] = "TALVERO.INI";
 inline constexpr char kBoardFile[] = "board.ini";
 
 // A settings folder with none of the files in it, for this process. Where the system has only one
-// folder for all, the files are taken out of it.
+// folder for all, the files are taken out of it. Debug output, too, goes to monitors of this
+// process alone where the system allows that.
 class SettingsFolder {
   public:
     SettingsFolder();

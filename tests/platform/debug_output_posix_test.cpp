@@ -99,6 +99,7 @@ TEST_F(DebugOutputPosixTest, AFolderThatOthersMayWriteIsNotUsed) {
     struct stat status = {};
     ASSERT_EQ(lstat(place->folder.c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777, 0700u);
+    rmdir(place->folder.c_str());
 }
 
 }  // namespace

@@ -41,9 +41,21 @@ void Do(const std::function<void()>& events) {
     DoLast([] {});
 }
 
-void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    QTest::keyClick(QGuiApplication::focusWindow(), key, modifiers);
+namespace {
+
+// The window that has the keyboard. Offscreen no window manager gives it back when a menu goes.
+QWindow* KeyboardWindow() {
+    QWindow* window = QGuiApplication::focusWindow();
+    return window != nullptr ? window : QApplication::activeWindow()->windowHandle();
 }
+
+}  // namespace
+
+void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(KeyboardWindow(), key, modifiers);
+}
+
+void TypeLetter(char letter) { QTest::keyClick(KeyboardWindow(), letter); }
 
 void Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     Do([=] { PressKey(key, modifiers); });
@@ -51,7 +63,7 @@ void Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
 
 void Type(const char* text) {
     for (; *text != '\0'; ++text)
-        Do([text] { QTest::keyClick(QGuiApplication::focusWindow(), *text); });
+        Do([text] { TypeLetter(*text); });
 }
 
 void ClickWidget(QWidget& widget, QPoint where, Qt::MouseButton button) {

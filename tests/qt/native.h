@@ -31,7 +31,8 @@ void ClickAt(HWND window, QPoint where);
 
 // User-interface thread, inside Do: a click on any native widget.
 void ClickWidget(QWidget& widget, QPoint where, Qt::MouseButton button = Qt::LeftButton);
-// The same for a key, which goes to whatever has the keyboard.
+// The same for keys, which go to whatever has the keyboard.
 void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+void TypeLetter(char letter);
 
 }  // namespace native

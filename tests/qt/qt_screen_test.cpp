@@ -13,6 +13,7 @@
 #include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QDebug>
 #include <QWindow>
 #include <algorithm>
 #include <string>
@@ -211,9 +212,9 @@ TEST_F(FormTest, KeysTypedAheadGoWhereTheFocusIsByThen) {
     native::Do([] {
         native::PressKey(Qt::Key_N, Qt::AltModifier);
         for (const char letter : {'1', '2', '3'})
-            QTest::keyClick(QGuiApplication::focusWindow(), letter);
+            native::TypeLetter(letter);
         native::PressKey(Qt::Key_Tab);
-        QTest::keyClick(QGuiApplication::focusWindow(), '4');
+        native::TypeLetter('4');
     });
     for (int turn = 0; turn < 6; ++turn)
         native::Do([] {});
@@ -252,7 +253,9 @@ TEST_F(FormTest, AChoiceFromADropDownListNotifiesAndOneByTheProgramDoesNot) {
     EXPECT_EQ(TakeNoticesOf(IDC_PLACE), std::vector<Notice>{});
 
     native::Click(place);
+    native::Do([] { qDebug() << QApplication::activePopupWidget() << QApplication::activeWindow() << QApplication::focusWidget(); });
     native::Press(Qt::Key_Down);
+    native::Do([] { qDebug() << QApplication::activePopupWidget() << QApplication::activeWindow() << QApplication::focusWidget(); });
     native::Press(Qt::Key_Return);
     EXPECT_EQ(form_.SelectedRow(IDC_PLACE), 3);
     EXPECT_TRUE(form_.IsOpen()) << "the list's Enter was taken for the dialog's";

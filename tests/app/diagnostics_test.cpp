@@ -1,0 +1,158 @@
+// The trace and the message boxes.
+#include "app/services/diagnostics.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <regex>
+#include <string>
+#include <vector>
+
+#include "platform/debug_monitor.h"
+#include "res/resource.h"
+#include "tests/kit/user_interface.h"
+#include "tests/kit/utility.h"
+
+namespace {
+
+constexpr std::chrono::milliseconds kLineIsComing{2000};
+
+class Trace : public testing::Test {
+  protected:
+    // Writes a line at a severity and gives all that a viewer then sees.
+    std::vector<std::string> Write(uint16_t severity, const std::string& text) {
+        kit::RunStep([&] {
+            DbgMsg(severity, "%s", text.c_str());
+            OutputDebugStringA("end of test line\n");
+        });
+        std::vector<std::string> lines;
+        while (auto line = monitor_.Next(kLineIsComing)) {
+            if (line->text == "end of test line\n")
+                return lines;
+            lines.push_back(line->text);
+        }
+        ADD_FAILURE() << "the debug output does not arrive";
+        return lines;
+    }
+
+    kit::SettingsFolder settings_;
+    DebugMonitor monitor_;
+    kit::Utility utility_{settings_};
+};
+
+TEST_F(Trace, IsSilentWithoutAViewerUntilALevelIsChosen) {
+    EXPECT_TRUE(Write(1, "nothing\n").empty());
+    utility_.Command(IDM_DEBUG_KORA_ERROR);
+    EXPECT_EQ(Write(1, "now\n").size(), 1u);
+    EXPECT_TRUE(Write(2, "too much detail\n").empty());
+    utility_.Command(IDM_DEBUG_KORA_MUTE);
+    EXPECT_TRUE(Write(1, "silence\n").empty());
+}
+
+TEST_F(Trace, ALineBeginsWithTimeProcessSeverityAndSource) {
+    utility_.Command(IDM_DEBUG_KORA_TRACE_3);
+    const auto lines = Write(5, "hello\n");
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_TRUE(std::regex_match(
+        lines.front(), std::regex("[ 0-9]{2}[0-9]\\*[ 0-9A-F][0-9A-F]: \\[5\\]KORATST:\t hello\n")))
+        << lines.front();
+}
+
+TEST_F(Trace, ALineThatIsTooLongIsAnnouncedAndCut) {
+    utility_.Command(IDM_DEBUG_KORA_ERROR);
+    const std::size_t prefix = Write(1, "").front().size();
+    EXPECT_EQ(Write(1, std::string(511 - prefix, 'x')).front().size(), 511u);
+    const auto lines = Write(1, std::string(512 - prefix, 'x') + "\n");
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_EQ(lines[0], "*** THE FOLLOWING DBGMSG DOES NOT FIT IN STACK ALLOCATED STRING ***\n");
+    EXPECT_LE(lines[1].size(), 511u);
+    EXPECT_EQ(lines[1].substr(lines[1].size() - 18), "*** Truncated ***\n");
+    EXPECT_EQ(Write(1, std::string(900, 'y')).size(), 2u);
+}
+
+TEST_F(Trace, MonitorBytesAreTracedAndStartAsOnes) {
+    utility_.Command(IDM_DEBUG_KORA_ERROR);
+    PostMessageA(utility_.Window(), WM_USER + 1, 0, 0);
+    const auto line = monitor_.Next(kLineIsComing);
+    ASSERT_TRUE(line);
+    EXPECT_NE(line->text.find("TALVERO_DBG_MON_TR_RCV: [0xFF] [0xFF] [0xFF]\n"), std::string::npos)
+        << line->text;
+}
+
+TEST_F(Trace, EachLevelCommandIsRememberedTenfold) {
+    struct Case {
+        UINT command;
+        const char* written;
+    };
+    for (const Case& each :
+         {Case{IDM_DEBUG_KORA_MUTE, "0"}, Case{IDM_DEBUG_KORA_ERROR, "10"},
+          Case{IDM_DEBUG_KORA_WARN, "20"}, Case{IDM_DEBUG_KORA_TRACE_1, "30"},
+          Case{IDM_DEBUG_KORA_TRACE_2, "40"}, Case{IDM_DEBUG_KORA_TRACE_3, "50"}}) {
+        utility_.Command(each.command);
+        EXPECT_EQ(settings_.Read(kit::kSharedFile, "KORA_TST", "DebugLevel"), each.written);
+    }
+}
+
+// A viewer is a window of its class and a library that says that it wants to see something.
+TEST_F(Trace, AViewerKeepsTheLevelWhileItsOutputModeIsNotZero) {
+    kit::RunStep([] { SetDebugOutputLevel(20); });
+    EXPECT_TRUE(Write(20, "no viewer\n").empty());
+    kit::RunStep([] {
+        WNDCLASSA viewer{};
+        viewer.lpfnWndProc = DefWindowProcA;
+        viewer.hInstance = GetModuleHandleA(nullptr);
+        viewer.lpszClassName = "DBWin";
+        RegisterClassA(&viewer);
+        CreateWindowExA(0, "DBWin", "Viewer", WS_OVERLAPPEDWINDOW, 0, 0, 100, 100, nullptr, nullptr,
+                        viewer.hInstance, nullptr);
+        SetDebugOutputLevel(20);
+    });
+    EXPECT_EQ(Write(20, "viewer\n").size(), 1u);
+    EXPECT_TRUE(Write(21, "more than the level\n").empty());
+    kit::RunStep([] {
+        const HMODULE library = LoadLibraryA("DBWIN.DLL");
+        const auto setMode = reinterpret_cast<void (*)(int)>(
+            reinterpret_cast<void*>(GetProcAddress(library, "SetOutputMode")));
+        setMode(0);
+        SetDebugOutputLevel(20);
+        FreeLibrary(library);
+    });
+    EXPECT_TRUE(Write(1, "viewer that is off\n").empty());
+}
+
+TEST(Reports, AFailureNamesTheOperationAndTheError) {
+    const kit::Utility utility;
+    struct Case {
+        ResultCode code;
+        const char* text;
+    };
+    for (const Case& each :
+         {Case{1, "vdapi_X: \nVXD_INVALID_PARAMETER"}, Case{13, "vdapi_X: \nVXD_TIMEOUT_FAILURE"},
+          Case{32, "vdapi_X: \nVXD_PACKET_TOO_BIG"}, Case{33, "vdapi_X: \nUnknown Error"},
+          Case{0xFFFF, "vdapi_X: \nUnknown Error"}}) {
+        kit::BeginStep([&] { ReportFailure(utility.Window(), each.code, "vdapi_X"); });
+        kit::MeetBox("VxD Test - Warning", each.text);
+    }
+    kit::BeginStep([&] { ReportFailure(utility.Window(), 0, "vdapi_X"); });
+    kit::ExpectNoBox();
+}
+
+TEST(Reports, AMessageHasItsKindsTitleAndIsCutAt255Characters) {
+    const kit::Utility utility;
+    int answer = 0;
+    const auto show = [&](MessageKind kind, const char* text, const char* detail) {
+        kit::BeginStep([=, &answer] { answer = ShowMessage(nullptr, kind, text, detail); });
+    };
+    const std::string longText(300, 'x');
+    show(MessageKind::kInformation, longText.c_str(), "lost");
+    kit::MeetBox("VxD Test - Informative Message", longText.substr(0, 255));
+    show(MessageKind::kFatalError, nullptr, "detail alone");
+    kit::MeetBox("VxD Test - Fatal Error", ": \ndetail alone");
+    show(MessageKind::kQuestion, "Really?", nullptr);
+    kit::MeetBox("VxD Test - Informative Message", "Really?", IDNO);
+    EXPECT_EQ(kit::OnUserInterface([&] { return answer; }), IDNO);
+    show(static_cast<MessageKind>(4), "nothing", nullptr);
+    kit::ExpectNoBox();
+}
+
+}  // namespace
