@@ -102,7 +102,7 @@ uint32_t WINAPI vdapi_Debug(uint32_t command, uint32_t size, void* block) {
             if (size != known->blockSize || (size != 0 && !block)) {
                 return VXD_INVALID_PARAMETER;
             }
-            return NotYetSimulated(state);
+            return known->handle ? known->handle(state, block) : NotYetSimulated(state);
         });
 }
 

@@ -478,7 +478,6 @@ BOOL WINAPI UpdateWindow(HWND window);
 BOOL WINAPI EnableWindow(HWND window, BOOL enable);
 BOOL WINAPI IsWindowEnabled(HWND window);
 BOOL WINAPI SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, UINT flags);
-BOOL WINAPI MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
 BOOL WINAPI GetWindowRect(HWND window, LPRECT rect);
 BOOL WINAPI GetClientRect(HWND window, LPRECT rect);
 BOOL WINAPI ClientToScreen(HWND window, LPPOINT point);
@@ -496,8 +495,6 @@ HWND WINAPI SetFocus(HWND window);
 HWND WINAPI GetFocus(void);
 HWND WINAPI GetActiveWindow(void);
 LRESULT WINAPI DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-LRESULT WINAPI CallWindowProcA(WNDPROC procedure, HWND window, UINT message, WPARAM wParam,
-                               LPARAM lParam);
 
 // Messages and timers.
 BOOL WINAPI SetMessageQueue(int messages);
@@ -538,7 +535,6 @@ BOOL WINAPI SetMenu(HWND window, HMENU menu);
 BOOL WINAPI DrawMenuBar(HWND window);
 HMENU WINAPI GetSubMenu(HMENU menu, int position);
 int WINAPI GetMenuItemCount(HMENU menu);
-UINT WINAPI GetMenuItemID(HMENU menu, int position);
 UINT WINAPI GetMenuState(HMENU menu, UINT item, UINT flags);
 int WINAPI GetMenuStringA(HMENU menu, UINT item, LPSTR text, int capacity, UINT flags);
 BOOL WINAPI AppendMenuA(HMENU menu, UINT flags, UINT_PTR item, LPCSTR text);
@@ -553,8 +549,6 @@ BOOL WINAPI EndPaint(HWND window, const PAINTSTRUCT* paint);
 HDC WINAPI GetDC(HWND window);
 int WINAPI ReleaseDC(HWND window, HDC dc);
 BOOL WINAPI InvalidateRect(HWND window, const RECT* rect, BOOL erase);
-BOOL WINAPI ValidateRect(HWND window, const RECT* rect);
-BOOL WINAPI GetUpdateRect(HWND window, LPRECT rect, BOOL erase);
 HBRUSH WINAPI CreateSolidBrush(COLORREF colour);
 BOOL WINAPI DeleteObject(HGDIOBJ object);
 int WINAPI FillRect(HDC dc, const RECT* rect, HBRUSH brush);

@@ -278,11 +278,6 @@ int WINAPI GetMenuItemCount(HMENU handle) {
     return menu != nullptr ? static_cast<int>(menu->items.size()) : -1;
 }
 
-UINT WINAPI GetMenuItemID(HMENU menu, int position) {
-    const vxd::MenuItem* item = vxd::ItemOf(menu, static_cast<UINT>(position), MF_BYPOSITION);
-    return item != nullptr && item->popup == nullptr ? item->id : static_cast<UINT>(-1);
-}
-
 UINT WINAPI GetMenuState(HMENU menu, UINT id, UINT flags) {
     const vxd::MenuItem* item = vxd::ItemOf(menu, id, flags);
     if (item == nullptr)

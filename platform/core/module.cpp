@@ -109,8 +109,8 @@ void* OpenLibrary(std::string_view name, int mode) {
     if (folder.empty())
         folders.push_back(LayerFolder());
     for (const std::string& spelling : {title, lower}) {
-        for (const std::string& place : folders) {
-            const std::string path = place + "lib" + spelling + ".so";
+        for (std::string path : folders) {
+            path.append("lib").append(spelling).append(".so");
             if (void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | mode))
                 return library;
         }

@@ -204,24 +204,6 @@ BOOL WINAPI InvalidateRect(HWND handle, const RECT* rect, BOOL erase) {
     return TRUE;
 }
 
-BOOL WINAPI ValidateRect(HWND handle, const RECT* rect) {
-    Window* window = FindWindowOf(handle);
-    if (window == nullptr)
-        return FALSE;
-    const vxd::Rect valid = rect != nullptr ? vxd::FromRect(*rect) : vxd::ClientRect(*window);
-    if (window->update && vxd::Intersection(*window->update, valid) == *window->update)
-        window->update.reset();
-    return TRUE;
-}
-
-BOOL WINAPI GetUpdateRect(HWND handle, LPRECT rect, BOOL /*erase*/) {
-    const Window* window = FindWindowOf(handle);
-    const bool waiting = window != nullptr && window->update;
-    if (rect != nullptr)
-        *rect = waiting ? vxd::ToRect(*window->update) : RECT{};
-    return waiting;
-}
-
 BOOL WINAPI UpdateWindow(HWND handle) {
     const Window* window = FindWindowOf(handle);
     if (window == nullptr)

@@ -134,15 +134,19 @@ struct Profile {
     bool IsUtf16() const { return IsUtf16Profile(bytes); }
 };
 
-// Where a name leads: the folder, and the name in it.
+// Where a path leads: the folder, and the name in it.
 struct Place {
     std::string folder;
     std::string name;
+    bool inSettings = false;
 };
 
+// A bare name is one of the settings folder's.
 Place PlaceOf(std::string_view path) {
-    const std::size_t slash = path.rfind('/') + 1;
-    return {std::string(path.substr(0, slash)), std::string(path.substr(slash))};
+    const std::size_t name = path.rfind('/') + 1;
+    if (name == 0)
+        return {SettingsFolder(), std::string(path), true};
+    return {std::string(path.substr(0, name)), std::string(path.substr(name))};
 }
 
 std::optional<Place> FollowLink(const Descriptor& folder, const Place& link) {
@@ -155,47 +159,61 @@ std::optional<Place> FollowLink(const Descriptor& folder, const Place& link) {
     return path.starts_with('/') ? PlaceOf(path) : PlaceOf(link.folder + "/" + std::string(path));
 }
 
-// Opens and reads the file that the name stands for: the one of exactly this name, else one whose
+Descriptor OpenFile(const Descriptor& folder, const std::string& name, Access access) {
+    constexpr int kFlags = O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+    const int flags = kFlags | (access == Access::kWrite ? O_RDWR : O_RDONLY);
+    return Descriptor(openat(folder.Get(), name.c_str(), flags));
+}
+
+// Takes in what is in the file; false when it can't be read or is no regular file.
+bool ReadInto(Profile& profile, const Descriptor& file) {
+    if (fstat(file.Get(), &profile.status) != 0 || !S_ISREG(profile.status.st_mode))
+        return false;
+    auto bytes = ReadAll(file, static_cast<std::size_t>(profile.status.st_size));
+    if (!bytes)
+        return false;
+    profile.exists = true;
+    profile.bytes = std::move(*bytes);
+    return true;
+}
+
+// Opens the folder; for writing, makes the settings folder where it is missing and takes the lock.
+Descriptor EnterFolder(const Place& place, Access access) {
+    Descriptor folder = OpenFolder(place.folder);
+    if (access == Access::kRead)
+        return folder;
+    if (!folder && errno == ENOENT && place.inSettings) {
+        CreateFolder(place.folder);
+        folder = OpenFolder(place.folder);
+    }
+    return folder && Lock(folder) ? std::move(folder) : Descriptor();
+}
+
+// Opens and reads the file that the path stands for: the one of exactly this name, else one whose
 // name differs in case only. Symbolic links are followed by hand, so that what is locked and
-// replaced is the file at their end, which need not exist. For writing, the folder is locked.
-// Nothing when the folder or the file can't be used that way.
+// replaced is the file at their end, which need not exist. Nothing when the folder or the file
+// can't be used that way.
 std::optional<Profile> OpenProfile(std::string_view path, Access access) {
-    const bool bare = path.find('/') == std::string_view::npos;
-    Place place = bare ? Place{SettingsFolder(), std::string(path)} : PlaceOf(path);
+    Place place = PlaceOf(path);
     constexpr int kMaxLinks = 40;
     for (int links = 0; links <= kMaxLinks; ++links) {
         Profile profile;
-        profile.folder = OpenFolder(place.folder);
-        if (!profile.folder && errno == ENOENT && access == Access::kWrite && bare && links == 0) {
-            CreateFolder(place.folder);
-            profile.folder = OpenFolder(place.folder);
-        }
-        if (!profile.folder || (access == Access::kWrite && !Lock(profile.folder)))
+        profile.folder = EnterFolder(place, access);
+        if (!profile.folder)
             return std::nullopt;
-
-        const int flags = (access == Access::kWrite ? O_RDWR : O_RDONLY) | O_NOFOLLOW | O_NONBLOCK |
-                          O_NOCTTY | O_CLOEXEC;
-        Descriptor file(openat(profile.folder.Get(), place.name.c_str(), flags));
+        Descriptor file = OpenFile(profile.folder, place.name, access);
         if (!file && errno == ENOENT) {
-            const auto match = FindIgnoringCase(profile.folder, place.name);
-            if (match) {
+            if (const auto match = FindIgnoringCase(profile.folder, place.name)) {
                 place.name = *match;
-                file = Descriptor(openat(profile.folder.Get(), place.name.c_str(), flags));
+                file = OpenFile(profile.folder, place.name, access);
             } else {
                 profile.name = place.name;
                 return profile;
             }
         }
         if (file) {
-            if (fstat(file.Get(), &profile.status) != 0 || !S_ISREG(profile.status.st_mode))
-                return std::nullopt;
-            auto bytes = ReadAll(file, static_cast<std::size_t>(profile.status.st_size));
-            if (!bytes)
-                return std::nullopt;
             profile.name = place.name;
-            profile.exists = true;
-            profile.bytes = std::move(*bytes);
-            return profile;
+            return ReadInto(profile, file) ? std::optional(std::move(profile)) : std::nullopt;
         }
         if (errno != ELOOP)
             return std::nullopt;

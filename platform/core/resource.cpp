@@ -8,42 +8,10 @@
 
 #include "platform/core/resource_registry.h"
 #include "platform/core/text.h"
+#include "platform/core/utf16.h"
 
 namespace vxd {
 namespace {
-
-std::string Utf8(std::u16string_view text) {
-    constexpr char32_t kReplacement = 0xFFFD;
-    const auto isHigh = [](char32_t unit) { return unit >= 0xD800 && unit < 0xDC00; };
-    const auto isLow = [](char32_t unit) { return unit >= 0xDC00 && unit < 0xE000; };
-    std::string result;
-    const auto append = [&result](char32_t byte) { result.push_back(static_cast<char>(byte)); };
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        char32_t code = text[i];
-        if (isHigh(code) && i + 1 < text.size() && isLow(text[i + 1]))
-            code = 0x10000 + ((code - 0xD800) << 10) + (text[++i] - 0xDC00u);
-        else if (isHigh(code) || isLow(code))
-            code = kReplacement;
-
-        if (code < 0x80) {
-            append(code);
-            continue;
-        }
-        if (code < 0x800) {
-            append(0xC0 | code >> 6);
-        } else {
-            if (code < 0x10000) {
-                append(0xE0 | code >> 12);
-            } else {
-                append(0xF0 | code >> 18);
-                append(0x80 | (code >> 12 & 0x3F));
-            }
-            append(0x80 | (code >> 6 & 0x3F));
-        }
-        append(0x80 | (code & 0x3F));
-    }
-    return result;
-}
 
 // Reads little-endian data from front to back. Reading past the end gives zeros and empty texts
 // from there on, and Failed() tells.
@@ -77,7 +45,7 @@ class Reader {
         std::u16string text;
         for (char16_t unit = Word(); unit != 0; unit = Word())
             text.push_back(unit);
-        return Utf8(text);
+        return Utf8FromUtf16(text);
     }
 
     ResourceName Name() {

@@ -3,7 +3,7 @@
 //
 // Nothing in the data is trusted: every length and offset is checked against the end of the bytes
 // given. Where they are damaged a reader gives nothing, and never part of a resource. Texts become
-// UTF-8; half of a surrogate pair becomes U+FFFD.
+// UTF-8.
 //
 // Threads: the readers keep no state. FindResource may be called from any thread once the program
 // has started.

@@ -558,14 +558,6 @@ BOOL WINAPI SetWindowPos(HWND handle, HWND after, int x, int y, int width, int h
     return TRUE;
 }
 
-BOOL WINAPI MoveWindow(HWND handle, int x, int y, int width, int height, BOOL repaint) {
-    if (!SetWindowPos(handle, nullptr, x, y, width, height, SWP_NOZORDER | SWP_NOACTIVATE))
-        return FALSE;
-    if (repaint)
-        InvalidateRect(handle, nullptr, TRUE);
-    return TRUE;
-}
-
 BOOL WINAPI GetWindowRect(HWND handle, LPRECT rect) {
     const Window* window = FindWindowOf(handle);
     if (window == nullptr || rect == nullptr)
@@ -746,11 +738,6 @@ HWND WINAPI GetFocus() {
 
 HWND WINAPI GetActiveWindow() {
     return TheDesk().active;
-}
-
-LRESULT WINAPI CallWindowProcA(WNDPROC procedure, HWND handle, UINT message, WPARAM wParam,
-                               LPARAM lParam) {
-    return procedure != nullptr ? procedure(handle, message, wParam, lParam) : 0;
 }
 
 LRESULT WINAPI DefWindowProcA(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {

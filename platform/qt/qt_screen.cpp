@@ -7,6 +7,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QTimer>
+#include <QWindow>
 #include <algorithm>
 #include <vector>
 
@@ -39,6 +40,8 @@ QtScreen::QtScreen()
       timeLimit_(std::make_unique<QTimer>()),
       watcher_(std::make_unique<Watcher>(*this)) {
     timeLimit_->setSingleShot(true);
+    QObject::connect(qApp, &QGuiApplication::focusWindowChanged, watcher_.get(),
+                     [this](QWindow* window) { PassOnKeyboard(window); });
 }
 
 QtScreen::~QtScreen() {
@@ -289,12 +292,7 @@ bool QtScreen::Intercept(QWidget& receiver, QEvent& event) {
         case QEvent::KeyRelease:
             return InterceptKey(receiver, static_cast<QKeyEvent&>(event));
         case QEvent::ShortcutOverride:
-            // Dialogs have their keys from the core; Qt's own mnemonics must not take them.
-            if (const Control* top = ControlOf(receiver.window());
-                top == nullptr || (top->Kind() != WidgetKind::kDialog && !IsShutOut(receiver)))
-                return false;
-            event.accept();
-            return true;
+            return InterceptShortcut(receiver, static_cast<QKeyEvent&>(event));
         case QEvent::FocusIn:
             ReportFocus(receiver, event);
             return false;
@@ -324,24 +322,45 @@ bool QtScreen::IsShutOut(const QWidget& receiver) const {
     return top != nullptr && !top->TakesInput();
 }
 
+bool QtScreen::InterceptShortcut(QWidget& receiver, QKeyEvent& event) {
+    if (QApplication::activePopupWidget() != nullptr) {
+        popupKey_ = event.key();
+        return false;
+    }
+    if (TakesKeysFirst(receiver))
+        popupKey_ = 0;
+    // Dialogs have their keys from the core; Qt's own mnemonics must not take them.
+    const Control* top = ControlOf(receiver.window());
+    if (top == nullptr || (top->Kind() != WidgetKind::kDialog && !IsShutOut(receiver)))
+        return false;
+    event.accept();
+    return true;
+}
+
 bool QtScreen::InterceptKey(QWidget& receiver, QKeyEvent& event) {
     if (IsShutOut(receiver))
         return true;
+    const bool isPress = event.type() == QEvent::KeyPress;
+    const bool beganInPopup = isPress && std::exchange(popupKey_, 0) == event.key();
     // An open menu or list and an active menu bar have their keys for themselves.
     if (QApplication::activePopupWidget() != nullptr ||
         dynamic_cast<const QMenuBar*>(&receiver) != nullptr)
         return false;
-    // A key is looked at when it comes to the focus, not again on its way up to the window.
-    const QWidget* focus = receiver.window()->focusWidget();
-    if (focus != nullptr ? focus != &receiver : !receiver.isWindow())
-        return false;
-    if (!report_.IsOpen() || ControlOf(&receiver) == nullptr)
+    if (beganInPopup)
+        return true;
+    if (!report_.IsOpen() || !TakesKeysFirst(receiver) || ControlOf(&receiver) == nullptr)
         return false;
     if (!deliveringKey_ && (report_.Handed() || !heldKeys_.empty())) {
         heldKeys_.emplace_back(event.clone());
         return true;
     }
-    return event.type() == QEvent::KeyPress && OfferKey(receiver, event);
+    return isPress && OfferKey(receiver, event);
+}
+
+// Whether a key comes to the widget from the desktop, and not on its way up from the focus.
+bool QtScreen::TakesKeysFirst(const QWidget& receiver) {
+    const QWidget* focus = receiver.window()->focusWidget();
+    return focus != nullptr ? focus == &receiver : receiver.isWindow();
 }
 
 bool QtScreen::OfferKey(QWidget& receiver, const QKeyEvent& event) {
@@ -378,6 +397,17 @@ void QtScreen::ReportFocus(const QWidget& receiver, const QEvent& event) {
         return;
     if (const Control* control = ControlOf(&receiver); control != nullptr)
         report_(input::Focused, control->Id());
+}
+
+// The keyboard belongs to the dialog in front of a disabled window, whichever of them was clicked.
+void QtScreen::PassOnKeyboard(const QWindow* window) {
+    for (const auto& [id, front] : controls_) {
+        QWidget& widget = front->Widget();
+        const QWidget* behind = NativeWidget(front->Holder());
+        if (window != nullptr && widget.isWindow() && widget.isVisible() && behind != nullptr &&
+            behind->windowHandle() == window && IsShutOut(*behind))
+            widget.activateWindow();
+    }
 }
 
 // Tells which window is active now if that is another one than was told last. What changed twice in

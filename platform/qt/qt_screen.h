@@ -20,6 +20,7 @@ class QMenu;
 class QObject;
 class QTimer;
 class QWidget;
+class QWindow;
 
 namespace vxd {
 namespace qt {
@@ -84,10 +85,13 @@ class QtScreen final : public Screen {
 
     // Look at native events before Qt does; true keeps the event from its receiver.
     bool Intercept(QWidget& receiver, QEvent& event);
+    bool InterceptShortcut(QWidget& receiver, QKeyEvent& event);
     bool InterceptKey(QWidget& receiver, QKeyEvent& event);
+    static bool TakesKeysFirst(const QWidget& receiver);
     bool OfferKey(QWidget& receiver, const QKeyEvent& event);
     bool IsShutOut(const QWidget& receiver) const;
     void ReportFocus(const QWidget& receiver, const QEvent& event);
+    void PassOnKeyboard(const QWindow* window);
     void ReportActivation();
     void DeliverHeldKeys();
 
@@ -98,6 +102,9 @@ class QtScreen final : public Screen {
     // focus.
     std::deque<std::unique_ptr<QKeyEvent>> heldKeys_;
     bool deliveringKey_ = false;
+    // The key that an open menu or list was asked about last. It may close at that already; the
+    // press of the key follows.
+    int popupKey_ = 0;
     WidgetId reportedActive_ = 0;
     std::unique_ptr<QMenu> popup_;
     QAbstractEventDispatcher* dispatcher_;

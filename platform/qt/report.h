@@ -25,13 +25,24 @@ class Report {
     // Whether anything was handed over since the gate was opened.
     bool Handed() const { return handed_; }
 
-    template <typename Result, typename... Arguments>
-    Result operator()(Result (*input)(Arguments...), std::type_identity_t<Arguments>... arguments) {
+    template <typename... Arguments>
+    void operator()(void (*input)(Arguments...), std::type_identity_t<Arguments>... arguments) {
         if (!open_)
-            return Result();
+            return;
         before_();
         handed_ = true;
-        return input(std::forward<Arguments>(arguments)...);
+        input(std::forward<Arguments>(arguments)...);
+    }
+
+    // An offer: handed over only if the core takes it. Gives whether it does.
+    template <typename... Arguments>
+    bool operator()(bool (*input)(Arguments...), std::type_identity_t<Arguments>... arguments) {
+        if (!open_)
+            return false;
+        before_();
+        const bool taken = input(std::forward<Arguments>(arguments)...);
+        handed_ = handed_ || taken;
+        return taken;
     }
 
   private:

@@ -237,14 +237,14 @@ TEST(MenuTemplates, NestingHasALimit) {
     EXPECT_FALSE(ParseMenu(NestedMenu(1'000'000)));
 }
 
-TEST(ResourceTexts, BecomeUtf8AndHalvesOfPairsAreReplaced) {
+TEST(ResourceTexts, BecomeUtf8AndHalvesOfPairsStandAlone) {
     const std::vector<std::pair<std::u16string, std::string>> texts = {
         {u"A\u00E9\u20AC", "A\xC3\xA9\xE2\x82\xAC"},
         {{0xD83D, 0xDE00}, "\xF0\x9F\x98\x80"},
         {{0xDBFF, 0xDFFF}, "\xF4\x8F\xBF\xBF"},
-        {{0xD83D, u'x'}, "\xEF\xBF\xBDx"},
-        {{0xDE00, 0xD83D}, "\xEF\xBF\xBD\xEF\xBF\xBD"},
-        {{0xD83D, 0xD83D, 0xDE00}, "\xEF\xBF\xBD\xF0\x9F\x98\x80"},
+        {{0xD83D, u'x'}, "\xED\xA0\xBDx"},
+        {{0xDE00, 0xD83D}, "\xED\xB8\x80\xED\xA0\xBD"},
+        {{0xD83D, 0xD83D, 0xDE00}, "\xED\xA0\xBD\xF0\x9F\x98\x80"},
     };
     for (const auto& [utf16, utf8] : texts) {
         Data data;

@@ -55,7 +55,9 @@ void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     QTest::keyClick(KeyboardWindow(), key, modifiers);
 }
 
-void TypeLetter(char letter) { QTest::keyClick(KeyboardWindow(), letter); }
+void TypeLetter(char letter) {
+    QTest::keyClick(KeyboardWindow(), letter);
+}
 
 void Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     Do([=] { PressKey(key, modifiers); });

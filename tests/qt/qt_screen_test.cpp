@@ -13,7 +13,6 @@
 #include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QDebug>
 #include <QWindow>
 #include <algorithm>
 #include <string>
@@ -253,9 +252,7 @@ TEST_F(FormTest, AChoiceFromADropDownListNotifiesAndOneByTheProgramDoesNot) {
     EXPECT_EQ(TakeNoticesOf(IDC_PLACE), std::vector<Notice>{});
 
     native::Click(place);
-    native::Do([] { qDebug() << QApplication::activePopupWidget() << QApplication::activeWindow() << QApplication::focusWidget(); });
     native::Press(Qt::Key_Down);
-    native::Do([] { qDebug() << QApplication::activePopupWidget() << QApplication::activeWindow() << QApplication::focusWidget(); });
     native::Press(Qt::Key_Return);
     EXPECT_EQ(form_.SelectedRow(IDC_PLACE), 3);
     EXPECT_TRUE(form_.IsOpen()) << "the list's Enter was taken for the dialog's";
@@ -430,6 +427,7 @@ class WindowTest : public testing::Test {
     // What the person sees at a place of the client area.
     QColor SeenAt(int x, int y) const {
         return OnUserInterface([=, this] {
+            UpdateWindow(window_);
             POINT point{x, y};
             ClientToScreen(window_, &point);
             QWidget* widget = native::WidgetOf(window_);

@@ -42,7 +42,11 @@ void CloseMenu() {
     });
 }
 
-void ShowMainWindow(const kit::Utility& /*utility*/) {
+void ShowMainWindow(const kit::Utility& utility) {
+    // As large as it can be dragged, so that the menu bar lies in one row.
+    kit::RunStep([&utility] {
+        SetWindowPos(utility.Window(), nullptr, 0, 0, 900, 180, SWP_NOMOVE | SWP_NOZORDER);
+    });
     TakePicture("main-window");
     OpenFirstMenu();
     TakePicture("menu");
