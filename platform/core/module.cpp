@@ -19,7 +19,7 @@ namespace {
 constexpr std::uintptr_t kProgram = 0x00400000;
 
 struct Module {
-    void* library;
+    void* loaded;  // the library as the loader names it
     unsigned references;
 };
 
@@ -48,7 +48,7 @@ class ModuleTable {
         const auto module = modules_.find(handle);
         if (module == modules_.end())
             return nullptr;
-        void* library = module->second.library;
+        void* library = module->second.loaded;
         if (--module->second.references == 0)
             modules_.erase(module);
         return library;
@@ -57,7 +57,7 @@ class ModuleTable {
     void* LibraryOf(std::uintptr_t handle) {
         std::lock_guard lock(mutex_);
         const auto module = modules_.find(handle);
-        return module != modules_.end() ? module->second.library : nullptr;
+        return module != modules_.end() ? module->second.loaded : nullptr;
     }
 
     // 0 when the library is none of the table's.
@@ -72,7 +72,7 @@ class ModuleTable {
 
     std::map<std::uintptr_t, Module>::iterator FindLibrary(void* library) {
         return std::find_if(modules_.begin(), modules_.end(), [library](const auto& entry) {
-            return entry.second.library == library;
+            return entry.second.loaded == library;
         });
     }
 

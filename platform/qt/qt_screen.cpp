@@ -189,14 +189,15 @@ void QtScreen::SetMenuBar(WidgetId id, const std::vector<MenuView>& menu) {
 
 void QtScreen::ShowPopup(WidgetId id, const std::vector<MenuView>& menu, Point where) {
     popup_ = std::make_unique<QMenu>(NativeWidget(id));
+    QMenu* shown = popup_.get();
     auto chosen = std::make_shared<std::uint32_t>(0);
-    qt::FillMenu(*popup_, menu, [chosen](std::uint32_t command) { *chosen = command; });
+    qt::FillMenu(*shown, menu, [chosen](std::uint32_t command) { *chosen = command; });
     // The menu goes before it tells what was chosen.
     const auto ended = [this, chosen] { report_(input::MenuEnded, *chosen); };
-    QObject::connect(popup_.get(), &QMenu::aboutToHide, popup_.get(), [this, ended] {
-        QMetaObject::invokeMethod(popup_.get(), ended, Qt::QueuedConnection);
+    QObject::connect(shown, &QMenu::aboutToHide, shown, [shown, ended] {
+        QMetaObject::invokeMethod(shown, ended, Qt::QueuedConnection);
     });
-    popup_->popup(QPoint(where.x, where.y));
+    shown->popup(QPoint(where.x, where.y));
 }
 
 void QtScreen::ClosePopup() {
