@@ -26,6 +26,8 @@ function(room_include_folder target folder result)
         return()
     endif()
     set(root "${CMAKE_BINARY_DIR}/include/${target}")
+    # A link from another layout of the rooms must not be followed.
+    file(REMOVE_RECURSE "${root}")
     get_filename_component(parent "${root}/${folder}" DIRECTORY)
     file(MAKE_DIRECTORY "${parent}")
     file(CREATE_LINK "${CMAKE_SOURCE_DIR}/${folder}" "${root}/${folder}" SYMBOLIC)
