@@ -90,6 +90,8 @@ void TakePicture(const std::string& name) {
     const std::filesystem::path path = std::filesystem::path(Folder()) / (name + ".png");
     std::filesystem::create_directories(Folder());
     EXPECT_TRUE(kit::OnUserInterface([&path] {
+        // What waits to be painted belongs in the picture.
+        UpdateWindow(FindWindowA("VxDTest", nullptr));
         return vxd::qt::SaveDesktopPicture(path.string());
     })) << path;
 }
