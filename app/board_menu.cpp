@@ -3,6 +3,7 @@
 #include "app/led.h"
 #include "app/services/application.h"
 #include "app/services/settings.h"
+#include "app/tdm_routing.h"
 #include "app/window_commands.h"
 #include "res/resource.h"
 
@@ -23,6 +24,7 @@ void Show(HWND window, int menu) {
     shownMenu = menu;
     MarkAlwaysOnTop(window);
     MarkLed(window);
+    MarkTdmRouting(window);
     DrawMenuBar(window);
 }
 

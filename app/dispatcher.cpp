@@ -3,14 +3,36 @@
 #include <algorithm>
 #include <array>
 
+#include "app/arcofi_loops.h"
 #include "app/board_commands.h"
 #include "app/board_menu.h"
+#include "app/chip_commands.h"
 #include "app/debug_level_commands.h"
 #include "app/led.h"
+#include "app/monitor_receive.h"
+#include "app/pci_queries.h"
+#include "app/registration.h"
 #include "app/services/application.h"
+#include "app/tdm_routing.h"
 #include "app/window_commands.h"
 #include "codec/raw_command.h"
 #include "debug/about.h"
+#include "debug/gds_dump.h"
+#include "regs/annexd_loader.h"
+#include "regs/arcofi_browsers.h"
+#include "regs/auxdev_browsers.h"
+#include "regs/camera_browsers.h"
+#include "regs/camera_selection.h"
+#include "regs/eprom.h"
+#include "regs/i2c_access.h"
+#include "regs/isac_browsers.h"
+#include "regs/jade_access.h"
+#include "regs/mbe_send.h"
+#include "regs/memory_access.h"
+#include "regs/saec_browser.h"
+#include "regs/uss_registers.h"
+#include "regs/vpic_browsers.h"
+#include "regs/vpic_i2c_access.h"
 #include "res/resource.h"
 
 namespace {
@@ -46,7 +68,52 @@ constexpr std::array kCommands = {
     Command{IDM_DEBUG_KORA_TRACE_1, ChooseDebugLevel},
     Command{IDM_DEBUG_KORA_TRACE_2, ChooseDebugLevel},
     Command{IDM_DEBUG_KORA_TRACE_3, ChooseDebugLevel},
+    Command{IDM_DEBUG_DUMP_GDS, Open<OpenGdsDump>},
     Command{IDM_DEBUG_LED, Run<ToggleLed>},
+
+    Command{IDM_PCI_BIOS_PRESENT, Run<QueryPciBios>},
+    Command{IDM_PCI_FIND_DEVICE, Run<FindPciDevice>},
+    Command{IDM_PCI_FIND_CLASS_CODE, Run<FindPciClassCode>},
+    Command{IDM_PCI_READ_CONFIG_SPACE, Run<ReadPciConfigSpace>},
+
+    Command{IDM_SEQ_REGISTER, Run<RegisterSequencer>},
+    Command{IDM_ISAC_INITIALIZE, Run<InitializeIsac>},
+    Command{IDM_MONITOR_INITIALIZE, Run<InitializeMonitor>},
+    Command{IDM_MONITOR_TRANSMIT, Run<ReceiveMonitorBytes>},
+    Command{IDM_MONITOR_RECEIVE, Run<ReceiveMonitorBytes>},
+
+    Command{IDM_ARCOFI_LOOP_NONE, ChooseArcofiLoop},
+    Command{IDM_ARCOFI_LOOP_FRONT_END, ChooseArcofiLoop},
+    Command{IDM_ARCOFI_LOOP_CONVERTER, ChooseArcofiLoop},
+    Command{IDM_ARCOFI_LOOP_NOISE_SHAPER, ChooseArcofiLoop},
+    Command{IDM_ARCOFI_LOOP_INTERFACE, ChooseArcofiLoop},
+
+    Command{IDM_BOARD_ROUTING_IOM2, Run<RouteToIom2>},
+    Command{IDM_BOARD_ROUTING_MVIP, Run<RouteToMvip>},
+
+    Command{IDM_ANALOG_CAMERA_SELECT, Open<OpenCameraSelection>},
+    Command{IDM_MBE_SEND, Open<OpenMbeSend>},
+    Command{IDM_ANNEXD_DOWNLOAD, Open<OpenAnnexdLoader>},
+
+    Command{IDM_VPIC_PORTS, Open<OpenVpicPorts>},
+    Command{IDM_VPIC_BITS, Open<OpenVpicBits>},
+    Command{IDM_ISAC_REGISTERS, Open<OpenIsacRegisters>},
+    Command{IDM_ISAC_BITS, Open<OpenIsacBits>},
+    Command{IDM_ARCOFI_PORTS, Open<OpenArcofiPorts>},
+    Command{IDM_ARCOFI_COEFFICIENTS, Open<OpenArcofiCoefficients>},
+    Command{IDM_SAEC_PORTS, Open<OpenSaecPorts>},
+    Command{IDM_CAMERA_ACCESS, Open<OpenDigitalCameraRegisters>},
+    Command{IDM_ANALOG_CAMERA_ACCESS, Open<OpenAnalogCameraRegisters>},
+    Command{IDM_BOARD_AUXDEV_FIELDS, Open<OpenAuxdevFields>},
+    Command{IDM_BOARD_AUXDEV_FEATURES, Open<OpenAuxdevFeatures>},
+    Command{IDM_AUXDEV, Open<OpenAuxdevFeatures>},
+
+    Command{IDM_486, Open<OpenMemoryAccess>},
+    Command{IDM_EEPROM_ACCESS, Open<OpenEprom>},
+    Command{IDM_I2C_ACCESS, Open<OpenI2cAccess>},
+    Command{IDM_JADE_REGISTERS, Open<OpenJadeAccess>},
+    Command{IDM_USS_REGISTERS, Open<OpenUssRegisters>},
+    Command{IDM_VPIC_I2C_PORTS, Open<OpenVpicI2cAccess>},
 
     Command{IDM_HELP_ABOUT, Open<OpenAbout>},
     Command{IDM_HELP_CHANGE_COLOR, Run<ChangeColor>},
@@ -63,5 +130,7 @@ LRESULT DispatchCommand(HWND window, uint32_t command) {
                                     [command](const Command& each) { return each.id == command; });
     if (found != kCommands.end())
         found->run(window, command);
+    else
+        RunChipCommand(window, command);
     return 0;
 }

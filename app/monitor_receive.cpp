@@ -1,15 +1,42 @@
 #include "app/monitor_receive.h"
 
 #include "app/services/diagnostics.h"
+#include "driver/debug_command.h"
 #include "driver/low_memory.h"
+#include "driver/papi.h"
+#include "driver/parameter_block.h"
+
+namespace {
+
+constexpr uint16_t kReceiveRequest = 0x0101;
+constexpr uint16_t kTransmitCount = 2;
+
+constexpr std::array<uint8_t, 3> kNothingReceived = {0xFF, 0xFF, 0xFF};
+
+// The driver uses both after the command has returned.
+struct Buffers {
+    uint32_t transmitWord = 0xA0;
+    std::array<uint8_t, 3> received = kNothingReceived;
+};
+
+Buffers& TheBuffers() {
+    static Buffers& buffers = LowForRun<Buffers>();
+    return buffers;
+}
+
+}  // namespace
 
 std::array<uint8_t, 3>& MonitorRxBytes() {
-    static std::array<uint8_t, 3>& bytes = []() -> std::array<uint8_t, 3>& {
-        auto& fresh = LowForRun<std::array<uint8_t, 3>>();
-        fresh.fill(0xFF);
-        return fresh;
-    }();
-    return bytes;
+    return TheBuffers().received;
+}
+
+void ReceiveMonitorBytes(HWND window) {
+    Buffers& buffers = TheBuffers();
+    buffers.received = kNothingReceived;
+    MonitorReceiveBlock block{kReceiveRequest, ToSlot(&buffers.transmitWord), kTransmitCount,
+                              ToSlot(buffers.received.data())};
+    ReportFailure(window, CodeOf(vdapi_Debug(TALVERO_DBG_MON_TR_RCV, sizeof block, &block)),
+                  "vdapi_Debug: TALVERO_DBG_MON_TR_RCV");
 }
 
 void TraceMonitorBytes() {

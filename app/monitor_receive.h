@@ -14,5 +14,9 @@ constexpr UINT kMonitorBytesReceived = WM_USER + 1;
 // the first bytes.
 std::array<uint8_t, 3>& MonitorRxBytes();
 
+// Asks the driver for the next bytes and does not wait for them; a failure is reported by name.
+// User-interface thread.
+void ReceiveMonitorBytes(HWND window);
+
 // Writes the bytes to the trace. User-interface thread.
 void TraceMonitorBytes();

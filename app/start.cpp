@@ -37,7 +37,7 @@ bool InitApplication(HINSTANCE instance) {
     return RegisterClassA(&windowClass) != 0;
 }
 
-bool RequestMessageQueue(BOOL(WINAPI* request)(int messages)) {
+bool RequestMessageQueue(QueueRequest request) {
     for (int messages = kLargestQueue; messages >= kSmallestQueue; --messages) {
         if (request(messages))
             return true;
@@ -45,9 +45,9 @@ bool RequestMessageQueue(BOOL(WINAPI* request)(int messages)) {
     return false;
 }
 
-bool InitInstance(HINSTANCE instance, int showCommand) {
+bool InitInstance(HINSTANCE instance, int showCommand, QueueRequest request) {
     AppInstance = instance;
-    if (!RequestMessageQueue(SetMessageQueue)) {
+    if (!RequestMessageQueue(request)) {
         MessageBoxA(nullptr, "InitInstance: Failed setting message Queue!", "VxDTest - Fatal Error",
                     MB_ICONEXCLAMATION);
         return false;

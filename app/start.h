@@ -6,10 +6,13 @@
 // Registers the main window's class; whether that worked.
 bool InitApplication(HINSTANCE instance);
 
-// Makes and shows the main window, and with it brings up the board command library; whether that
-// worked.
-bool InitInstance(HINSTANCE instance, int showCommand);
+// Says whether a message queue of that size is granted.
+using QueueRequest = BOOL(WINAPI*)(int messages);
 
-// Asks for a message queue, by a function that says whether a size is granted: first for 32
-// messages, then one fewer each time, down to 9. Whether any size was granted.
-bool RequestMessageQueue(BOOL(WINAPI* request)(int messages));
+// Asks for a message queue: first for 32 messages, then one fewer each time, down to 9. Whether any
+// size was granted.
+bool RequestMessageQueue(QueueRequest request);
+
+// Makes and shows the main window, and with it brings up the board command library; whether that
+// worked. Without a message queue there is only a box that says so.
+bool InitInstance(HINSTANCE instance, int showCommand, QueueRequest request = SetMessageQueue);

@@ -6,7 +6,9 @@
 #include <string>
 
 #include "codec/raw_command.h"
+#include "driver/papi.h"
 #include "platform/win32.h"
+#include "regs/saec_browser.h"
 
 namespace {
 
@@ -35,11 +37,12 @@ BENCHMARK_CAPTURE(StartToFirstPaint, offscreen, "vxdtest_start", "QT_QPA_PLATFOR
 
 constexpr char kCloserClass[] = "BenchmarkCloser";
 
-// Closes the dialog that is in front; the message waits in the queue until the dialog's loop runs.
+// Closes the dialog of the caption that the message carries; the message waits in the queue until
+// the dialog's loop runs.
 LRESULT CALLBACK CloserProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message != WM_APP)
         return DefWindowProcA(window, message, wParam, lParam);
-    SendMessageA(FindWindowA("#32770", "Send Raw Command"), WM_COMMAND, IDOK, 0);
+    SendMessageA(FindWindowA("#32770", reinterpret_cast<LPCSTR>(lParam)), WM_COMMAND, IDOK, 0);
     return 0;
 }
 
@@ -52,14 +55,20 @@ HWND MakeCloser() {
                            nullptr);
 }
 
-void OpenAndCloseSendRawCommand(benchmark::State& state) {
+// With all that opening fills and reads from the board.
+void OpenAndClose(benchmark::State& state, INT_PTR (*open)(HINSTANCE, HWND), const char* caption) {
     static const HWND closer = MakeCloser();
+    vdapi_Initialize(0);
     for (auto _ : state) {
-        PostMessageA(closer, WM_APP, 0, 0);
-        OpenRawCommand(GetModuleHandleA(nullptr), nullptr);
+        PostMessageA(closer, WM_APP, 0, reinterpret_cast<LPARAM>(caption));
+        open(GetModuleHandleA(nullptr), nullptr);
     }
+    vdapi_Terminate();
 }
-BENCHMARK(OpenAndCloseSendRawCommand)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(OpenAndClose, SendRawCommand, OpenRawCommand, "Send Raw Command")
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(OpenAndClose, SaecPorts, OpenSaecPorts, "Siemens AEC Ports")
+    ->Unit(benchmark::kMicrosecond);
 
 // All keys of the palette, one by one, into a file that holds them already with other values.
 void WriteThePalette(benchmark::State& state) {

@@ -45,6 +45,56 @@ void SetLedLit(bool lit) {
     });
 }
 
+void SetIsacChipsFitted(uint32_t count) {
+    Locked([=](Simulation& simulation) { simulation.state.isacChipsFitted = count; });
+}
+
+bool DriveFeatureInput(uint32_t feature, bool active) {
+    return Locked([=](Simulation& simulation) {
+        return simulation.state.auxiliaryDevice.DriveInput(feature, active);
+    });
+}
+
+Hardware GetHardware() {
+    return Locked([](Simulation& simulation) { return simulation.state.hardware; });
+}
+
+void SetHardware(const Hardware& hardware) {
+    Locked([&](Simulation& simulation) { simulation.state.hardware = hardware; });
+}
+
+EepromBehaviour GetEepromBehaviour() {
+    return Locked([](Simulation& simulation) { return simulation.state.eeprom.behaviour; });
+}
+
+void SetEepromBehaviour(const EepromBehaviour& behaviour) {
+    Locked([&](Simulation& simulation) { simulation.state.eeprom.behaviour = behaviour; });
+}
+
+EepromContents GetEeprom() {
+    return Locked([](Simulation&) { return LoadEeprom(); });
+}
+
+void SetEeprom(const EepromContents& contents) {
+    Locked([&](Simulation&) { StoreEeprom(contents); });
+}
+
+Services GetServices() {
+    return Locked([](Simulation& simulation) { return simulation.state.services; });
+}
+
+Monitor GetMonitor() {
+    return Locked([](Simulation& simulation) { return simulation.state.monitor; });
+}
+
+void SetMonitorDelay(std::chrono::milliseconds delay) {
+    Locked([=](Simulation& simulation) { simulation.state.monitor.answersAfter = delay; });
+}
+
+void PowerOn() {
+    Locked([](Simulation& simulation) { simulation.state.PowerOn(); });
+}
+
 Firmware GetFirmware() {
     return Locked([](Simulation& simulation) { return simulation.state.firmware; });
 }

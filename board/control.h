@@ -6,6 +6,8 @@
 // except for what "board.ini" names (board/settings.h).
 #pragma once
 
+#include <chrono>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -27,6 +29,36 @@ void SetRevisions(const Revisions& revisions);
 // Whether the board's LED is lit.
 bool IsLedLit();
 void SetLedLit(bool lit);
+
+// How many ISAC chips are fitted; 0 for as many as the board's revision can have.
+void SetIsacChipsFitted(uint32_t count);
+
+// What the world outside does to one of the auxiliary device's inputs: a button, a detection. False
+// where the feature is no input.
+bool DriveFeatureInput(uint32_t feature, bool active);
+
+// The board's chips with all that their registers hold; as a copy and back.
+Hardware GetHardware();
+void SetHardware(const Hardware& hardware);
+
+// How the EEPROM behaves from the next transfer on, and what is in it.
+EepromBehaviour GetEepromBehaviour();
+void SetEepromBehaviour(const EepromBehaviour& behaviour);
+EepromContents GetEeprom();
+void SetEeprom(const EepromContents& contents);
+
+// The chips and services that the driver brings through a life cycle, as a copy.
+Services GetServices();
+
+// The monitor channel: the window that learns of bytes (null where none was named), how many
+// answers have arrived.
+Monitor GetMonitor();
+
+// How long a monitor device takes to answer, from the next request on.
+void SetMonitorDelay(std::chrono::milliseconds delay);
+
+// The whole board as at power-on. The libraries stay open and keep the values they have given.
+void PowerOn();
 
 // What the firmware keeps: registers, variables, streams; as a copy and back.
 Firmware GetFirmware();

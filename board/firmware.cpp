@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "board/state.h"
 #include "driver/firmware_command.h"
@@ -12,8 +13,6 @@ namespace {
 using Parameters = FirmwareParameters;
 using Responses = FirmwareResponses;
 
-constexpr uint32_t kVideoDecoder = 0x48;  // the SAA7111's address on the I2C bus
-constexpr uint32_t kEeprom = 0xA0;
 constexpr size_t kStreamCapacity = 64;
 constexpr uint32_t kFlashBlocks = 16;
 constexpr uint32_t kWordsPerFlashBlock = 256;
@@ -78,63 +77,41 @@ ResultCode UpdateVersion(State& state, const Parameters& parameters, Responses& 
     return VXD_SUCCESS;
 }
 
-// --- The 486's memory and I/O, byte by byte ---
+// --- The 486's memory and I/O ---
 
-// The number of bytes a unit has in a space of at most `widest`; 0 where there is no such unit.
-uint32_t UnitBytes(uint32_t unitSize, uint32_t widest) {
-    if (unitSize == 0) {
-        return widest;
-    }
-    return unitSize <= widest && unitSize != 3 ? unitSize : 0;
+uint32_t UnitBytes(const AddressSpace& space, uint32_t unitSize) {
+    return unitSize == 0 ? space.WidestUnit() : unitSize;
 }
 
-template <Registers Firmware::*Member, uint32_t Widest>
+template <AddressSpace Hardware::*Member>
 ResultCode ReadUnit(State& state, const Parameters& parameters, Responses& responses) {
-    const uint32_t bytes = UnitBytes(parameters.second, Widest);
-    ResultCode code = bytes ? VXD_SUCCESS : VXD_INVALID_PARAMETER;
-    uint32_t unit = 0;
-    for (uint32_t i = 0; i < bytes && code == VXD_SUCCESS; ++i) {
-        uint32_t part = 0;
-        code = (state.firmware.*Member).Read(parameters.first + i, part);
-        unit |= part << (8 * i);
-    }
-    responses.first = unit;
-    return code;
+    const AddressSpace& space = state.hardware.*Member;
+    return space.Read(parameters.first, UnitBytes(space, parameters.second), responses.first);
 }
 
-template <Registers Firmware::*Member, uint32_t Widest>
+template <AddressSpace Hardware::*Member>
 ResultCode WriteUnit(State& state, const Parameters& parameters, Responses& responses) {
-    const ResultCode code = ReadUnit<Member, Widest>(state, parameters, responses);
-    if (code != VXD_SUCCESS) {
-        return code;
-    }
-    for (uint32_t i = 0; i < UnitBytes(parameters.second, Widest); ++i) {
-        (state.firmware.*Member).Write(parameters.first + i, parameters.third >> (8 * i));
-    }
-    return ReadUnit<Member, Widest>(state, parameters, responses);
+    AddressSpace& space = state.hardware.*Member;
+    const ResultCode code =
+        space.Write(parameters.first, UnitBytes(space, parameters.second), parameters.third);
+    return code == VXD_SUCCESS ? ReadUnit<Member>(state, parameters, responses) : code;
 }
 
 // --- I2C ---
 
-Registers* FindDevice(State& state, uint32_t address) {
-    const auto found = state.firmware.i2cDevices.find(address & 0xFE);
-    return found == state.firmware.i2cDevices.end() ? nullptr : &found->second;
+ResultCode RetrieveI2c(State& state, const Parameters& parameters, Responses& responses) {
+    return state.hardware.i2cBus.Read(parameters.first, parameters.second, responses.first);
 }
 
 ResultCode SendI2c(State& state, const Parameters& parameters, Responses& responses) {
-    Registers* device = FindDevice(state, parameters.first);
-    return device ? WriteTo(*device, parameters.second, parameters.third, responses.first)
-                  : VXD_HARDWARE_FAILURE;
-}
-
-ResultCode RetrieveI2c(State& state, const Parameters& parameters, Responses& responses) {
-    const Registers* device = FindDevice(state, parameters.first);
-    return device ? device->Read(parameters.second, responses.first) : VXD_HARDWARE_FAILURE;
+    const ResultCode code =
+        state.hardware.i2cBus.Write(parameters.first, parameters.second, parameters.third);
+    return code == VXD_SUCCESS ? RetrieveI2c(state, parameters, responses) : code;
 }
 
 ResultCode AccessI2c(State& state, const Parameters& parameters, Responses& responses) {
     responses.first = 1;
-    return FindDevice(state, parameters.first) ? VXD_SUCCESS : VXD_HARDWARE_FAILURE;
+    return state.hardware.i2cBus.Answers(parameters.first) ? VXD_SUCCESS : VXD_HARDWARE_FAILURE;
 }
 
 ResultCode ReadVideoDecoder(State& state, const Parameters& parameters, Responses& responses) {
@@ -145,8 +122,18 @@ ResultCode WriteVideoDecoder(State& state, const Parameters& parameters, Respons
     return SendI2c(state, {kVideoDecoder, parameters.first, parameters.second}, responses);
 }
 
+// --- JADE ---
+
+ResultCode ReadJadeRegister(State& state, const Parameters& parameters, Responses& responses) {
+    return ReadJade(state, parameters.first, responses.first);
+}
+
+ResultCode WriteJadeRegister(State& state, const Parameters& parameters, Responses& responses) {
+    return WriteTo(state.hardware.jade, parameters.first, parameters.second, responses.first);
+}
+
 ResultCode ResetJade(State& state, const Parameters&, Responses&) {
-    state.firmware.jade = Firmware{}.jade;
+    state.hardware.jade = JadeAtPowerOn();
     return VXD_SUCCESS;
 }
 
@@ -192,9 +179,9 @@ constexpr uint32_t kHighestLevel = 31;
 // Replaces the bits of `mask` in one of the AKM's registers.
 ResultCode ChangeAkm(State& state, uint32_t registerNumber, uint32_t mask, uint32_t bits,
                      uint32_t& response) {
-    uint32_t value = 0;
-    state.firmware.akm.Read(registerNumber, value);
-    return WriteTo(state.firmware.akm, registerNumber, (value & ~mask) | bits, response);
+    Registers& akm = state.firmware.akm;
+    const ResultCode code = akm.Change(registerNumber, mask, bits);
+    return code == VXD_SUCCESS ? akm.Read(registerNumber, response) : code;
 }
 
 ResultCode SwitchMixer(State& state, const Parameters& parameters, Responses& responses) {
@@ -317,7 +304,7 @@ ResultCode SetAllLevels(State& state, const Parameters&, Responses&) {
 // --- Auxiliary device ---
 
 ResultCode ReadField(State& state, const Parameters& parameters, Responses& responses) {
-    return state.auxiliaryDevice.fields.Read(parameters.first, responses.first);
+    return ReadAuxiliaryField(state, parameters.first, responses.first);
 }
 
 ResultCode WriteField(State& state, const Parameters& parameters, Responses& responses) {
@@ -360,32 +347,33 @@ ResultCode EraseFlash(State& state, const Parameters& parameters, Responses&) {
     return VXD_SUCCESS;
 }
 
-// The word that the first two parameters name, erased where it was never burned; null where there
-// is none.
-uint32_t* FindFlashWord(State& state, const Parameters& parameters) {
+// The position of the word that the first two parameters name; nothing where there is none.
+std::optional<uint32_t> FlashPosition(const Parameters& parameters) {
     if (parameters.first >= kFlashBlocks || parameters.second >= kWordsPerFlashBlock) {
-        return nullptr;
+        return std::nullopt;
     }
-    const uint32_t position = parameters.first * kWordsPerFlashBlock + parameters.second;
-    return &state.firmware.burnedFlash.try_emplace(position, kErasedWord).first->second;
+    return parameters.first * kWordsPerFlashBlock + parameters.second;
 }
 
 ResultCode BurnFlash(State& state, const Parameters& parameters, Responses& responses) {
-    uint32_t* word = FindFlashWord(state, parameters);
-    if (!word) {
+    const auto position = FlashPosition(parameters);
+    if (!position) {
         return VXD_INVALID_PARAMETER;
     }
-    *word &= parameters.third;
-    responses.first = *word;
+    // Burning only ever clears bits.
+    uint32_t& word = state.firmware.burnedFlash.try_emplace(*position, kErasedWord).first->second;
+    word &= parameters.third;
+    responses.first = word;
     return VXD_SUCCESS;
 }
 
 ResultCode DumpFlash(State& state, const Parameters& parameters, Responses& responses) {
-    const uint32_t* word = FindFlashWord(state, parameters);
-    if (!word) {
+    const auto position = FlashPosition(parameters);
+    if (!position) {
         return VXD_INVALID_PARAMETER;
     }
-    responses.first = *word;
+    const auto burned = state.firmware.burnedFlash.find(*position);
+    responses.first = burned != state.firmware.burnedFlash.end() ? burned->second : kErasedWord;
     return VXD_SUCCESS;
 }
 
@@ -421,13 +409,13 @@ constexpr auto kCommands = std::to_array<FirmwareCommand>({
     {PELLAN_COMMAND_PSHELL_RUN, "PELLAN_COMMAND_PSHELL_RUN", Count<PELLAN_COMMAND_PSHELL_RUN>},
     {PELLAN_COMMAND_SAA7111_READ_REG, "PELLAN_COMMAND_SAA7111_READ_REG", ReadVideoDecoder},
     {PELLAN_COMMAND_SAA7111_WRITE_REG, "PELLAN_COMMAND_SAA7111_WRITE_REG", WriteVideoDecoder},
-    {PELLAN_COMMAND_JADE_READ_REG, "PELLAN_COMMAND_JADE_READ_REG", Read<&Firmware::jade>},
-    {PELLAN_COMMAND_JADE_WRITE_REG, "PELLAN_COMMAND_JADE_WRITE_REG", Write<&Firmware::jade>},
+    {PELLAN_COMMAND_JADE_READ_REG, "PELLAN_COMMAND_JADE_READ_REG", ReadJadeRegister},
+    {PELLAN_COMMAND_JADE_WRITE_REG, "PELLAN_COMMAND_JADE_WRITE_REG", WriteJadeRegister},
     {PELLAN_COMMAND_JADE_RESET, "PELLAN_COMMAND_JADE_RESET", ResetJade},
-    {PELLAN_COMMAND_486_READ_MEM, "PELLAN_COMMAND_486_READ_MEM", ReadUnit<&Firmware::memory, 4>},
-    {PELLAN_COMMAND_486_WRITE_MEM, "PELLAN_COMMAND_486_WRITE_MEM", WriteUnit<&Firmware::memory, 4>},
-    {PELLAN_COMMAND_486_READ_IO, "PELLAN_COMMAND_486_READ_IO", ReadUnit<&Firmware::io, 2>},
-    {PELLAN_COMMAND_486_WRITE_IO, "PELLAN_COMMAND_486_WRITE_IO", WriteUnit<&Firmware::io, 2>},
+    {PELLAN_COMMAND_486_READ_MEM, "PELLAN_COMMAND_486_READ_MEM", ReadUnit<&Hardware::memory>},
+    {PELLAN_COMMAND_486_WRITE_MEM, "PELLAN_COMMAND_486_WRITE_MEM", WriteUnit<&Hardware::memory>},
+    {PELLAN_COMMAND_486_READ_IO, "PELLAN_COMMAND_486_READ_IO", ReadUnit<&Hardware::ports>},
+    {PELLAN_COMMAND_486_WRITE_IO, "PELLAN_COMMAND_486_WRITE_IO", WriteUnit<&Hardware::ports>},
     {PELLAN_COMMAND_I2C_RETRIEVE, "PELLAN_COMMAND_I2C_RETRIEVE", RetrieveI2c},
     {PELLAN_COMMAND_I2C_SEND, "PELLAN_COMMAND_I2C_SEND", SendI2c},
     {PELLAN_COMMAND_I2C_ACCESS, "PELLAN_COMMAND_I2C_ACCESS", AccessI2c},
@@ -535,25 +523,7 @@ Firmware::Firmware()
                       .readOnly = {VC_AUDIOPARAM_DEVICE_LIST, VC_AUDIOPARAM_G722_SUPPORT,
                                    VC_AUDIOPARAM_MIC_DETECT, VC_AUDIOPARAM_G723_SUPPORT,
                                    VC_AUDIOPARAM_INT_SPKR_DETECT, VC_AUDIOPARAM_EXT_SPKR_DETECT},
-                      .onlyListed = true},
-      i2cDevices{{kVideoDecoder,
-                  {.last = 0xFF,
-                   .mask = 0xFF,
-                   .values = {{0x00, 0x01},
-                              {0x02, 0x40},
-                              {0x03, 0x03},
-                              {0x04, 0x75},
-                              {0x05, 0x8C},
-                              {0x08, 0x06},
-                              {0x0A, 0x8B},
-                              {0x0B, 0x46},
-                              {0x0C, 0x40},
-                              {0x0E, 0xB0},
-                              {0x11, 0xD9},
-                              {0x12, 0x16},
-                              {0x1F, 0x4F}},
-                   .readOnly = {0x00, 0x1F}}},
-                 {kEeprom, {.last = 0xFF, .mask = 0xFF}}} {
+                      .onlyListed = true} {
     akm.values = {{0x00, 0x9F}, {0x01, 0x9F}, {0x02, 0x90}, {0x03, 0x90}, {0x10, 0x19},
                   {0x11, 0x3C}, {0x12, 0x10}, {0x13, 0x08}, {0x14, 0x04}, {0x15, 0x04}};
     softwareVariables.values = {{kUsbTraceVariable, kUsbTraceErrors}};

@@ -62,9 +62,6 @@ struct Stream {
 struct Firmware {
     Firmware();
 
-    Registers memory{.mask = 0xFF};
-    Registers io{.last = 0xFFFF, .mask = 0xFF};
-    Registers jade{.last = 0xFF, .mask = 0xFF};
     Registers akm{.last = 25, .mask = 0xFF};
     Registers audioParameters;
     Registers cameraParameters{.last = 31, .mask = 0xFFFF};
@@ -74,7 +71,6 @@ struct Firmware {
     Registers softwareVariables{.last = 0xFF};
     Registers ussRegisters;
     Registers vcpVariables{.last = 0xFFFF};
-    std::map<uint32_t, Registers> i2cDevices;    // by address, the read bit cleared
     std::map<uint32_t, uint32_t> burnedFlash{};  // words that are not erased, by position
     std::map<uint32_t, Stream> streams{{2, {}}, {3, {}}, {4, {}}};
 

@@ -5,6 +5,8 @@
 #include <cstdint>
 
 #include "board/call.h"
+#include "board/isac_device.h"
+#include "board/monitor.h"
 #include "board/operation.h"
 #include "board/settings.h"
 #include "board/state.h"
@@ -20,10 +22,15 @@ uint32_t OnBoard(Call call, Work work) {
     return Perform(std::move(call), kKoraOpen | kBoard, work);
 }
 
-// A registration value that the simulated board does not give yet: none.
-uint32_t NoRegistration(Call call) {
-    OnBoard(std::move(call), NotYetSimulated);
-    return 0;
+// An operation that gives a registration value, 0 where there is none for what was asked.
+template <typename Work>
+uint32_t Give(Call call, Work work) {
+    uint32_t value = 0;
+    OnBoard(std::move(call), [&](State& state) {
+        value = work(state);
+        return value ? VXD_SUCCESS : VXD_INVALID_PARAMETER;
+    });
+    return value;
 }
 
 }  // namespace
@@ -49,22 +56,33 @@ uint32_t WINAPI KORA_DLL_Attach() {
 }
 
 uint32_t WINAPI KORA_DLL_Terminate() {
-    return Perform({"KORA_DLL_Terminate"}, kKoraOpen, [](State& state) {
+    return Close({"KORA_DLL_Terminate"}, kKoraOpen, [](State& state) {
         state.koraOpen = false;
-        return VXD_SUCCESS;
+        state.registrations = {};
+        state.monitor.window = nullptr;
     });
 }
 
 uint32_t WINAPI KORA_DLL_GetIsacHandle(uint32_t device) {
-    return NoRegistration({"KORA_DLL_GetIsacHandle", {device}});
+    return Give({"KORA_DLL_GetIsacHandle", {device}}, [=](State& state) {
+        return IsacDevice(device) ? state.registrations.Give(Client::Isac, device) : 0;
+    });
 }
 
 uint32_t WINAPI KORA_DLL_GetMonitorHandle(uint32_t device, HWND window) {
-    return NoRegistration({"KORA_DLL_GetMonitorHandle", {device, window}});
+    return Give({"KORA_DLL_GetMonitorHandle", {device, window}}, [=](State& state) -> uint32_t {
+        if (!MonitorDevice(device)) {
+            return 0;
+        }
+        state.monitor.window = window;
+        return state.registrations.Give(Client::Monitor, device);
+    });
 }
 
 uint32_t WINAPI KORA_DLL_GetSeqHandle(uint32_t reserved) {
-    return NoRegistration({"KORA_DLL_GetSeqHandle", {reserved}});
+    return Give({"KORA_DLL_GetSeqHandle", {reserved}}, [=](State& state) {
+        return reserved == 0 ? state.registrations.Give(Client::Sequencer, 0) : 0;
+    });
 }
 
 uint32_t WINAPI KORA_DLL_ChannelInitialize(uint32_t channel) {

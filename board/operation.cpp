@@ -2,7 +2,6 @@
 
 #include "board/settings.h"
 #include "board/simulation.h"
-#include "platform/win32.h"
 
 namespace board {
 namespace {
@@ -53,19 +52,36 @@ Operation::Operation(Call call, unsigned needs)
 Operation::~Operation() {
     Simulation& simulation = TheSimulation();
     call_.result = result;
-    const std::string line = simulation.state.traceCalls ? Describe(call_) + '\n' : std::string();
+    const std::string& name = call_.command.empty() ? call_.operation : call_.command;
+    CallCount& count = simulation.state.callCounts[name];
+    ++count.calls;
+    count.failures += result != VXD_SUCCESS;
+    if (simulation.state.traceCalls) {
+        simulation.state.outbox.lines.push_back(Describe(call_) + '\n');
+    }
     if (simulation.calls.size() == kCallsKept) {
         simulation.calls.pop_front();
     }
     simulation.calls.push_back(std::move(call_));
+    simulation.worker.Attend();
+    const Outbox outbox = std::exchange(simulation.state.outbox, {});
     lock_.unlock();
-    if (!line.empty()) {
-        OutputDebugStringA(line.c_str());
-    }
+    Deliver(outbox);
 }
 
 State& Operation::TheState() const {
     return TheSimulation().state;
+}
+
+uint32_t Close(Call call, unsigned needs, void (*close)(State&)) {
+    const uint32_t result = Perform(std::move(call), needs, [close](State& state) {
+        close(state);
+        return VXD_SUCCESS;
+    });
+    if (result == VXD_SUCCESS) {
+        TheSimulation().worker.Stop();
+    }
+    return result;
 }
 
 }  // namespace board

@@ -8,7 +8,9 @@
 //      VXD_HARDWARE_FAILURE where it needs a board and none is there;
 //   4. lets the operation do its work, unless one of these answered;
 //   5. remembers the call, with its result, for the control interface;
-//   6. gives the lock back and writes the call as a trace line, if that is wanted.
+//   6. wakes the board's own thread where there is something for it to do;
+//   7. gives the lock back and delivers what is in the outbox: messages to windows, lines of debug
+//      output, the call itself as a line if that is wanted.
 //
 // Operations may be called from any thread. While one works it must not wait for a window: whoever
 // serves the window may be waiting for the board.
@@ -63,6 +65,11 @@ uint32_t Perform(Call call, unsigned needs, Work work, void (*refused)(State&) =
 inline ResultCode Open(bool& library) {
     return std::exchange(library, true) ? VXD_OPERATION_ALREADY_DONE : VXD_SUCCESS;
 }
+
+// Runs an operation that closes a library: `close` marks it so. If it does, what the board was
+// going to do by itself is dropped, and when the operation returns the board's own thread has
+// ended.
+uint32_t Close(Call call, unsigned needs, void (*close)(State&));
 
 // The work of every operation that the simulated board does not know yet.
 inline ResultCode NotYetSimulated(State&) {

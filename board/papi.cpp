@@ -4,13 +4,21 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
+#include "board/arcofi.h"
 #include "board/call.h"
 #include "board/debug_channel.h"
+#include "board/eeprom.h"
 #include "board/firmware.h"
+#include "board/i2c_bus.h"
+#include "board/jade.h"
+#include "board/life_cycle.h"
 #include "board/operation.h"
+#include "board/services.h"
 #include "board/settings.h"
 #include "board/state.h"
+#include "board/vpic.h"
 #include "driver/result_code.h"
 
 using namespace board;
@@ -19,20 +27,11 @@ namespace {
 
 // How many bytes callers hand in by address.
 constexpr uint32_t kEpromBytes = 8;
+constexpr uint32_t kMostI2cItems = 256;
 constexpr size_t kBasBytes = 6;
 constexpr size_t kVppParameters = 6;
 constexpr size_t kPaletteEntries = 256;
 constexpr size_t kOverlayEntries = 16;
-
-size_t ArcofiBytes(uint32_t id) {
-    constexpr uint32_t kTestLoopList = 0x91F;
-    if (id == kTestLoopList) {
-        return 3;
-    }
-    constexpr uint32_t kMost = 8;
-    const bool coefficients = (id & 0xF0) == 0x20;
-    return coefficients ? std::min(((id >> 8) & 0xFF) - 1, kMost) : 1;
-}
 
 // A transfer's size is a 16-bit quantity.
 size_t VariableBytes(uint32_t unitSize, int32_t count) {
@@ -44,6 +43,29 @@ size_t VariableBytes(uint32_t unitSize, int32_t count) {
 template <typename Work>
 uint32_t OnBoard(Call call, Work work, void (*refused)(State&) = nullptr) {
     return Perform(std::move(call), kPapiOpen | kBoard, work, refused);
+}
+
+// The same for one that also needs a service to be up.
+template <typename Work>
+uint32_t OnService(Service service, Call call, Work work) {
+    return OnBoard(std::move(call), [=](State& state) -> ResultCode {
+        const ResultCode code = NeedUp(state, service);
+        return code == VXD_SUCCESS ? work(state) : code;
+    });
+}
+
+// Reads into a caller's output, which must be there and is written only on success.
+template <typename Output, typename Read>
+ResultCode ReadInto(Output* output, Read read) {
+    if (!output) {
+        return VXD_INVALID_PARAMETER;
+    }
+    uint32_t value = 0;
+    const ResultCode code = read(value);
+    if (code == VXD_SUCCESS) {
+        *output = static_cast<Output>(value);
+    }
+    return code;
 }
 
 }  // namespace
@@ -58,10 +80,7 @@ uint32_t WINAPI vdapi_Initialize(uint32_t reserved) {
 }
 
 uint32_t WINAPI vdapi_Terminate() {
-    return Perform({"vdapi_Terminate"}, kPapiOpen, [](State& state) {
-        state.papiOpen = false;
-        return VXD_SUCCESS;
-    });
+    return Close({"vdapi_Terminate"}, kPapiOpen, [](State& state) { state.papiOpen = false; });
 }
 
 uint32_t WINAPI vdapi_GetVersion(uint16_t* boardRevision, uint8_t* vpicRevision,
@@ -158,12 +177,16 @@ uint32_t WINAPI vdapi_GetBandwidth(int32_t* bandwidth) {
 // --- Bus interface and interrupt controller (VPIC) ---
 
 uint32_t WINAPI vdapi_VPIC_ReadPort(uint32_t port, uint32_t* value) {
-    return OnBoard({"vdapi_VPIC_ReadPort", {port, value}}, NotYetSimulated);
+    return OnBoard({"vdapi_VPIC_ReadPort", {port, value}}, [=](State& state) {
+        return ReadInto(value, [&](uint32_t& read) { return ReadVpicPort(state, port, read); });
+    });
 }
 
 uint32_t WINAPI vdapi_VPIC_WritePort(uint32_t port, const uint32_t* value) {
-    return OnBoard({"vdapi_VPIC_WritePort", {port, value}, BytesAt(value, sizeof *value)},
-                   NotYetSimulated);
+    return OnBoard(
+        {"vdapi_VPIC_WritePort", {port, value}, BytesAt(value, sizeof *value)}, [=](State& state) {
+            return value ? state.hardware.vpic.Write(port, *value) : VXD_INVALID_PARAMETER;
+        });
 }
 
 // --- Auxiliary device ---
@@ -201,109 +224,157 @@ uint32_t WINAPI vdapi_AUXDEV_Deactivate(uint32_t feature) {
 }
 
 uint32_t WINAPI vdapi_AUXDEV_GetFeature(uint32_t feature, uint16_t* value) {
-    return OnBoard({"vdapi_AUXDEV_GetFeature", {feature, value}}, NotYetSimulated);
+    return OnBoard({"vdapi_AUXDEV_GetFeature", {feature, value}}, [=](State& state) {
+        return ReadInto(
+            value, [&](uint32_t& active) { return state.auxiliaryDevice.Test(feature, active); });
+    });
 }
 
 uint32_t WINAPI vdapi_AUXDEV_SetField(uint32_t field, uint32_t value) {
-    return OnBoard({"vdapi_AUXDEV_SetField", {field, value}}, NotYetSimulated);
+    return OnBoard({"vdapi_AUXDEV_SetField", {field, value}},
+                   [=](State& state) { return state.auxiliaryDevice.SetField(field, value); });
 }
 
 uint32_t WINAPI vdapi_AUXDEV_GetField(uint32_t field, uint16_t* value) {
-    return OnBoard({"vdapi_AUXDEV_GetField", {field, value}}, NotYetSimulated);
+    return OnBoard({"vdapi_AUXDEV_GetField", {field, value}}, [=](State& state) {
+        return ReadInto(value, [&](uint32_t& read) {
+            return state.auxiliaryDevice.IsUp() ? ReadAuxiliaryField(state, field, read)
+                                                : VXD_CONFIGURATION_NOT_SET;
+        });
+    });
 }
 
 // --- I2C bus ---
 
 uint32_t WINAPI vdapi_I2C_Initialize() {
-    return OnBoard({"vdapi_I2C_Initialize"}, NotYetSimulated);
+    return OnBoard({"vdapi_I2C_Initialize"}, TakeStep<Service::I2c, kInitialize>);
 }
 
 uint32_t WINAPI vdapi_I2C_Terminate() {
-    return OnBoard({"vdapi_I2C_Terminate"}, NotYetSimulated);
+    return OnBoard({"vdapi_I2C_Terminate"}, TakeStep<Service::I2c, kTerminate>);
 }
 
 uint32_t WINAPI vdapi_I2C_Transfer(const uint16_t* items, uint32_t count, uint32_t* result) {
-    return OnBoard(
-        {"vdapi_I2C_Transfer", {items, count, result}, BytesAt(items, count * sizeof *items)},
-        NotYetSimulated);
+    // More items than any transfer has can only be a mistake, and are not looked at.
+    const std::span<const uint16_t> known(items, items && count <= kMostI2cItems ? count : 0);
+    return OnService(
+        Service::I2c,
+        {"vdapi_I2C_Transfer", {items, count, result}, BytesAt(items, known.size_bytes())},
+        [=](State& state) { return state.hardware.i2cBus.Transfer(known, result); });
 }
 
 // --- Memory and I/O ports ---
 
 uint32_t WINAPI vdapi_MEM_Read(uint32_t address, uint32_t unitSize, uint32_t* value) {
-    return OnBoard({"vdapi_MEM_Read", {address, unitSize, value}}, NotYetSimulated);
+    return OnBoard({"vdapi_MEM_Read", {address, unitSize, value}}, [=](State& state) {
+        return ReadInto(value, [&](uint32_t& read) {
+            return state.hardware.memory.Read(address, unitSize, read);
+        });
+    });
 }
 
 uint32_t WINAPI vdapi_MEM_Write(uint32_t address, uint32_t unitSize, uint32_t value) {
-    return OnBoard({"vdapi_MEM_Write", {address, unitSize, value}}, NotYetSimulated);
+    return OnBoard({"vdapi_MEM_Write", {address, unitSize, value}}, [=](State& state) {
+        return state.hardware.memory.Write(address, unitSize, value);
+    });
 }
 
 uint32_t WINAPI vdapi_IO_Read(uint32_t port, uint32_t unitSize, uint32_t* value) {
-    return OnBoard({"vdapi_IO_Read", {port, unitSize, value}}, NotYetSimulated);
+    return OnBoard({"vdapi_IO_Read", {port, unitSize, value}}, [=](State& state) {
+        return ReadInto(
+            value, [&](uint32_t& read) { return state.hardware.ports.Read(port, unitSize, read); });
+    });
 }
 
 uint32_t WINAPI vdapi_IO_Write(uint32_t port, uint32_t unitSize, uint32_t value) {
-    return OnBoard({"vdapi_IO_Write", {port, unitSize, value}}, NotYetSimulated);
+    return OnBoard({"vdapi_IO_Write", {port, unitSize, value}},
+                   [=](State& state) { return state.hardware.ports.Write(port, unitSize, value); });
 }
 
 // --- Cameras ---
 
 uint32_t WINAPI vdapi_CAM_Digit_Initialize() {
-    return OnBoard({"vdapi_CAM_Digit_Initialize"}, NotYetSimulated);
+    return OnBoard({"vdapi_CAM_Digit_Initialize"}, TakeStep<Service::DigitalCamera, kInitialize>);
 }
 
 uint32_t WINAPI vdapi_CAM_Digit_Terminate() {
-    return OnBoard({"vdapi_CAM_Digit_Terminate"}, NotYetSimulated);
+    return OnBoard({"vdapi_CAM_Digit_Terminate"}, TakeStep<Service::DigitalCamera, kTerminate>);
 }
 
 uint32_t WINAPI vdapi_CAM_Digit_Read(uint32_t registerId, uint8_t* value) {
-    return OnBoard({"vdapi_CAM_Digit_Read", {registerId, value}}, NotYetSimulated);
+    return OnService(
+        Service::DigitalCamera, {"vdapi_CAM_Digit_Read", {registerId, value}}, [=](State& state) {
+            return ReadInto(value, [&](uint32_t& read) {
+                return state.hardware.i2cBus.Read(kDigitalCamera, CameraRegister(registerId), read);
+            });
+        });
 }
 
 uint32_t WINAPI vdapi_CAM_Digit_Write(uint32_t registerId, uint32_t value) {
-    return OnBoard({"vdapi_CAM_Digit_Write", {registerId, value}}, NotYetSimulated);
+    return OnService(
+        Service::DigitalCamera, {"vdapi_CAM_Digit_Write", {registerId, value}}, [=](State& state) {
+            return state.hardware.i2cBus.Write(kDigitalCamera, CameraRegister(registerId), value);
+        });
 }
 
 uint32_t WINAPI vdapi_CAM_ACIF_Initialize() {
-    return OnBoard({"vdapi_CAM_ACIF_Initialize"}, NotYetSimulated);
+    return OnBoard({"vdapi_CAM_ACIF_Initialize"}, TakeStep<Service::AnalogCamera, kInitialize>);
 }
 
 uint32_t WINAPI vdapi_CAM_ACIF_Terminate() {
-    return OnBoard({"vdapi_CAM_ACIF_Terminate"}, NotYetSimulated);
+    return OnBoard({"vdapi_CAM_ACIF_Terminate"}, TakeStep<Service::AnalogCamera, kTerminate>);
 }
 
 uint32_t WINAPI vdapi_CAM_ACIF_Read(uint32_t registerId, uint8_t* value) {
-    return OnBoard({"vdapi_CAM_ACIF_Read", {registerId, value}}, NotYetSimulated);
+    return OnService(
+        Service::AnalogCamera, {"vdapi_CAM_ACIF_Read", {registerId, value}}, [=](State& state) {
+            return ReadInto(value, [&](uint32_t& read) {
+                return state.hardware.i2cBus.Read(kVideoDecoder, CameraRegister(registerId), read);
+            });
+        });
 }
 
 uint32_t WINAPI vdapi_CAM_ACIF_Write(uint32_t registerId, uint32_t value) {
-    return OnBoard({"vdapi_CAM_ACIF_Write", {registerId, value}}, NotYetSimulated);
+    return OnService(
+        Service::AnalogCamera, {"vdapi_CAM_ACIF_Write", {registerId, value}}, [=](State& state) {
+            return state.hardware.i2cBus.Write(kVideoDecoder, CameraRegister(registerId), value);
+        });
 }
 
 // --- ARCOFI audio codec ---
 
 uint32_t WINAPI vdapi_ARCOFI_Read(uint32_t id, uint8_t* buffer) {
-    return OnBoard({"vdapi_ARCOFI_Read", {id, buffer}}, NotYetSimulated);
+    return OnService(Service::Arcofi, {"vdapi_ARCOFI_Read", {id, buffer}},
+                     [=](State& state) { return state.hardware.arcofi.Read(id, buffer); });
 }
 
 uint32_t WINAPI vdapi_ARCOFI_Write(uint32_t id, const uint8_t* buffer) {
-    return OnBoard({"vdapi_ARCOFI_Write", {id, buffer}, BytesAt(buffer, ArcofiBytes(id))},
-                   NotYetSimulated);
+    return OnService(Service::Arcofi,
+                     {"vdapi_ARCOFI_Write", {id, buffer}, BytesAt(buffer, Arcofi::ByteCount(id))},
+                     [=](State& state) { return state.hardware.arcofi.Write(id, buffer); });
 }
 
 uint32_t WINAPI vdapi_ARCOFI_SelectChannel(uint32_t channelCode) {
-    return OnBoard({"vdapi_ARCOFI_SelectChannel", {channelCode}}, NotYetSimulated);
+    return OnBoard({"vdapi_ARCOFI_SelectChannel", {channelCode}},
+                   [=](State& state) { return SelectArcofiChannel(state, channelCode); });
 }
 
 // --- Echo cancellers ---
 
 uint32_t WINAPI vdapi_SAEC_Read(uint32_t registerId, uint32_t* value) {
-    return OnBoard({"vdapi_SAEC_Read", {registerId, value}}, NotYetSimulated);
+    return OnService(Service::Saec, {"vdapi_SAEC_Read", {registerId, value}}, [=](State& state) {
+        return ReadInto(value, [&](uint32_t& read) {
+            return state.hardware.saec.Read(registerId, GetTickCount(), read);
+        });
+    });
 }
 
 uint32_t WINAPI vdapi_SAEC_Write(uint32_t registerId, const uint32_t* value) {
-    return OnBoard({"vdapi_SAEC_Write", {registerId, value}, BytesAt(value, sizeof *value)},
-                   NotYetSimulated);
+    return OnService(
+        Service::Saec, {"vdapi_SAEC_Write", {registerId, value}, BytesAt(value, sizeof *value)},
+        [=](State& state) {
+            return value ? state.hardware.saec.Write(registerId, *value) : VXD_INVALID_PARAMETER;
+        });
 }
 
 uint32_t WINAPI vdapi_AEC_Initialize() {
@@ -335,38 +406,46 @@ uint32_t WINAPI vdapi_AKM_SetSwitch(uint32_t switchNumber, uint32_t on) {
 // --- JADE ---
 
 uint32_t WINAPI vdapi_JADE_Reset(uint32_t code) {
-    return OnBoard({"vdapi_JADE_Reset", {code}}, NotYetSimulated);
+    return OnBoard({"vdapi_JADE_Reset", {code}},
+                   [=](State& state) { return ResetJade(state, code); });
 }
 
 uint32_t WINAPI vdapi_JADE_Read(uint32_t registerNumber, uint32_t* value) {
-    return OnBoard({"vdapi_JADE_Read", {registerNumber, value}}, NotYetSimulated);
+    return OnBoard({"vdapi_JADE_Read", {registerNumber, value}}, [=](State& state) {
+        return ReadInto(value,
+                        [&](uint32_t& read) { return ReadJade(state, registerNumber, read); });
+    });
 }
 
 uint32_t WINAPI vdapi_JADE_Write(uint32_t registerNumber, uint32_t value) {
-    return OnBoard({"vdapi_JADE_Write", {registerNumber, value}}, NotYetSimulated);
+    return OnBoard({"vdapi_JADE_Write", {registerNumber, value}},
+                   [=](State& state) { return state.hardware.jade.Write(registerNumber, value); });
 }
 
 // --- EEPROM ---
 
 uint32_t WINAPI vdapi_EPROM_Initialize() {
-    return OnBoard({"vdapi_EPROM_Initialize"}, NotYetSimulated);
+    return OnBoard({"vdapi_EPROM_Initialize"}, TakeStep<Service::Eprom, kInitialize>);
 }
 
 uint32_t WINAPI vdapi_EPROM_Terminate() {
-    return OnBoard({"vdapi_EPROM_Terminate"}, NotYetSimulated);
+    return OnBoard({"vdapi_EPROM_Terminate"}, TakeStep<Service::Eprom, kTerminate>);
 }
 
 uint32_t WINAPI vdapi_EPROM_Read(uint32_t address, uint8_t* buffer, uint32_t length,
                                  uint32_t constant) {
-    return OnBoard({"vdapi_EPROM_Read", {address, buffer, length, constant}}, NotYetSimulated);
+    return OnService(Service::Eprom, {"vdapi_EPROM_Read", {address, buffer, length, constant}},
+                     [=](State& state) { return StartEepromRead(state, address, buffer, length); });
 }
 
 uint32_t WINAPI vdapi_EPROM_Write(uint32_t address, const uint8_t* buffer, uint32_t length,
                                   uint32_t constant) {
-    return OnBoard({"vdapi_EPROM_Write",
-                    {address, buffer, length, constant},
-                    BytesAt(buffer, std::min(length, kEpromBytes))},
-                   NotYetSimulated);
+    return OnService(
+        Service::Eprom,
+        {"vdapi_EPROM_Write",
+         {address, buffer, length, constant},
+         BytesAt(buffer, std::min(length, kEpromBytes))},
+        [=](State& state) { return StartEepromWrite(state, address, buffer, length); });
 }
 
 // --- Codec processor (VCPXi) ---
@@ -425,19 +504,20 @@ uint32_t WINAPI vdapi_VPP_SetMode(uint32_t modeWord, const uint32_t* parameters)
 // --- Video encoder (BT855, BT858) and palettes ---
 
 uint32_t WINAPI vdapi_BT85X_Initialize() {
-    return OnBoard({"vdapi_BT85X_Initialize"}, NotYetSimulated);
+    return OnBoard({"vdapi_BT85X_Initialize"}, TakeStep<Service::Bt85x, kInitialize>);
 }
 
 uint32_t WINAPI vdapi_BT85X_Terminate() {
-    return OnBoard({"vdapi_BT85X_Terminate"}, NotYetSimulated);
+    return OnBoard({"vdapi_BT85X_Terminate"}, TakeStep<Service::Bt85x, kTerminate>);
 }
 
 uint32_t WINAPI vdapi_BT85X_Reset() {
-    return OnBoard({"vdapi_BT85X_Reset"}, NotYetSimulated);
+    return OnBoard({"vdapi_BT85X_Reset"}, TakeStep<Service::Bt85x, kReset>);
 }
 
 uint32_t WINAPI vdapi_BT85X_SetDisplayType(uint32_t type) {
-    return OnBoard({"vdapi_BT85X_SetDisplayType", {type}}, NotYetSimulated);
+    return OnBoard({"vdapi_BT85X_SetDisplayType", {type}},
+                   [=](State& state) { return SetDisplayType(state, type); });
 }
 
 uint32_t WINAPI vdapi_BT85X_WriteCtrlRegister(uint32_t encoder, uint32_t fieldId, uint32_t value) {

@@ -10,6 +10,9 @@ ResultCode Registers::Read(uint32_t number, uint32_t& value) const {
     if (!Has(number)) {
         return VXD_INVALID_PARAMETER;
     }
+    if (writeOnly.contains(number)) {
+        return VXD_ILLEGAL_OPERATION;
+    }
     const auto found = values.find(number);
     value = found == values.end() ? 0 : found->second;
     return VXD_SUCCESS;
@@ -24,6 +27,12 @@ ResultCode Registers::Write(uint32_t number, uint32_t value) {
     }
     values[number] = value & mask;
     return VXD_SUCCESS;
+}
+
+ResultCode Registers::Change(uint32_t number, uint32_t changed, uint32_t bits) {
+    uint32_t value = 0;
+    const ResultCode code = Read(number, value);
+    return code == VXD_SUCCESS ? Write(number, (value & ~changed) | (bits & changed)) : code;
 }
 
 }  // namespace board

@@ -30,6 +30,13 @@ void ReadSettings(State& state) {
     revisions.driver =
         static_cast<uint16_t>(ReadNumber("Board", "DriverRevision", revisions.driver));
     revisions.jade = static_cast<uint8_t>(ReadNumber("Board", "JadeRevision", revisions.jade));
+    state.isacChipsFitted = ReadNumber("Board", "IsacChips", state.isacChipsFitted);
+    EepromBehaviour& eeprom = state.eeprom.behaviour;
+    eeprom.millisecondsPerByte =
+        ReadNumber("Board", "EepromMillisecondsPerByte", eeprom.millisecondsPerByte);
+    eeprom.hangs = ReadNumber("Board", "EepromHangs", eeprom.hangs) != 0;
+    state.monitor.answersAfter = std::chrono::milliseconds(ReadNumber(
+        "Board", "MonitorMilliseconds", static_cast<uint32_t>(state.monitor.answersAfter.count())));
     state.traceCalls = ReadNumber("Trace", "Calls", state.traceCalls) != 0;
 }
 

@@ -7,6 +7,11 @@
 //     VpicRevision = 8 bits. Default 8.
 //     DriverRevision = 16 bits, major and minor. Default 0x0312.
 //     JadeRevision = 8 bits. Default 0x21.
+//     IsacChips = how many ISAC chips are fitted, 1 to 3, of those that the revision can have.
+//               Default 0, all of them.
+//     EepromMillisecondsPerByte = how long an EEPROM transfer takes. Default 2.
+//     MonitorMilliseconds = how long a monitor device takes to answer. Default 5.
+//     EepromHangs = 1 for EEPROM transfers that never end. Default 0.
 //
 // [Fail] says what fails. Each key is the name of an operation ("vdapi_AUXDEV_Initialize"), of a
 // debug command ("TALVERO_DBG_SEQ_TR_INIT") or of a firmware command ("PELLAN_COMMAND_GET_VER"),

@@ -1,5 +1,6 @@
 // What the board's library keeps for the whole run: the board, the faults that a test wants, the
-// calls that it remembers. Shared by the operation frame and the control interface.
+// calls that it remembers, its own thread. Shared by the operation frame, that thread and the
+// control interface.
 #pragma once
 
 #include <deque>
@@ -9,6 +10,7 @@
 
 #include "board/call.h"
 #include "board/state.h"
+#include "board/worker.h"
 #include "driver/result_code.h"
 
 namespace board {
@@ -18,12 +20,13 @@ struct Fault {
     bool once;
 };
 
-// The lock guards every member.
+// The lock guards every member but the worker, which knows itself what it needs.
 struct Simulation {
     std::mutex lock;
     State state;
     std::map<std::string, Fault> faults;  // by name of operation or command
     std::deque<Call> calls;               // the most recent ones, oldest first
+    Worker worker;
 };
 
 Simulation& TheSimulation();

@@ -1,13 +1,27 @@
 #include "board/state.h"
 
+#include <algorithm>
+
 namespace board {
 
+uint32_t State::IsacChips() const {
+    const uint32_t most = MostIsacChips(revisions.board);
+    return isacChipsFitted == 0 ? most : std::min(isacChipsFitted, most);
+}
+
 void State::PowerOn() {
+    schedule = {};
+    services = {};
     auxiliaryDevice = {};
+    hardware = {};
     firmware = {};
 }
 
 void State::RestartDriver() {
+    schedule = {};
+    services.lifeCycles = {};
+    services.sequencer = {};
+    services.codecProcessorRegistered = false;
     auxiliaryDevice = {};
     firmware.streams = Firmware{}.streams;
 }

@@ -1,12 +1,22 @@
 // The simulated board: what the driver libraries keep and what the board behind them holds. Only
-// operations (board/operation.h) and the control interface touch it, under the board's lock.
+// operations (board/operation.h), the board's own jobs (board/schedule.h) and the control interface
+// touch it, under the board's lock.
 #pragma once
 
 #include <array>
 #include <cstdint>
+#include <map>
+#include <string>
 
 #include "board/auxiliary_device.h"
+#include "board/eeprom.h"
 #include "board/firmware.h"
+#include "board/hardware.h"
+#include "board/monitor.h"
+#include "board/outbox.h"
+#include "board/registrations.h"
+#include "board/schedule.h"
+#include "board/services.h"
 #include "driver/slot.h"
 
 namespace board {
@@ -18,20 +28,37 @@ struct Revisions {
     uint8_t jade = 0x21;
 };
 
+struct CallCount {
+    uint32_t calls = 0;
+    uint32_t failures = 0;
+};
+
 struct State {
     // Which board is plugged in.
     bool present = true;
     Revisions revisions;
+    uint32_t isacChipsFitted = 0;  // 0: as many as the revision can have
+    Eeprom eeprom;
 
     // The libraries.
     bool papiOpen = false;
     bool koraOpen = false;
     std::array<Slot, 4> sharedTable{};
-    bool traceCalls = false;  // each call as a line of debug output
+    bool traceCalls = false;                      // each call as a line of debug output
+    std::map<std::string, CallCount> callCounts;  // by name of the command or operation
+    Schedule schedule;
+    Outbox outbox;
+    Registrations registrations;
+    Monitor monitor;
 
     // The board's hardware and firmware.
+    Services services;
     AuxiliaryDevice auxiliaryDevice;
+    Hardware hardware;
     Firmware firmware;
+
+    // How many ISAC chips the board has.
+    uint32_t IsacChips() const;
 
     // Hardware and firmware as they are at power-on.
     void PowerOn();

@@ -16,7 +16,8 @@ struct SharedWords {
     volatile uint32_t VcpSetFlag;
 };
 
-// The process's words: one object below 4 GiB that never moves and is never freed.
+// The utility's words: one object below 4 GiB that never moves and is never freed. For the program
+// alone; the driver library knows the words by the addresses in its table.
 SharedWords& GetSharedWords();
 
 // Their addresses in the order in which the library's table takes them: EpromPendingFlag,

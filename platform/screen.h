@@ -134,9 +134,9 @@ class Screen {
     virtual void SetCheck(WidgetId id, int check) = 0;
     virtual void SetDefaultLook(WidgetId id, bool isDefault) = 0;
 
-    // Edits, and combo boxes that have one. Positions count bytes of the text.
+    // Edits, and combo boxes that have one. Positions count bytes of the text. An edit that the core
+    // refuses, or cuts, is answered with the text and the selection as they are to be.
     virtual void SetReadOnly(WidgetId id, bool readOnly) = 0;
-    virtual void SetTextLimit(WidgetId id, int bytes) = 0;
     virtual void SetTextSelection(WidgetId id, int start, int end) = 0;
 
     // List and combo boxes. Row -1 is no row.
@@ -173,6 +173,8 @@ void Focused(WidgetId id);
 void Activated(WidgetId window, bool active);
 void CloseRequested(WidgetId window);
 void Placed(WidgetId window, const Rect& rect);
+// The desktop lost what the client area showed there.
+void Uncovered(WidgetId id, const Rect& area);
 void MenuOpened(WidgetId window, int position);
 void MenuChosen(WidgetId window, std::uint32_t command);
 // The popup of ShowPopup is gone; command 0 when nothing was chosen.

@@ -256,6 +256,9 @@ typedef struct tagMINMAXINFO {
 #define DWLP_USER ((int)(sizeof(LRESULT) + sizeof(DLGPROC)))
 
 #define IDC_ARROW MAKEINTRESOURCEA(32512)
+#define IDI_HAND MAKEINTRESOURCEA(32513)
+#define IDI_EXCLAMATION MAKEINTRESOURCEA(32515)
+#define IDI_ASTERISK MAKEINTRESOURCEA(32516)
 
 // Dialogs and message boxes.
 #define DS_ABSALIGN 0x0001
@@ -303,6 +306,7 @@ typedef struct tagMINMAXINFO {
 #define SS_TYPEMASK 0x001F
 #define SS_NOPREFIX 0x0080
 #define STM_SETICON 0x0170
+#define STM_GETICON 0x0171
 
 // Button.
 #define BS_PUSHBUTTON 0x0000

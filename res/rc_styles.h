@@ -6,6 +6,9 @@
 #ifndef IDOK
 #define IDOK 1
 #endif
+#ifndef IDCANCEL
+#define IDCANCEL 2
+#endif
 #ifndef IDC_STATIC
 #define IDC_STATIC (-1)
 #endif
@@ -39,6 +42,7 @@
 #ifndef ES_READONLY
 #define ES_MULTILINE 0x0004L
 #define ES_UPPERCASE 0x0008L
+#define ES_AUTOVSCROLL 0x0040L
 #define ES_AUTOHSCROLL 0x0080L
 #define ES_READONLY 0x0800L
 #define ES_WANTRETURN 0x1000L
@@ -53,4 +57,5 @@
 #define CBS_SIMPLE 0x0001L
 #define CBS_DROPDOWN 0x0002L
 #define CBS_DROPDOWNLIST 0x0003L
+#define CBS_AUTOHSCROLL 0x0040L
 #endif

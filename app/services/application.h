@@ -10,5 +10,5 @@ inline HINSTANCE AppInstance = nullptr;
 // Null until the main window has been made.
 inline HWND MainWindow = nullptr;
 // The board's revision, read once while the main window is made; 0 without a board. Its low byte
-// tells how many ISAC chips the board carries.
+// tells whether the board can carry more than one ISAC chip.
 inline uint16_t BoardRevision = 0;

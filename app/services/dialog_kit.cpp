@@ -10,8 +10,22 @@ constexpr std::size_t kFieldBuffer = 256;
 
 }  // namespace
 
-INT_PTR RunDialog(HINSTANCE instance, int templateId, HWND owner, DLGPROC procedure) {
-    return DialogBoxParamA(instance, MAKEINTRESOURCEA(templateId), owner, procedure, 0);
+INT_PTR RunDialog(HINSTANCE instance, int templateId, HWND owner, DLGPROC procedure,
+                  LPARAM parameter) {
+    return DialogBoxParamA(instance, MAKEINTRESOURCEA(templateId), owner, procedure, parameter);
+}
+
+void KeepState(HWND dialog, LPARAM parameter) {
+    SetWindowLongPtrA(dialog, DWLP_USER, parameter);
+}
+
+bool EndSelection(HWND dialog, int id, void (*accept)(HWND dialog)) {
+    if (id != IDOK && id != IDCANCEL)
+        return false;
+    if (id == IDOK)
+        accept(dialog);
+    EndDialog(dialog, id == IDOK ? 1 : 0);
+    return true;
 }
 
 std::string FieldText(HWND dialog, int id, std::size_t capacity) {
@@ -29,11 +43,21 @@ void ShowField(HWND dialog, int id, const char* format, ...) {
     SetDlgItemTextA(dialog, id, text);
 }
 
+int CheckedButton(HWND dialog, int first, int last) {
+    for (int id = first; id <= last; ++id) {
+        if (IsDlgButtonChecked(dialog, id) == BST_CHECKED)
+            return id;
+    }
+    return first;
+}
+
 void AddComboRows(HWND dialog, int id, std::span<const NamedNumber> rows) {
     const HWND combo = GetDlgItem(dialog, id);
     for (const NamedNumber& row : rows) {
         const LRESULT position =
             SendMessageA(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(row.name));
+        if (position == CB_ERR || position == CB_ERRSPACE)
+            return;
         SendMessageA(combo, CB_SETITEMDATA, static_cast<WPARAM>(position),
                      static_cast<LPARAM>(row.number));
     }

@@ -3,6 +3,8 @@
 // when the write returns. A failed write is not noticed. User-interface thread.
 #pragma once
 
+#include <array>
+
 // A number that stands as text under a key of a section of a file. Files named without a folder
 // live where the system keeps its profile files.
 struct IntegerSetting {
@@ -24,6 +26,27 @@ inline constexpr IntegerSetting kAlwaysOnTop{kOwnFile, "KORA_TST", "AlwaysOnTop"
 inline constexpr IntegerSetting kAlwaysOnTopShared{kSharedFile, "KORA_TST", "AlwaysOnTop", 0};
 // The menu resource that the main window shows: 3 the older board's, 4 the newer one's.
 inline constexpr IntegerSetting kMenu{kOwnFile, "KORA_TST", "Menu", 4};
+
+// The I2C transfers. The operation: 0 reads a register, 1 writes an address, 2 writes a register.
+inline constexpr IntegerSetting kI2cAddress{kOwnFile, "I2CAccess", "Address", 0};
+inline constexpr IntegerSetting kI2cData1{kOwnFile, "I2CAccess", "Data1", 0};
+inline constexpr IntegerSetting kI2cData2{kOwnFile, "I2CAccess", "Data2", 0};
+inline constexpr IntegerSetting kI2cOperation{kOwnFile, "I2CAccess", "Operation", 0};
+
+// The EEPROM transfers. The operation is its button's number: 1070 reads, 1071 writes.
+inline constexpr IntegerSetting kEpromAddress{kOwnFile, "EPROM DLG", "Address", 0};
+inline constexpr std::array kEpromData = {
+    IntegerSetting{kOwnFile, "EPROM DLG", "Data1", 0},
+    IntegerSetting{kOwnFile, "EPROM DLG", "Data2", 0},
+    IntegerSetting{kOwnFile, "EPROM DLG", "Data3", 0},
+    IntegerSetting{kOwnFile, "EPROM DLG", "Data4", 0},
+    IntegerSetting{kOwnFile, "EPROM DLG", "Data5", 0},
+    IntegerSetting{kOwnFile, "EPROM DLG", "Data6", 0},
+    IntegerSetting{kOwnFile, "EPROM DLG", "Data7", 0},
+    IntegerSetting{kOwnFile, "EPROM DLG", "Data8", 0},
+};
+inline constexpr IntegerSetting kEpromLength{kOwnFile, "EPROM DLG", "Length", 1};
+inline constexpr IntegerSetting kEpromOperation{kOwnFile, "EPROM DLG", "Operation", 1070};
 
 }  // namespace setting
 

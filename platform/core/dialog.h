@@ -21,6 +21,8 @@ Rect ToDialogUnits(const Rect& pixels);
 // In a dialog box the push button that has the focus looks like the default button; without one
 // the true default button does.
 void DefaultButtonFollowsFocus(Window& focused);
+// The controls of a dialog that belong to one group with the given one and can take the focus.
+std::vector<Window*> GroupOf(const Window& control);
 // Gives the focus to a dialog's control as keys do: an edit gets its whole text selected.
 void FocusByKey(Window& control);
 // The text of the modal box in front, for telling what a program waits for; empty without one.

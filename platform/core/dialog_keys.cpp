@@ -1,5 +1,6 @@
 // How keys move about in a dialog box.
 #include <algorithm>
+#include <iterator>
 
 #include "platform/core/dialog.h"
 #include "platform/core/queue.h"
@@ -195,6 +196,17 @@ bool HandleLetter(Window& dialog, Window* focus, const MSG& message) {
 }
 
 }  // namespace
+
+std::vector<Window*> GroupOf(const Window& control) {
+    std::vector<Window*> group;
+    if (control.parent == nullptr)
+        return group;
+    const auto& all = control.parent->children;
+    const auto [first, end] = GroupAround(*control.parent, IndexOf(*control.parent, &control));
+    std::copy_if(all.begin() + first, all.begin() + end, std::back_inserter(group),
+                 [](const Window* each) { return CanTakeFocus(*each); });
+    return group;
+}
 
 bool IsDialogKey(Window& focused, UINT message, WPARAM key, char character) {
     Window& dialog = TopLevelOf(focused);

@@ -84,6 +84,13 @@ void Placed(WidgetId window, const Rect& rect) {
     });
 }
 
+void Uncovered(WidgetId id, const Rect& area) {
+    Queue(id, [area](Window& window) {
+        const RECT lost{area.x, area.y, area.x + area.width, area.y + area.height};
+        InvalidateRect(window.handle, &lost, TRUE);
+    });
+}
+
 void MenuOpened(WidgetId window, int position) {
     Queue(window, [position](Window& opened) {
         if (const HMENU popup = PopupAt(opened.handle, position); popup != nullptr)
@@ -110,8 +117,9 @@ bool KeyPressed(WidgetId id, const KeyPress& key) {
         return false;
     const bool system = key.alt || (key.virtualKey == VK_F10 && !key.control);
     const UINT message = system ? WM_SYSKEYDOWN : WM_KEYDOWN;
-    const bool forDialog =
-        IsDialogKey(*window, message, key.virtualKey, static_cast<char>(key.character));
+    // Only plain letters are marked in captions.
+    const char letter = key.character < 0x80 ? static_cast<char>(key.character) : '\0';
+    const bool forDialog = IsDialogKey(*window, message, key.virtualKey, letter);
     // Windows of the program's own classes get all keys; a control's own widget handles the rest.
     if (!forDialog && window->control != nullptr)
         return false;

@@ -30,7 +30,7 @@ struct Menu {
 };
 
 HandleTable<Menu, HandleKind::kMenu>& Menus() {
-    static HandleTable<Menu, HandleKind::kMenu> menus;
+    static auto& menus = *new HandleTable<Menu, HandleKind::kMenu>;
     return menus;
 }
 
@@ -347,9 +347,11 @@ BOOL WINAPI TrackPopupMenu(HMENU menu, UINT flags, int x, int y, int /*reserved*
     if (window == nullptr || MenuOf(menu) == nullptr || vxd::theOpenPopup != nullptr)
         return FALSE;
     SendMessageA(handle, WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), 0);
+    if (!vxd::IsLiveWindow(handle))
+        return FALSE;
     vxd::OpenPopup popup{menu, -1, std::nullopt};
     vxd::theOpenPopup = &popup;
-    vxd::CurrentScreen().ShowPopup(window->Widget(), vxd::ViewOf(menu), {x, y});
+    vxd::CurrentScreen().ShowPopup(vxd::HandleNumber(handle), vxd::ViewOf(menu), {x, y});
     const UINT chosen = vxd::TrackPopup(popup);
     vxd::theOpenPopup = nullptr;
     vxd::CurrentScreen().ClosePopup();

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "platform/core/dialog.h"
-#include "platform/core/icon.h"
 
 namespace vxd {
 namespace {
@@ -22,7 +21,6 @@ constexpr int kShortestText = 12;
 // As Win32 numbers the parts of its message boxes.
 constexpr int kTextId = 0xFFFF;
 constexpr int kIconId = 0x14;
-constexpr int kIconPixels = 32;
 
 struct ButtonChoice {
     int id;
@@ -44,36 +42,17 @@ std::span<const ButtonChoice> ButtonsOf(UINT style) {
     }
 }
 
-constexpr std::uint32_t kWhite = 0xFFFFFFFFu;
-
-// The signs of message boxes: a coloured disc or triangle with a bar and a dot, or a cross.
-Pixels DrawSign(UINT icon) {
-    Pixels sign{kIconPixels, kIconPixels, {}};
-    sign.data.resize(kIconPixels * kIconPixels);
-    const bool warning = icon == MB_ICONEXCLAMATION;
-    const std::uint32_t ground = warning               ? 0xFFF5B800u
-                                 : icon == MB_ICONHAND ? 0xFFC8252Cu
-                                                       : 0xFF1E6FC8u;
-    const std::uint32_t mark = warning ? 0xFF202020u : kWhite;
-    for (int y = 0; y < kIconPixels; ++y) {
-        for (int x = 0; x < kIconPixels; ++x) {
-            // Twice the distances from the middle, to stay with whole numbers.
-            const int dx = 2 * x - (kIconPixels - 1);
-            const int dy = 2 * y - (kIconPixels - 1);
-            const bool inside =
-                warning ? y >= 2 && y < 30 && std::abs(dx) <= y + 1 : dx * dx + dy * dy <= 29 * 29;
-            if (!inside)
-                continue;
-            const bool cross = std::abs(std::abs(dx) - std::abs(dy)) <= 4 && std::abs(dx) <= 13;
-            const bool bar = std::abs(dx) <= 3 &&
-                             (icon == MB_ICONINFORMATION ? y >= 13 && y < 25 : y >= 10 && y < 21);
-            const bool dot = std::abs(dx) <= 3 &&
-                             (icon == MB_ICONINFORMATION ? y >= 7 && y < 11 : y >= 23 && y < 27);
-            const bool marked = icon == MB_ICONHAND ? cross : bar || dot;
-            sign.data[static_cast<std::size_t>(y * kIconPixels + x)] = marked ? mark : ground;
-        }
+HICON SignOf(UINT style) {
+    switch (style & MB_ICONMASK) {
+        case MB_ICONHAND:
+            return LoadIconA(nullptr, IDI_HAND);
+        case MB_ICONEXCLAMATION:
+            return LoadIconA(nullptr, IDI_EXCLAMATION);
+        case MB_ICONINFORMATION:
+            return LoadIconA(nullptr, IDI_ASTERISK);
+        default:
+            return nullptr;
     }
-    return sign;
 }
 
 DialogControl Control(const char* className, int id, std::uint32_t style, const Rect& units,
@@ -91,7 +70,7 @@ DialogControl Control(const char* className, int id, std::uint32_t style, const 
 }
 
 DialogTemplate LayOut(const std::string& text, const char* title, UINT style) {
-    const bool hasIcon = (style & MB_ICONMASK) != 0;
+    const bool hasIcon = SignOf(style) != nullptr;
     const auto buttons = ButtonsOf(style);
     const Rect widest = FromDialogUnits({0, 0, kWidestText, 0});
     const Size size = CurrentScreen().TextSize(text, widest.width);
@@ -130,9 +109,8 @@ DialogTemplate LayOut(const std::string& text, const char* title, UINT style) {
 INT_PTR CALLBACK MessageBoxProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_INITDIALOG: {
-            const auto style = static_cast<UINT>(lParam);
-            if (const HWND icon = GetDlgItem(box, kIconId); icon != nullptr)
-                CurrentScreen().SetIcon(HandleNumber(icon), DrawSign(style & MB_ICONMASK));
+            const auto sign = SignOf(static_cast<UINT>(lParam));
+            SendDlgItemMessageA(box, kIconId, STM_SETICON, reinterpret_cast<WPARAM>(sign), 0);
             return TRUE;
         }
         case WM_COMMAND: {

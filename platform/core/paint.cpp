@@ -21,7 +21,7 @@ struct PaintTables {
 };
 
 PaintTables& Tables() {
-    static PaintTables tables;
+    static PaintTables& tables = *new PaintTables;
     return tables;
 }
 
@@ -92,13 +92,14 @@ void Invalidate(Window& window, const Rect& area, bool erase) {
     window.eraseUpdate = window.eraseUpdate || erase;
 }
 
-const Window* NextToPaintIn(const std::vector<Window*>& windows) {
+const Window* NextToPaintIn(const std::vector<Window*>& windows,
+                            const std::function<bool(const Window&)>& wanted) {
     for (const Window* window : windows) {
         if (!window->IsVisible() || window->control != nullptr)
             continue;
-        if (window->update)
+        if (window->update && wanted(*window))
             return window;
-        if (const Window* inner = NextToPaintIn(window->children); inner != nullptr)
+        if (const Window* inner = NextToPaintIn(window->children, wanted); inner != nullptr)
             return inner;
     }
     return nullptr;
@@ -135,8 +136,8 @@ void Fill(Window& window, DeviceContext& context, const Rect& area, COLORREF col
 
 }  // namespace
 
-const Window* NextWindowToPaint() {
-    return NextToPaintIn(TopLevelWindows());
+const Window* NextWindowToPaint(const std::function<bool(const Window&)>& wanted) {
+    return NextToPaintIn(TopLevelWindows(), wanted);
 }
 
 void ClientResized(Window& window) {

@@ -4,12 +4,15 @@
 // Everything here belongs to the user-interface thread.
 #pragma once
 
+#include <functional>
+
 #include "platform/core/window.h"
 
 namespace vxd {
 
-// A shown window that waits for WM_PAINT, parents and front windows first; null when none does.
-const Window* NextWindowToPaint();
+// A shown window that waits for WM_PAINT and that the caller wants, parents and front windows
+// first; null when none does.
+const Window* NextWindowToPaint(const std::function<bool(const Window&)>& wanted);
 // Fits the pixels to a client area that has changed its size and has what is new of it painted.
 void ClientResized(Window& window);
 // Fills what `dc` may draw on with the class's background; whether the class has one.

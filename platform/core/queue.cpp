@@ -22,6 +22,8 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::size_t kMostPostedMessages = 10000;
 constexpr UINT kShortestPeriod = 10;
+// So many posted messages may be retrieved in a row before the desktop gets a turn.
+constexpr int kMostInARow = 64;
 constexpr UINT_PTR kFirstOwnTimerId = 0x7000;
 
 // A message that another thread sends and waits for.
@@ -52,6 +54,8 @@ struct Filter {
     HWND window = nullptr;
     UINT first = 0;
     UINT last = 0;
+
+    bool TakesAll() const { return window == nullptr && first == 0 && last == 0; }
 
     bool Takes(HWND target, UINT message) const {
         if (window != nullptr && window != target) {
@@ -131,16 +135,19 @@ class MessageQueue {
     std::optional<MSG> Next(const Filter& filter, bool remove, bool wait) {
         for (bool looked = false;;) {
             AnswerSent();
-            if (auto message = NextPosted(filter, remove))
+            if (inARow_ >= kMostInARow)
+                LookAtDesktop();
+            if (auto message = NextPosted(filter, remove)) {
+                ++inARow_;
                 return message;
+            }
             if (quit_)
                 return TakeQuit(remove);
             if (auto message = NextInput(filter, remove))
                 return message;
             if (!looked) {
                 // What a person did comes before painting and timers.
-                RefreshMenuBars();
-                CurrentScreen().Wait(0);
+                LookAtDesktop();
                 looked = true;
                 continue;
             }
@@ -155,6 +162,13 @@ class MessageQueue {
     }
 
   private:
+    // Shows what is due and takes in what the desktop has to tell, without waiting.
+    void LookAtDesktop() {
+        inARow_ = 0;
+        RefreshMenuBars();
+        CurrentScreen().Wait(0);
+    }
+
     void AnswerSent() {
         for (;;) {
             SentMessage* message = nullptr;
@@ -198,9 +212,12 @@ class MessageQueue {
         return message;
     }
 
+    // Runs what waits to be run only for a caller who takes whatever comes; it may have changed
+    // anything, so such a caller then looks round by getting a message that says nothing.
     std::optional<MSG> NextInput(const Filter& filter, bool remove) {
+        const bool runs = remove && filter.TakesAll();
         const auto found = std::find_if(input_.begin(), input_.end(), [&](const Input& i) {
-            return i.run || filter.Takes(i.message.hwnd, i.message.message);
+            return i.run ? runs : filter.Takes(i.message.hwnd, i.message.message);
         });
         if (found == input_.end())
             return std::nullopt;
@@ -217,23 +234,28 @@ class MessageQueue {
     }
 
     std::optional<MSG> NextPaint(const Filter& filter) {
-        const Window* window = NextWindowToPaint();
-        if (window == nullptr || !filter.Takes(window->handle, WM_PAINT))
+        const Window* window = NextWindowToPaint([&filter](const Window& candidate) {
+            return filter.Takes(candidate.handle, WM_PAINT);
+        });
+        if (window == nullptr)
             return std::nullopt;
         return Stamped(window->handle, WM_PAINT, 0, 0);
     }
 
+    // The timer that has waited longest goes first.
     std::optional<MSG> NextTimer(const Filter& filter, bool remove) {
         const auto now = Clock::now();
+        Timer* next = nullptr;
         for (Timer& timer : timers_) {
-            if (timer.due > now || !filter.Takes(timer.window, WM_TIMER))
-                continue;
-            if (remove)
-                timer.due = now + timer.period;
-            return Stamped(timer.window, WM_TIMER, timer.id,
-                           reinterpret_cast<LPARAM>(timer.callback));
+            if (timer.due <= now && filter.Takes(timer.window, WM_TIMER) &&
+                (next == nullptr || timer.due < next->due))
+                next = &timer;
         }
-        return std::nullopt;
+        if (next == nullptr)
+            return std::nullopt;
+        if (remove)
+            next->due = now + next->period;
+        return Stamped(next->window, WM_TIMER, next->id, reinterpret_cast<LPARAM>(next->callback));
     }
 
     // -1 without a timer.
@@ -266,13 +288,15 @@ class MessageQueue {
     std::deque<MSG> posted_;
     std::deque<SentMessage*> sent_;
     std::optional<int> quit_;
+    int inARow_ = 0;  // posted messages retrieved since the desktop had a turn
     std::deque<Input> input_;
     std::vector<Timer> timers_;
     UINT_PTR nextOwnTimerId_ = kFirstOwnTimerId;
 };
 
+// Never destroyed: other threads may still post, or wait for an answer, while the process ends.
 MessageQueue& TheQueue() {
-    static MessageQueue queue;
+    static MessageQueue& queue = *new MessageQueue;
     return queue;
 }
 

@@ -14,7 +14,8 @@ void InstallScreen(Screen& screen) {
 }
 
 Screen& CurrentScreen() {
-    static HeadlessScreen headless;
+    // Never destroyed: other threads may still wake it while the process ends.
+    static HeadlessScreen& headless = *new HeadlessScreen;
     return installed != nullptr ? *installed : headless;
 }
 

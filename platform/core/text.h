@@ -13,6 +13,15 @@ constexpr char Upper(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c;
 }
 
+// How many of the first `most` bytes of a UTF-8 text can be kept without cutting a character.
+constexpr std::size_t WholeCharacters(std::string_view text, std::size_t most) {
+    if (text.size() <= most)
+        return text.size();
+    while (most > 0 && (static_cast<unsigned char>(text[most]) & 0xC0) == 0x80)
+        --most;
+    return most;
+}
+
 constexpr bool EqualIgnoringCase(std::string_view a, std::string_view b) {
     if (a.size() != b.size())
         return false;

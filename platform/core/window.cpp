@@ -23,8 +23,9 @@ struct Desk {
     HWND active = nullptr;
 };
 
+// Never destroyed: other threads may still post while the process ends.
 Desk& TheDesk() {
-    static Desk desk;
+    static Desk& desk = *new Desk;
     return desk;
 }
 
@@ -138,12 +139,21 @@ void Bury(Window& window) {
     TheDesk().windows.Remove(window.Widget());
 }
 
-void TellDestruction(Window& window) {
-    window.destroying = true;
-    Call(window, WM_DESTROY, 0, 0);
-    const std::vector<Window*> children = window.children;
-    for (Window* child : children)
-        TellDestruction(*child);
+// Any callback may destroy any window, so windows are looked up again after each.
+void TellDestruction(HWND handle) {
+    Window* window = FindWindowOf(handle);
+    if (window == nullptr)
+        return;
+    window->destroying = true;
+    Call(*window, WM_DESTROY, 0, 0);
+    window = FindWindowOf(handle);
+    if (window == nullptr)
+        return;
+    std::vector<HWND> children;
+    for (const Window* child : window->children)
+        children.push_back(child->handle);
+    for (const HWND child : children)
+        TellDestruction(child);
 }
 
 void DestroyOwned(HWND owner) {
@@ -228,7 +238,10 @@ Point ClientOrigin(const Window& window) {
 void Place(Window& window, const Rect& wanted) {
     Rect rect = wanted;
     if (HasSizableFrame(window)) {
+        const HWND handle = window.handle;
         const Size maximum = MaximumSize(window);
+        if (!IsLiveWindow(handle))
+            return;
         CurrentScreen().SetMaximumSize(window.Widget(), maximum);
         rect.width = std::min(rect.width, maximum.width);
         rect.height = std::min(rect.height, maximum.height);
@@ -301,7 +314,7 @@ void Notify(Window& control, int code) {
 int CopyText(const std::string& text, LPSTR destination, int capacity) {
     if (destination == nullptr || capacity <= 0)
         return 0;
-    const std::size_t length = std::min(text.size(), static_cast<std::size_t>(capacity) - 1);
+    const std::size_t length = WholeCharacters(text, static_cast<std::size_t>(capacity) - 1);
     std::memcpy(destination, text.data(), length);
     destination[length] = '\0';
     return static_cast<int>(length);
@@ -424,11 +437,13 @@ HWND WINAPI CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR title, DWORD
         window.rect.width = std::min(window.rect.width, maximum.width);
         window.rect.height = std::min(window.rect.height, maximum.height);
     }
-    const auto abandon = [&window] {
-        vxd::Bury(window);
+    const auto abandon = [handle] {
+        if (Window* abandoned = FindWindowOf(handle); abandoned != nullptr)
+            vxd::Bury(*abandoned);
         return nullptr;
     };
-    if (vxd::Call(window, WM_NCCREATE, 0, reinterpret_cast<LPARAM>(&creation)) == 0)
+    if (vxd::Call(window, WM_NCCREATE, 0, reinterpret_cast<LPARAM>(&creation)) == 0 ||
+        FindWindowOf(handle) == nullptr)
         return abandon();
     vxd::ShowOnScreen(window);
     if (vxd::HasSizableFrame(window))
@@ -459,13 +474,17 @@ BOOL WINAPI DestroyWindow(HWND handle) {
     Window* window = FindWindowOf(handle);
     if (window == nullptr || window->destroying || !vxd::OnUserInterfaceThread())
         return FALSE;
+    window->destroying = true;
     if (!window->IsChild())
         vxd::DestroyOwned(handle);
     ShowWindow(handle, SW_HIDE);
-    vxd::LeaveFocus(*window);
-    vxd::TellDestruction(*window);
-    vxd::CurrentScreen().Destroy(window->Widget());
-    vxd::Bury(*window);
+    if (window = FindWindowOf(handle); window != nullptr)
+        vxd::LeaveFocus(*window);
+    vxd::TellDestruction(handle);
+    if (window = FindWindowOf(handle); window != nullptr) {
+        vxd::CurrentScreen().Destroy(window->Widget());
+        vxd::Bury(*window);
+    }
     return TRUE;
 }
 

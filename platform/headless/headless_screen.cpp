@@ -45,17 +45,22 @@ int HeadlessScreen::MenuBarHeight(WidgetId /*window*/, int /*width*/) {
 void HeadlessScreen::Wait(int milliseconds) {
     std::unique_lock lock(mutex_);
     const auto woken = [this] { return wake_; };
-    if (milliseconds >= 0) {
-        woken_.wait_for(lock, std::chrono::milliseconds(milliseconds), woken);
-    } else if (!woken_.wait_for(lock, kPatience, woken)) {
-        const std::string box = DescribeModalBox();
-        if (!box.empty()) {
-            std::fprintf(stderr, "nobody answers the modal box %s\n", box.c_str());
-            std::abort();
-        }
-        woken_.wait(lock, woken);
-    }
+    const auto start = std::chrono::steady_clock::now();
+    const auto patience = kPatience - waited_;
+    const auto longest = milliseconds >= 0 ? std::min<std::chrono::nanoseconds>(
+                                                 std::chrono::milliseconds(milliseconds), patience)
+                                           : patience;
+    const bool something = woken_.wait_for(lock, longest, woken);
     wake_ = false;
+    waited_ = something ? std::chrono::nanoseconds(0)
+                        : waited_ + (std::chrono::steady_clock::now() - start);
+    if (waited_ < kPatience)
+        return;
+    waited_ = std::chrono::nanoseconds(0);
+    if (const std::string box = DescribeModalBox(); !box.empty()) {
+        std::fprintf(stderr, "nobody answers the modal box %s\n", box.c_str());
+        std::abort();
+    }
 }
 
 void HeadlessScreen::Wake() {

@@ -2,7 +2,7 @@
 // would, and waits.
 //
 // A modal box that nobody will answer ends the process with the box's text instead of hanging: when
-// a modal dialog waits longer than kPatience for anything at all to happen.
+// a modal dialog waits longer than kPatience for anything but timers to happen.
 #pragma once
 
 #include <chrono>
@@ -40,7 +40,6 @@ class HeadlessScreen : public Screen {
     void SetCheck(WidgetId, int) override {}
     void SetDefaultLook(WidgetId, bool) override {}
     void SetReadOnly(WidgetId, bool) override {}
-    void SetTextLimit(WidgetId, int) override {}
     void SetTextSelection(WidgetId, int, int) override {}
     void InsertRow(WidgetId, int, const std::string&) override {}
     void RemoveRow(WidgetId, int) override {}
@@ -55,6 +54,7 @@ class HeadlessScreen : public Screen {
     std::mutex mutex_;
     std::condition_variable woken_;
     bool wake_ = false;
+    std::chrono::nanoseconds waited_{0};  // since somebody woke it; user-interface thread
 };
 
 }  // namespace vxd

@@ -48,7 +48,6 @@ class Control {
     virtual void SetCheck(int /*check*/) {}
     virtual void SetDefaultLook(bool /*isDefault*/) {}
     virtual void SetReadOnly(bool /*readOnly*/) {}
-    virtual void SetTextLimit(int /*bytes*/) {}
     virtual void SetTextSelection(int /*start*/, int /*end*/) {}
     virtual void InsertRow(int /*row*/, const std::string& /*text*/) {}
     virtual void RemoveRow(int /*row*/) {}

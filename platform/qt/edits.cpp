@@ -1,5 +1,6 @@
 #include <QPlainTextEdit>
 #include <algorithm>
+#include <limits>
 
 #include "platform/qt/control.h"
 #include "platform/qt/line_text.h"
@@ -9,28 +10,22 @@
 namespace vxd::qt {
 
 LineText::LineText(QLineEdit& edit, WidgetId id, Report& report)
-    : edit_(edit), id_(id), report_(report), limit_(edit.maxLength()) {
+    : edit_(edit), id_(id), report_(report) {
+    // The limit that binds typing and pasting is the core's; it counts bytes.
+    edit.setMaxLength(std::numeric_limits<int>::max());
     QObject::connect(&edit, &QLineEdit::textEdited, &edit, [this] { TextEdited(); });
     QObject::connect(&edit, &QLineEdit::selectionChanged, &edit, [this] { SelectionMoved(); });
     QObject::connect(&edit, &QLineEdit::cursorPositionChanged, &edit, [this] { SelectionMoved(); });
 }
 
 void LineText::Set(const std::string& text) {
-    const QString wanted = ToQt(text);
-    // The limit binds typing and pasting, not the program.
-    edit_.setMaxLength(std::max(limit_, static_cast<int>(wanted.size())));
-    edit_.setText(wanted);
+    edit_.setText(ToQt(text));
     KeepSelection();
 }
 
 void LineText::SetReadOnly(bool readOnly) {
     edit_.setReadOnly(readOnly);
     SetReadOnlyLook(edit_, readOnly);
-}
-
-void LineText::SetLimit(int bytes) {
-    limit_ = std::max(0, bytes);
-    edit_.setMaxLength(std::max(limit_, static_cast<int>(edit_.text().size())));
 }
 
 void LineText::Select(int start, int end) {
@@ -94,7 +89,6 @@ class LineEdit : public Control {
     }
     void SetText(const std::string& text) override { text_.Set(text); }
     void SetReadOnly(bool readOnly) override { text_.SetReadOnly(readOnly); }
-    void SetTextLimit(int bytes) override { text_.SetLimit(bytes); }
     void SetTextSelection(int start, int end) override { text_.Select(start, end); }
 
   private:
@@ -153,6 +147,9 @@ class TextEdit : public Control {
     }
 
     void SelectionMoved() {
+        // The caret moves ahead of the edit that moves it, which tells both.
+        if (!report_.IsOpen() || Native().toPlainText() != text_)
+            return;
         const QTextCursor cursor = Native().textCursor();
         report_(input::SelectionMoved, Id(), Position(cursor.selectionStart()),
                 Position(cursor.selectionEnd()));

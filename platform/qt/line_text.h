@@ -17,7 +17,6 @@ class LineText {
 
     void Set(const std::string& text);
     void SetReadOnly(bool readOnly);
-    void SetLimit(int bytes);
     void Select(int start, int end);
     // Shows the selection again that the edit had when the focus left it.
     void RestoreSelection();
@@ -30,7 +29,6 @@ class LineText {
     QLineEdit& edit_;
     WidgetId id_;
     Report& report_;
-    int limit_;
     int start_ = 0;
     int end_ = 0;
 };

@@ -180,10 +180,6 @@ class ComboBox : public Control {
         if (text_)
             text_->Set(text);
     }
-    void SetTextLimit(int bytes) override {
-        if (text_)
-            text_->SetLimit(bytes);
-    }
     void SetTextSelection(int start, int end) override {
         if (text_)
             text_->Select(start, end);
@@ -290,7 +286,6 @@ class SimpleCombo : public Control {
         text_.RestoreSelection();
     }
     void SetText(const std::string& text) override { text_.Set(text); }
-    void SetTextLimit(int bytes) override { text_.SetLimit(bytes); }
     void SetTextSelection(int start, int end) override { text_.Select(start, end); }
     void InsertRow(int row, const std::string& text) override { Native().List().Insert(row, text); }
     void RemoveRow(int row) override { Native().List().Remove(row); }

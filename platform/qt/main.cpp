@@ -9,8 +9,11 @@ int main(int argc, char** argv) {
     qunsetenv("SESSION_MANAGER");
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    vxd::QtScreen screen;
+    // Never destroyed: other threads may still wake it while the process ends.
+    auto& screen = *new vxd::QtScreen;
     vxd::InstallScreen(screen);
     char commandLine[] = "";
-    return WinMain(GetModuleHandleA(nullptr), nullptr, commandLine, SW_SHOWNORMAL);
+    const int exitCode = WinMain(GetModuleHandleA(nullptr), nullptr, commandLine, SW_SHOWNORMAL);
+    screen.Retire();
+    return exitCode;
 }

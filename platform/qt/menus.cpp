@@ -1,6 +1,7 @@
 #include "platform/qt/menus.h"
 
 #include <QActionGroup>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <algorithm>
@@ -27,44 +28,6 @@ bool SameShape(const std::vector<MenuView>& a, const std::vector<MenuView>& b) {
                    left.command == right.command && SameShape(left.children, right.children);
         });
 }
-
-class Row : public QMenuBar {
-  public:
-    Row(QWidget* window, const MenuRows& rows, bool isFirst)
-        : QMenuBar(window), rows_(rows), isFirst_(isFirst) {
-        setNativeMenuBar(false);
-    }
-
-    // The bar watches its window for the Alt key; one row is enough to answer it.
-    bool eventFilter(QObject* object, QEvent* event) override {
-        return isFirst_ && QMenuBar::eventFilter(object, event);
-    }
-
-  protected:
-    // The arrow keys run through all rows as through one.
-    void keyPressEvent(QKeyEvent* event) override {
-        const QAction* active = activeAction();
-        const QList<QAction*> all = actions();
-        if (event->key() == Qt::Key_Right && active != nullptr && active == all.last())
-            return EnterFrom(event, 1);
-        if (event->key() == Qt::Key_Left && active != nullptr && active == all.first())
-            return EnterFrom(event, -1);
-        QMenuBar::keyPressEvent(event);
-    }
-
-  private:
-    void EnterFrom(QKeyEvent* event, int step) {
-        QMenuBar* next = rows_.Neighbour(*this, step);
-        if (next == nullptr)
-            return QMenuBar::keyPressEvent(event);
-        setActiveAction(nullptr);
-        next->setFocus(Qt::MenuBarFocusReason);
-        next->setActiveAction(step > 0 ? next->actions().first() : next->actions().last());
-    }
-
-    const MenuRows& rows_;
-    bool isFirst_;
-};
 
 }  // namespace
 
@@ -99,6 +62,69 @@ void RefreshMenu(QMenu& menu, const std::vector<MenuView>& items) {
             RefreshMenu(*inner, items[at].children);
     }
 }
+
+// One row of the bar. The arrow keys run through all rows as through one.
+class MenuRows::Row : public QMenuBar {
+  public:
+    Row(QWidget* window, const MenuRows& rows, bool isFirst)
+        : QMenuBar(window), rows_(rows), isFirst_(isFirst) {
+        setNativeMenuBar(false);
+    }
+
+    // Each row watches the window for the Alt key. The row that has the keyboard answers it, else
+    // the first.
+    bool eventFilter(QObject* object, QEvent* event) override {
+        const auto* focused = dynamic_cast<const Row*>(QApplication::focusWidget());
+        const bool answers = focused != nullptr ? focused == this : isFirst_;
+        return answers && QMenuBar::eventFilter(object, event);
+    }
+
+    // Qt gives the keyboard to a bar, or takes it back, when Alt goes down and up alone.
+    void PressAlt() {
+        QKeyEvent down(QEvent::ShortcutOverride, Qt::Key_Alt, Qt::NoModifier);
+        QKeyEvent up(QEvent::KeyRelease, Qt::Key_Alt, Qt::AltModifier);
+        QMenuBar::eventFilter(this, &down);
+        QMenuBar::eventFilter(this, &up);
+    }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_F10)
+            return PressAlt();
+        const QAction* active = activeAction();
+        const QList<QAction*> all = actions();
+        if (event->key() == Qt::Key_Right && active != nullptr && active == all.last())
+            return GoOn(event, 1);
+        if (event->key() == Qt::Key_Left && active != nullptr && active == all.first())
+            return GoOn(event, -1);
+        QMenuBar::keyPressEvent(event);
+    }
+
+  private:
+    void GoOn(QKeyEvent* event, int step) {
+        Row& next = rows_.Neighbour(*this, step);
+        if (&next == this)
+            return QMenuBar::keyPressEvent(event);
+        const QMenu* popup = activeAction()->menu();
+        const bool isOpen = popup != nullptr && popup->isVisible();
+        // The keyboard goes back to where it was first, so that the next row returns it there too.
+        setActiveAction(nullptr);
+        Take(Qt::Key_Escape);
+        next.PressAlt();
+        if (step < 0)
+            next.Take(Qt::Key_Left);
+        if (isOpen)
+            next.Take(Qt::Key_Down);
+    }
+
+    void Take(Qt::Key key) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+        QMenuBar::keyPressEvent(&press);
+    }
+
+    const MenuRows& rows_;
+    bool isFirst_;
+};
 
 MenuRows::MenuRows(QWidget& window, std::function<void(int)> opened, MenuChoice chosen)
     : window_(window), opened_(std::move(opened)), chosen_(std::move(chosen)) {}
@@ -211,12 +237,19 @@ int MenuRows::LayOut(int width) {
     return top;
 }
 
-QMenuBar* MenuRows::Neighbour(const QMenuBar& row, int step) const {
+bool MenuRows::Enter() {
+    if (rows_.empty())
+        return false;
+    rows_.front()->PressAlt();
+    return true;
+}
+
+MenuRows::Row& MenuRows::Neighbour(const Row& row, int step) const {
     const auto at = std::find_if(rows_.begin(), rows_.end(),
                                  [&row](const auto& each) { return each.get() == &row; });
-    const auto next = at - rows_.begin() + step;
-    return next >= 0 && next < std::ssize(rows_) ? rows_[static_cast<std::size_t>(next)].get()
-                                                 : nullptr;
+    const auto count = std::ssize(rows_);
+    const auto next = (at - rows_.begin() + step + count) % count;
+    return *rows_[static_cast<std::size_t>(next)];
 }
 
 }  // namespace vxd::qt

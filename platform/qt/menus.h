@@ -7,8 +7,6 @@
 
 #include "platform/screen.h"
 
-class QMenuBar;
-
 namespace vxd::qt {
 
 using MenuChoice = std::function<void(std::uint32_t command)>;
@@ -30,10 +28,14 @@ class MenuRows {
     int HeightFor(int width) const;
     // Puts the rows to the top of a window of that width and gives their height.
     int LayOut(int width);
-    // The row after or before another one; null beyond the last.
-    QMenuBar* Neighbour(const QMenuBar& row, int step) const;
+    // Gives the keyboard to the first entry, as the Alt key does; false without any.
+    bool Enter();
 
   private:
+    class Row;
+
+    // The row after or before another one; the first follows the last.
+    Row& Neighbour(const Row& row, int step) const;
     struct Entry {
         std::unique_ptr<QMenu> popup;      // null for a command on the bar
         std::unique_ptr<QAction> command;  // null for a popup
@@ -54,7 +56,7 @@ class MenuRows {
     MenuChoice chosen_;
     std::vector<MenuView> menu_;
     std::vector<Entry> entries_;
-    std::vector<std::unique_ptr<QMenuBar>> rows_;
+    std::vector<std::unique_ptr<Row>> rows_;
     std::vector<std::size_t> starts_;
     int rowHeight_ = 0;
     int margins_ = 0;

@@ -45,9 +45,18 @@ QtScreen::QtScreen()
 }
 
 QtScreen::~QtScreen() {
+    Retire();
+}
+
+void QtScreen::Retire() {
     ClosePopup();
     while (!controls_.empty())
         Destroy(controls_.begin()->first);
+    heldKeys_.clear();
+    timeLimit_.reset();
+    watcher_.reset();
+    const std::lock_guard lock(wakeMutex_);
+    dispatcher_ = nullptr;
 }
 
 Control* QtScreen::Find(WidgetId id) const {
@@ -226,11 +235,6 @@ void QtScreen::SetReadOnly(WidgetId id, bool readOnly) {
         control->SetReadOnly(readOnly);
 }
 
-void QtScreen::SetTextLimit(WidgetId id, int bytes) {
-    if (Control* control = Find(id); control != nullptr)
-        control->SetTextLimit(bytes);
-}
-
 void QtScreen::SetTextSelection(WidgetId id, int start, int end) {
     if (Control* control = Find(id); control != nullptr)
         control->SetTextSelection(start, end);
@@ -284,7 +288,9 @@ void QtScreen::Wait(int milliseconds) {
 
 void QtScreen::Wake() {
     woken_ = true;
-    dispatcher_->wakeUp();
+    const std::lock_guard lock(wakeMutex_);
+    if (dispatcher_ != nullptr)
+        dispatcher_->wakeUp();
 }
 
 bool QtScreen::Intercept(QWidget& receiver, QEvent& event) {
@@ -365,6 +371,11 @@ bool QtScreen::TakesKeysFirst(const QWidget& receiver) {
 }
 
 bool QtScreen::OfferKey(QWidget& receiver, const QKeyEvent& event) {
+    if (event.key() == Qt::Key_F10 && event.modifiers() == Qt::NoModifier) {
+        auto* top = dynamic_cast<TopLevel*>(ControlOf(receiver.window()));
+        if (top != nullptr && top->EnterMenuBar())
+            return true;
+    }
     const input::KeyPress key = qt::ToKeyPress(event);
     if (report_(input::KeyPressed, ControlOf(&receiver)->Id(), key))
         return true;

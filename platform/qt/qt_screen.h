@@ -1,13 +1,14 @@
 // The screen for people: Qt's own widgets, so that input methods, the clipboard, high resolution
 // and screen readers work as everywhere on the desktop.
 //
-// A QApplication exists before the screen and outlives it. All functions but Wake belong to the
-// thread that made both.
+// A QApplication exists before the screen and until it retires. All functions but Wake belong to
+// the thread that made both.
 #pragma once
 
 #include <atomic>
 #include <deque>
 #include <memory>
+#include <mutex>
 #include <unordered_map>
 
 #include "platform/qt/report.h"
@@ -32,6 +33,10 @@ class QtScreen final : public Screen {
   public:
     QtScreen();
     ~QtScreen() override;
+
+    // Takes all windows off the desktop, for good. Afterwards the QApplication may go, and Wake
+    // does nothing.
+    void Retire();
 
     // The native widget behind a number, for pictures and tests; null if there is none.
     QWidget* NativeWidget(WidgetId id) const;
@@ -62,7 +67,6 @@ class QtScreen final : public Screen {
     void SetDefaultLook(WidgetId id, bool isDefault) override;
 
     void SetReadOnly(WidgetId id, bool readOnly) override;
-    void SetTextLimit(WidgetId id, int bytes) override;
     void SetTextSelection(WidgetId id, int start, int end) override;
 
     void InsertRow(WidgetId id, int row, const std::string& text) override;
@@ -107,7 +111,8 @@ class QtScreen final : public Screen {
     int popupKey_ = 0;
     WidgetId reportedActive_ = 0;
     std::unique_ptr<QMenu> popup_;
-    QAbstractEventDispatcher* dispatcher_;
+    std::mutex wakeMutex_;                  // Wake uses the dispatcher on other threads
+    QAbstractEventDispatcher* dispatcher_;  // null once retired
     std::unique_ptr<QTimer> timeLimit_;
     std::atomic<bool> woken_ = false;
     std::unique_ptr<Watcher> watcher_;

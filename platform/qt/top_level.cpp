@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QIcon>
+#include <QWindow>
 
 #include "platform/qt/desktop.h"
 #include "platform/qt/image.h"
@@ -22,7 +23,7 @@ Qt::WindowFlags WindowFlags(const WidgetSetup& setup) {
     // A dialog uses the bits of the two boxes to other ends.
     constexpr std::uint32_t kAllBoxes = WS_SYSMENU | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
     const std::uint32_t boxes = setup.style & (dialog ? WS_SYSMENU : kAllBoxes);
-    if (boxes == (dialog ? WS_SYSMENU : kAllBoxes))
+    if (boxes == kAllBoxes)
         return flags;
     flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint;
     flags.setFlag(Qt::WindowSystemMenuHint, (boxes & WS_SYSMENU) != 0);
@@ -72,7 +73,27 @@ class Frame : public QWidget {
         report_(input::CloseRequested, id_);
     }
 
-    void showEvent(QShowEvent*) override { ReportPlace(); }
+    void showEvent(QShowEvent*) override {
+        // Styles draw the focus only in windows where Qt itself saw the keyboard move it.
+        setAttribute(Qt::WA_KeyboardFocusChange);
+        // Some changes of a window's looks make its native part anew.
+        if (client_ != nullptr)
+            windowHandle()->installEventFilter(this);
+        ReportPlace();
+    }
+
+    void hideEvent(QHideEvent* event) override {
+        // Minimised by the desktop, the window comes back uncovered; hidden by the core, it is
+        // shown for the first time again.
+        if (!event->spontaneous())
+            exposedSize_ = QSize();
+    }
+
+    bool eventFilter(QObject* object, QEvent* event) override {
+        if (object == windowHandle() && event->type() == QEvent::Expose)
+            ReportExposure(static_cast<const QExposeEvent&>(*event));
+        return QWidget::eventFilter(object, event);
+    }
 
     void moveEvent(QMoveEvent*) override { ReportPlace(); }
 
@@ -85,6 +106,18 @@ class Frame : public QWidget {
     bool focusNextPrevChild(bool) override { return false; }
 
   private:
+    // The first showing of a window and of each new size is the core's own painting.
+    void ReportExposure(const QExposeEvent& event) {
+        QT_WARNING_PUSH
+        QT_WARNING_DISABLE_DEPRECATED
+        const QRect area = event.region().boundingRect();
+        QT_WARNING_POP
+        const bool knownSize = std::exchange(exposedSize_, size()) == size();
+        const QRect lost = client_->geometry().intersected(area).translated(-client_->pos());
+        if (knownSize && !lost.isEmpty() && client_->HasPixels())
+            report_(input::Uncovered, id_, FromQt(lost));
+    }
+
     void ReportPlace() {
         if (!isVisible() || geometry() == placed_)
             return;
@@ -103,6 +136,7 @@ class Frame : public QWidget {
     std::unique_ptr<Surface> client_;  // dialogs have none: their area is the frame's own
     std::unique_ptr<MenuRows> menu_;
     QRect placed_;
+    QSize exposedSize_;  // invalid until the window's first exposure
 };
 
 TopLevel::TopLevel(const WidgetSetup& setup, QWidget* owner, Report& report)
@@ -195,6 +229,10 @@ void TopLevel::SetMenuBar(const std::vector<MenuView>& menu) {
 
 int TopLevel::MenuBarHeight(int width) const {
     return Native().Menu() != nullptr ? Native().Menu()->HeightFor(width) : 0;
+}
+
+bool TopLevel::EnterMenuBar() {
+    return Native().Menu() != nullptr && Native().Menu()->Enter();
 }
 
 }  // namespace vxd::qt

@@ -29,6 +29,8 @@ class TopLevel : public Control {
     void SetMaximumSize(Size size);
     void SetMenuBar(const std::vector<MenuView>& menu);
     int MenuBarHeight(int width) const;
+    // Gives the keyboard to the menu bar; false without one.
+    bool EnterMenuBar();
 
   private:
     Frame& Native() const;

@@ -16,22 +16,38 @@ namespace {
 
 constexpr std::chrono::milliseconds kLineIsComing{2000};
 
+// Writes a line at a severity and gives all that a viewer then sees.
+std::vector<std::string> WriteAndRead(DebugMonitor& monitor, uint16_t severity,
+                                      const std::string& text) {
+    kit::RunStep([&] {
+        DbgMsg(severity, "%s", text.c_str());
+        OutputDebugStringA("end of test line\n");
+    });
+    std::vector<std::string> lines;
+    while (auto line = monitor.Next(kLineIsComing)) {
+        if (line->text == "end of test line\n")
+            return lines;
+        lines.push_back(line->text);
+    }
+    ADD_FAILURE() << "the debug output does not arrive";
+    return lines;
+}
+
+// A viewer is a window of its class and a library that says that it wants to see something.
+void OpenViewer() {
+    WNDCLASSA viewer{};
+    viewer.lpfnWndProc = DefWindowProcA;
+    viewer.hInstance = GetModuleHandleA(nullptr);
+    viewer.lpszClassName = "DBWin";
+    RegisterClassA(&viewer);
+    CreateWindowExA(0, "DBWin", "Viewer", WS_OVERLAPPEDWINDOW, 0, 0, 100, 100, nullptr, nullptr,
+                    viewer.hInstance, nullptr);
+}
+
 class Trace : public testing::Test {
   protected:
-    // Writes a line at a severity and gives all that a viewer then sees.
     std::vector<std::string> Write(uint16_t severity, const std::string& text) {
-        kit::RunStep([&] {
-            DbgMsg(severity, "%s", text.c_str());
-            OutputDebugStringA("end of test line\n");
-        });
-        std::vector<std::string> lines;
-        while (auto line = monitor_.Next(kLineIsComing)) {
-            if (line->text == "end of test line\n")
-                return lines;
-            lines.push_back(line->text);
-        }
-        ADD_FAILURE() << "the debug output does not arrive";
-        return lines;
+        return WriteAndRead(monitor_, severity, text);
     }
 
     kit::SettingsFolder settings_;
@@ -94,18 +110,11 @@ TEST_F(Trace, EachLevelCommandIsRememberedTenfold) {
     }
 }
 
-// A viewer is a window of its class and a library that says that it wants to see something.
 TEST_F(Trace, AViewerKeepsTheLevelWhileItsOutputModeIsNotZero) {
     kit::RunStep([] { SetDebugOutputLevel(20); });
     EXPECT_TRUE(Write(20, "no viewer\n").empty());
     kit::RunStep([] {
-        WNDCLASSA viewer{};
-        viewer.lpfnWndProc = DefWindowProcA;
-        viewer.hInstance = GetModuleHandleA(nullptr);
-        viewer.lpszClassName = "DBWin";
-        RegisterClassA(&viewer);
-        CreateWindowExA(0, "DBWin", "Viewer", WS_OVERLAPPEDWINDOW, 0, 0, 100, 100, nullptr, nullptr,
-                        viewer.hInstance, nullptr);
+        OpenViewer();
         SetDebugOutputLevel(20);
     });
     EXPECT_EQ(Write(20, "viewer\n").size(), 1u);
@@ -121,6 +130,25 @@ TEST_F(Trace, AViewerKeepsTheLevelWhileItsOutputModeIsNotZero) {
     EXPECT_TRUE(Write(1, "viewer that is off\n").empty());
 }
 
+// The most detailed line that a start under a viewer lets through.
+void ExpectLevelAtTheStart(kit::SettingsFolder& settings, uint16_t level) {
+    DebugMonitor monitor;
+    const kit::Utility utility(settings, OpenViewer);
+    EXPECT_EQ(WriteAndRead(monitor, level, "the level's own\n").size(), 1u);
+    EXPECT_TRUE(WriteAndRead(monitor, static_cast<uint16_t>(level + 1), "more\n").empty());
+}
+
+TEST(TraceAtTheStart, HasTheStoredLevel) {
+    kit::SettingsFolder settings;
+    settings.Write(kit::kSharedFile, "KORA_TST", "DebugLevel", "20");
+    ExpectLevelAtTheStart(settings, 20);
+}
+
+TEST(TraceAtTheStart, HasLevelOneWhereNoneIsStored) {
+    kit::SettingsFolder settings;
+    ExpectLevelAtTheStart(settings, 1);
+}
+
 TEST(Reports, AFailureNamesTheOperationAndTheError) {
     const kit::Utility utility;
     struct Case {
@@ -132,7 +160,7 @@ TEST(Reports, AFailureNamesTheOperationAndTheError) {
           Case{32, "vdapi_X: \nVXD_PACKET_TOO_BIG"}, Case{33, "vdapi_X: \nUnknown Error"},
           Case{0xFFFF, "vdapi_X: \nUnknown Error"}}) {
         kit::BeginStep([&] { ReportFailure(utility.Window(), each.code, "vdapi_X"); });
-        kit::MeetBox("VxD Test - Warning", each.text);
+        kit::MeetBox("VxD Test - Warning", each.text, IDOK, MB_OK | MB_ICONEXCLAMATION);
     }
     kit::BeginStep([&] { ReportFailure(utility.Window(), 0, "vdapi_X"); });
     kit::ExpectNoBox();
@@ -146,12 +174,18 @@ TEST(Reports, AMessageHasItsKindsTitleAndIsCutAt255Characters) {
     };
     const std::string longText(300, 'x');
     show(MessageKind::kInformation, longText.c_str(), "lost");
-    kit::MeetBox("VxD Test - Informative Message", longText.substr(0, 255));
+    kit::MeetBox("VxD Test - Informative Message", longText.substr(0, 255), IDOK,
+                 MB_OK | MB_ICONINFORMATION);
+    show(MessageKind::kWarning, "careful", nullptr);
+    kit::MeetBox("VxD Test - Warning", "careful", IDOK, MB_OK | MB_ICONEXCLAMATION);
     show(MessageKind::kFatalError, nullptr, "detail alone");
-    kit::MeetBox("VxD Test - Fatal Error", ": \ndetail alone");
+    kit::MeetBox("VxD Test - Fatal Error", ": \ndetail alone", IDOK, MB_OK | MB_ICONHAND);
     show(MessageKind::kQuestion, "Really?", nullptr);
-    kit::MeetBox("VxD Test - Informative Message", "Really?", IDNO);
+    kit::MeetBox("VxD Test - Informative Message", "Really?", IDNO, MB_YESNO);
     EXPECT_EQ(kit::OnUserInterface([&] { return answer; }), IDNO);
+    show(MessageKind::kQuestion, "Really?", nullptr);
+    kit::MeetBox("VxD Test - Informative Message", "Really?", IDYES, MB_YESNO);
+    EXPECT_EQ(kit::OnUserInterface([&] { return answer; }), IDYES);
     show(static_cast<MessageKind>(4), "nothing", nullptr);
     kit::ExpectNoBox();
 }

@@ -1,6 +1,7 @@
 // How the utility starts, keeps its window and ends.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <thread>
 
@@ -38,6 +39,25 @@ TEST(Start, OpensAndClosesTheLibrariesInOrder) {
     EXPECT_EQ(CallNames(), "vdapi_Terminate KORA_DLL_Terminate");
 }
 
+TEST(Start, ClosesTheCommandLibraryWhenTheWindowIsDestroyed) {
+    kit::Utility utility;
+    board::ForgetCalls();
+    kit::RunStep([] { DestroyWindow(FindWindowA("VxDTest", nullptr)); });
+    EXPECT_EQ(utility.WaitForEnd(), 0);
+    EXPECT_EQ(CallNames(), "vdapi_Terminate KORA_DLL_Terminate");
+}
+
+TEST(Start, EachCloseBeforeTheEndClosesTheCommandLibrary) {
+    kit::Utility utility;
+    board::ForgetCalls();
+    kit::RunStep([] {
+        for (int closed = 0; closed < 2; ++closed)
+            PostMessageA(FindWindowA("VxDTest", nullptr), WM_CLOSE, 0, 0);
+    });
+    EXPECT_EQ(utility.WaitForEnd(), 0);
+    EXPECT_EQ(CallNames(), "vdapi_Terminate vdapi_Terminate KORA_DLL_Terminate");
+}
+
 TEST(Start, APreviousInstanceEndsItAtOnce) {
     EXPECT_EQ(kit::RunToEnd(reinterpret_cast<HINSTANCE>(1)), 1);
     EXPECT_EQ(CallNames(), "");
@@ -60,7 +80,8 @@ TEST(Start, WithoutABoardItWarnsAndEachOperationNamesItsFailure) {
     kit::SettingsFolder settings;
     settings.Write(kit::kBoardFile, "Board", "Present", "0");
     const kit::Utility utility(settings);
-    kit::MeetBox("GetVersion", "Warning - Tessil Board not found.");
+    kit::MeetBox("GetVersion", "Warning - Tessil Board not found.", IDOK,
+                 MB_OK | MB_ICONEXCLAMATION);
     utility.Choose(IDM_FILE_RESET);
     kit::MeetBox("VxD Test - Warning", "vdapi_AUXDEV_Initialize: \nVXD_HARDWARE_FAILURE");
     kit::MeetBox("VxD Test - Warning", "vdapi_AUXDEV_HardwareReset: \nVXD_HARDWARE_FAILURE");
@@ -90,6 +111,51 @@ TEST(Start, AsksForSmallerAndSmallerMessageQueuesDownToNine) {
     }
 }
 
+TEST(Start, WithoutAMessageQueueItSaysSoAndEnds) {
+    smallestGranted = 0;
+    asked = 0;
+    auto started = kit::StartProgram([] {
+        const HINSTANCE instance = GetModuleHandleA(nullptr);
+        return InitApplication(instance) && InitInstance(instance, SW_SHOWNORMAL, GrantFrom) ? 1
+                                                                                             : 0;
+    });
+    kit::MeetBox("VxDTest - Fatal Error", "InitInstance: Failed setting message Queue!", IDOK,
+                 MB_OK | MB_ICONEXCLAMATION);
+    EXPECT_EQ(started.get(), 0);
+    EXPECT_EQ(asked, 24);
+    EXPECT_EQ(CallNames(), "") << "no window was made";
+}
+
+RECT PlaceOf(HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    return place;
+}
+
+TEST(Window, HasItsTitleAndTheSystemsSizeInTheCorner) {
+    const kit::Utility utility;
+    kit::RunStep([] {
+        const HWND window = FindWindowA("VxDTest", nullptr);
+        char title[64];
+        GetWindowTextA(window, title, sizeof title);
+        EXPECT_STREQ(title, "VxD Test Utility");
+        // Another window without limits of its own shows what the system chooses.
+        WNDCLASSA plain{};
+        plain.lpfnWndProc = DefWindowProcA;
+        plain.hInstance = GetModuleHandleA(nullptr);
+        plain.lpszClassName = "Plain";
+        RegisterClassA(&plain);
+        const RECT chosen =
+            PlaceOf(CreateWindowExA(0, "Plain", "", WS_OVERLAPPEDWINDOW, 0, 0, CW_USEDEFAULT, 0,
+                                    nullptr, nullptr, plain.hInstance, nullptr));
+        const RECT place = PlaceOf(window);
+        EXPECT_EQ(place.left, 0);
+        EXPECT_EQ(place.top, 0);
+        EXPECT_EQ(place.right, std::min<LONG>(chosen.right, 900));
+        EXPECT_EQ(place.bottom, std::min<LONG>(chosen.bottom, 180));
+    });
+}
+
 TEST(Window, ShowsTheNewerBoardsMenuAndGrowsNoLargerThanItsLimit) {
     const kit::Utility utility;
     EXPECT_EQ(utility.MenuBar(),
@@ -97,9 +163,7 @@ TEST(Window, ShowsTheNewerBoardsMenuAndGrowsNoLargerThanItsLimit) {
               "&USS|Au&dio|&Help");
     const RECT rect = OnUserInterface([&] {
         SetWindowPos(utility.Window(), nullptr, 0, 0, 2000, 2000, SWP_NOMOVE | SWP_NOZORDER);
-        RECT placed;
-        GetWindowRect(utility.Window(), &placed);
-        return placed;
+        return PlaceOf(utility.Window());
     });
     EXPECT_EQ(rect.right - rect.left, 900);
     EXPECT_EQ(rect.bottom - rect.top, 180);
@@ -163,15 +227,15 @@ TEST(Led, BlinksOnceASecondUntilItIsSwitchedOff) {
     settings.Write(kit::kOwnFile, "KORA_TST", "Menu", "3");
     const kit::Utility utility(settings);
     board::ForgetCalls();
+    const auto start = std::chrono::steady_clock::now();
     utility.Choose(IDM_DEBUG_LED);
     EXPECT_TRUE(utility.IsChecked(IDM_DEBUG_LED));
     EXPECT_EQ(CallNames(), "vdapi_AUXDEV_Initialize");
-    const auto start = std::chrono::steady_clock::now();
     while (!board::IsLedLit() && std::chrono::steady_clock::now() - start < std::chrono::seconds(5))
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     const auto lit = std::chrono::steady_clock::now() - start;
-    EXPECT_GT(lit, std::chrono::milliseconds(800));
-    EXPECT_LT(lit, std::chrono::milliseconds(2000));
+    EXPECT_GE(lit, std::chrono::milliseconds(950));
+    EXPECT_LE(lit, std::chrono::milliseconds(1500));
     PostMessageA(utility.Window(), WM_TIMER, 1, 0);
     kit::RunStep([] {});
     EXPECT_FALSE(board::IsLedLit());

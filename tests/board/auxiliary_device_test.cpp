@@ -61,3 +61,61 @@ TEST_F(AuxiliaryDevices, AreTheSameLinesForDriverAndFirmware) {
     EXPECT_EQ(Send(PELLAN_COMMAND_AUXDEV_ACTIVATE, 41).first, 1u);
     EXPECT_EQ(Send(PELLAN_COMMAND_AUXDEV_DEACTIVATE, 42).code, VXD_INVALID_PARAMETER);
 }
+
+TEST_F(AuxiliaryDevices, ShowTheStateOfEachLineAndKeepItsInputs) {
+    const auto state = [](uint32_t feature) {
+        uint16_t value = 99;
+        EXPECT_EQ(vdapi_AUXDEV_GetFeature(feature, &value), VXD_SUCCESS) << feature;
+        return value;
+    };
+    for (const uint32_t output : {0u, 4u, 23u, 28u, 41u}) {
+        EXPECT_EQ(vdapi_AUXDEV_Activate(output), VXD_SUCCESS);
+        EXPECT_EQ(state(output), 1) << output;
+        EXPECT_EQ(vdapi_AUXDEV_Deactivate(output), VXD_SUCCESS);
+        EXPECT_EQ(state(output), 0) << output;
+    }
+    board::SetLedLit(true);
+    EXPECT_EQ(state(AUXDEV_FEATURE_LED), 1);
+
+    for (const uint32_t input : {3u, 13u, 19u}) {  // a button, two detections
+        EXPECT_EQ(vdapi_AUXDEV_Activate(input), VXD_ILLEGAL_OPERATION);
+        EXPECT_EQ(Send(PELLAN_COMMAND_AUXDEV_ACTIVATE, input).code, VXD_ILLEGAL_OPERATION);
+        EXPECT_EQ(state(input), 0) << input;
+        EXPECT_TRUE(board::DriveFeatureInput(input, true));
+        EXPECT_EQ(vdapi_AUXDEV_Deactivate(input), VXD_ILLEGAL_OPERATION);
+        EXPECT_EQ(state(input), 1) << input;
+    }
+    EXPECT_FALSE(board::DriveFeatureInput(23, true)) << "an output";
+    EXPECT_EQ(state(23), 0);
+
+    uint16_t value = 99;
+    EXPECT_EQ(vdapi_AUXDEV_GetFeature(42, &value), VXD_INVALID_PARAMETER);
+    EXPECT_EQ(value, 99);
+}
+
+TEST_F(AuxiliaryDevices, HoldFieldsOfSixteenBitsOfWhichTwoCannotBeSet) {
+    const auto field = [](uint32_t number) {
+        uint16_t value = 99;
+        EXPECT_EQ(vdapi_AUXDEV_GetField(number, &value), VXD_SUCCESS) << number;
+        return value;
+    };
+    EXPECT_EQ(vdapi_AUXDEV_SetField(0, 0x12345), VXD_SUCCESS);
+    EXPECT_EQ(vdapi_AUXDEV_SetField(15, 0xFFFF), VXD_SUCCESS);
+    EXPECT_EQ(field(0), 0x2345);
+    EXPECT_EQ(field(15), 0xFFFF);
+    EXPECT_EQ(field(14), 0);
+    EXPECT_EQ(Send(PELLAN_COMMAND_AUXDEV_GET_FIELD, 10).first, field(10));
+    for (const uint32_t readOnly : {9u, 10u}) {
+        const uint16_t before = field(readOnly);
+        EXPECT_EQ(vdapi_AUXDEV_SetField(readOnly, 0x77), VXD_ILLEGAL_OPERATION);
+        EXPECT_EQ(field(readOnly), before);
+    }
+    EXPECT_EQ(vdapi_AUXDEV_SetField(16, 0), VXD_INVALID_PARAMETER);
+
+    vdapi_AUXDEV_Terminate();
+    uint16_t value = 99;
+    EXPECT_EQ(vdapi_AUXDEV_GetField(0, &value), VXD_CONFIGURATION_NOT_SET);
+    EXPECT_EQ(vdapi_AUXDEV_GetFeature(0, &value), VXD_CONFIGURATION_NOT_SET);
+    EXPECT_EQ(vdapi_AUXDEV_SetField(0, 1), VXD_CONFIGURATION_NOT_SET);
+    EXPECT_EQ(value, 99);
+}

@@ -90,12 +90,12 @@ TEST_F(Operations, AreListedWithTheirArgumentsBlocksAndResults) {
               (std::vector<std::string>{
                   "vdapi_AUXDEV_Activate(0x4) = 0",
                   "vdapi_Debug(0x46, 0xC, address) TALVERO_DBG_ISAC_TR_INIT "
-                  "[0D 00 00 00 78 56 34 12 01 00 00 00] = 18",
+                  "[0D 00 00 00 78 56 34 12 01 00 00 00] = 1",
                   "vdapi_SendCommand(0x7D0, 0x32, 0x801, 0x0, address, address, address) "
                   "PELLAN_COMMAND_SET_SOFTWARE_VAR = 0",
                   "vdapi_Debug(0xFFF, 0x0, none) = 23",
                   "vdapi_BAS_Write(0x2, 0xFFFFFFFF, none, 0x0) = 18",
-                  "vdapi_I2C_Transfer(address, 0x2, none) [A1 00 00 01] = 18",
+                  "vdapi_I2C_Transfer(address, 0x2, none) [A1 00 00 01] = 1",
                   "vdapi_VCPXI_VCPVariable_SetValue(\"vcx_bBondOn\", 0x2, 0x3, address, 0x21) "
                   "[01 02 03 04 05 06] = 18",
                   "vdapi_VCPXI_VCPVariable_SetValue(\"vcx_bBondOn\", 0x4, 0xFFFFFFFF, address, "
@@ -140,8 +140,7 @@ TEST_F(Operations, RefuseADebugCommandThatIsUnknownOrMisshapen) {
     EXPECT_EQ(Debug(TALVERO_DBG_ISAC_OP_BIT_SET), VXD_INVALID_PARAMETER);
     EXPECT_EQ(Debug(TALVERO_DBG_ISAC_OP_BIT_SET, sizeof block, nullptr), VXD_INVALID_PARAMETER);
     EXPECT_EQ(Debug(TALVERO_DBG_ISAC_OP_BIT_SET, 12, &block), VXD_INVALID_PARAMETER);
-    EXPECT_EQ(Debug(TALVERO_DBG_ISAC_OP_BIT_SET, sizeof block, &block),
-              VXD_OPERATION_NOT_SUPPORTED);
+    EXPECT_EQ(Debug(TALVERO_DBG_ISAC_OP_BIT_SET, sizeof block, &block), VXD_SUCCESS);
 }
 
 TEST_F(Operations, GiveTheRevisionsOfTheBoardThatIsThere) {

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <chrono>
+#include <set>
 #include <thread>
 #include <vector>
 
@@ -36,6 +38,47 @@ HWND FrontDialogHandle() {
     HWND found = nullptr;
     EnumThreadWindows(GetCurrentThreadId(), FindFrontDialog, reinterpret_cast<LPARAM>(&found));
     return found;
+}
+
+HWND FirstChild(HWND parent) {
+    return GetWindow(parent, GW_CHILD);
+}
+
+// The sign of a message box as its MB_ICON flag, 0 without one, and ~0u for any other.
+UINT SignOf(HWND box) {
+    struct Sign {
+        LPCSTR icon;
+        UINT flag;
+    };
+    const std::array signs = {Sign{IDI_HAND, MB_ICONHAND},
+                              Sign{IDI_EXCLAMATION, MB_ICONEXCLAMATION},
+                              Sign{IDI_ASTERISK, MB_ICONINFORMATION}};
+    for (HWND child = FirstChild(box); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+        if (!IsWindowVisible(child) || ClassOf(child) != "Static" ||
+            (GetWindowLongPtrA(child, GWL_STYLE) & SS_TYPEMASK) != SS_ICON)
+            continue;
+        const LRESULT icon = SendMessageA(child, STM_GETICON, 0, 0);
+        for (const Sign& sign : signs) {
+            if (icon == reinterpret_cast<LRESULT>(LoadIconA(nullptr, sign.icon)))
+                return sign.flag;
+        }
+        return ~0u;
+    }
+    return 0;
+}
+
+// The buttons of a message box as the MB_ flag that asks for them, and ~0u for any others.
+UINT ButtonsOf(HWND box) {
+    std::set<int> ids;
+    for (HWND child = FirstChild(box); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+        if (IsWindowVisible(child) && ClassOf(child) == "Button")
+            ids.insert(GetDlgCtrlID(child));
+    }
+    if (ids == std::set{IDOK} || ids == std::set{IDCANCEL})
+        return MB_OK;
+    if (ids == std::set{IDOK, IDCANCEL})
+        return MB_OKCANCEL;
+    return ids == std::set{IDYES, IDNO} ? MB_YESNO : ~0u;
 }
 
 // Looks again and again until it is so; whether it became so in time.
@@ -145,15 +188,17 @@ void Dialog::Press(int id) const {
 
 void Dialog::Pick(int id, int row) const {
     ASSERT_TRUE(IsEnabled(id)) << "list " << id << " takes no choice";
-    const bool combo = IsCombo(id);
+    ASSERT_LT(row, Rows(id)) << "list " << id << " is shorter";
+    const UINT select = IsCombo(id) ? CB_SETCURSEL : LB_SETCURSEL;
     const HWND list = Control(id);
+    // Selecting by message tells nobody, so the program hears only of the last step, which is a
+    // person's: from the row beside it.
+    const int beside = row > 0 || Rows(id) == 1 ? row - 1 : 1;
     OnUserInterface([=] {
         SetFocus(list);
-        SendMessageA(list, combo ? CB_SETCURSEL : LB_SETCURSEL, static_cast<WPARAM>(row), 0);
+        SendMessageA(list, select, static_cast<WPARAM>(beside), 0);
     });
-    // Choosing by message notifies nobody; the notification is what a click adds.
-    Post(window_, WM_COMMAND, MAKEWPARAM(id, combo ? CBN_SELCHANGE : LBN_SELCHANGE),
-         reinterpret_cast<LPARAM>(list));
+    Key(beside < row ? VK_DOWN : VK_UP);
 }
 
 void Dialog::Pick(int id, const std::string& text) const {
@@ -211,12 +256,15 @@ Dialog WaitForDialog(const std::string& caption) {
     return Dialog(came ? found : nullptr);
 }
 
-void MeetBox(const std::string& title, const std::string& text, int answer) {
+void MeetBox(const std::string& title, const std::string& text, int answer,
+             std::optional<UINT> style) {
     const Dialog box = WaitForDialog(title);
     if (box.Handle() == nullptr)
         return;
     EXPECT_EQ(BoxText(box), text);
-    box.Press(answer);
+    EXPECT_EQ(BoxStyle(box), style.value_or(BoxStyle(box)));
+    // Windows gives an OK that stands alone the number of Cancel.
+    box.Press(answer == IDOK && box.Control(IDOK) == nullptr ? IDCANCEL : answer);
     EXPECT_TRUE(WaitUntil([&box] { return !IsWindow(box.Handle()); }))
         << "the box \"" << title << "\" stays open";
 }
@@ -228,13 +276,17 @@ void ExpectNoBox() {
 std::string BoxText(const Dialog& box) {
     return OnUserInterface([&box] {
         std::string text;
-        for (HWND child = GetWindow(box.Handle(), GW_CHILD); child != nullptr;
+        for (HWND child = FirstChild(box.Handle()); child != nullptr;
              child = GetWindow(child, GW_HWNDNEXT)) {
             if (ClassOf(child) == "Static" && !TextOf(child).empty())
                 text += (text.empty() ? "" : "\n") + TextOf(child);
         }
         return text;
     });
+}
+
+UINT BoxStyle(const Dialog& box) {
+    return OnUserInterface([&box] { return SignOf(box.Handle()) | ButtonsOf(box.Handle()); });
 }
 
 }  // namespace kit

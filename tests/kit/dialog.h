@@ -2,6 +2,7 @@
 // is the engineer's thread's; it comes back when the program has dealt with what was done.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "platform/win32.h"
@@ -30,6 +31,7 @@ class Dialog {
     // What a person does. Typing takes the place of what the field held.
     void Type(int id, const std::string& text) const;
     void Press(int id) const;
+    // Chooses a row by a key, also when it is the one that is selected.
     void Pick(int id, int row) const;
     // The row of this text, which must be there.
     void Pick(int id, const std::string& text) const;
@@ -51,11 +53,16 @@ Dialog FrontDialog();
 // Waits for the front dialog to have this caption; the test fails when another one stays in front
 // or none comes.
 Dialog WaitForDialog(const std::string& caption);
-// Meets a message box: compares title and text, answers it and waits until it is gone.
-void MeetBox(const std::string& title, const std::string& text, int answer = IDOK);
+// Meets a message box: compares title and text, and its style where one is given, answers it and
+// waits until it is gone.
+void MeetBox(const std::string& title, const std::string& text, int answer = IDOK,
+             std::optional<UINT> style = std::nullopt);
 // Fails the test if any dialog or message box is open.
 void ExpectNoBox();
 // All texts in a box that a person reads.
 std::string BoxText(const Dialog& box);
+// The sign and the buttons of a message box, as the MB_ flags that ask for them; ~0u for a sign or
+// a set of buttons that none of these flags asks for.
+UINT BoxStyle(const Dialog& box);
 
 }  // namespace kit

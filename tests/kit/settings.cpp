@@ -10,7 +10,7 @@ namespace {
 void RemoveFiles() {
     char folder[MAX_PATH];
     GetWindowsDirectoryA(folder, sizeof folder);
-    for (const char* file : {kOwnFile, kSharedFile, kBoardFile}) {
+    for (const char* file : {kOwnFile, kSharedFile, kBoardFile, kEepromFile}) {
         std::error_code ignored;
         std::filesystem::remove(std::filesystem::path(folder) / file, ignored);
     }

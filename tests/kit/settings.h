@@ -10,6 +10,7 @@ namespace kit {
 inline constexpr char kOwnFile[] = "kora_tst.ini";
 inline constexpr char kSharedFile[] = "TALVERO.INI";
 inline constexpr char kBoardFile[] = "board.ini";
+inline constexpr char kEepromFile[] = "board.eeprom";
 
 // A settings folder with none of the files in it, for this process. Where the system has only one
 // folder for all, the files are taken out of it. Debug output, too, goes to monitors of this

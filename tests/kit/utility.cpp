@@ -19,8 +19,10 @@ HWND MainWindowHandle() {
     return FindWindowA(kMainClass, nullptr);
 }
 
-std::future<int> StartWinMain(HINSTANCE previousInstance) {
-    return StartProgram([previousInstance] {
+std::future<int> StartWinMain(HINSTANCE previousInstance, std::function<void()> before = {}) {
+    return StartProgram([previousInstance, before = std::move(before)] {
+        if (before)
+            before();
         char commandLine[] = "";
         return WinMain(GetModuleHandleA(nullptr), previousInstance, commandLine, SW_SHOWNORMAL);
     });
@@ -34,11 +36,11 @@ bool HasEnded(const std::future<int>& exitCode) {
 
 Utility::Utility() {
     ownSettings_.emplace();
-    Start();
+    Start({});
 }
 
-Utility::Utility(SettingsFolder& /*settings*/) {
-    Start();
+Utility::Utility(SettingsFolder& /*settings*/, std::function<void()> before) {
+    Start(std::move(before));
 }
 
 Utility::~Utility() {
@@ -55,8 +57,8 @@ Utility::~Utility() {
     Close();
 }
 
-void Utility::Start() {
-    exitCode_ = StartWinMain(nullptr);
+void Utility::Start(std::function<void()> before) {
+    exitCode_ = StartWinMain(nullptr, std::move(before));
     const auto start = std::chrono::steady_clock::now();
     const auto isUp = [] {
         const HWND window = MainWindowHandle();
@@ -111,6 +113,10 @@ std::string Utility::MenuBar() const {
 int Utility::Close() {
     if (!HasEnded(exitCode_))
         PostMessageA(Window(), WM_CLOSE, 0, 0);
+    return WaitForEnd();
+}
+
+int Utility::WaitForEnd() {
     if (exitCode_.wait_for(kLongestStart) != std::future_status::ready) {
         ADD_FAILURE() << "the program does not end";
         std::abort();

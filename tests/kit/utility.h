@@ -2,6 +2,7 @@
 // thread. One a process; on destruction it is closed, and a box that was left open fails the test.
 #pragma once
 
+#include <functional>
 #include <future>
 #include <optional>
 #include <string>
@@ -16,8 +17,9 @@ class Utility {
   public:
     // Starts it on a fresh settings folder and waits until the window is shown or a box is open.
     Utility();
-    // The same on settings that a test has written.
-    explicit Utility(SettingsFolder& settings);
+    // The same on settings that a test has written; `before` runs on the user-interface thread
+    // before the utility does.
+    explicit Utility(SettingsFolder& settings, std::function<void()> before = {});
     ~Utility();
 
     HWND Window() const;
@@ -30,9 +32,11 @@ class Utility {
     std::string MenuBar() const;
     // Closes the window; gives the exit code.
     int Close();
+    // The exit code, when the window is closed already.
+    int WaitForEnd();
 
   private:
-    void Start();
+    void Start(std::function<void()> before);
 
     std::optional<SettingsFolder> ownSettings_;
     std::future<int> exitCode_;

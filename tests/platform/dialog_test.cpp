@@ -1,30 +1,30 @@
-// How dialog boxes start, take keys and end.
+// How dialog boxes start and end.
 #include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
 
 #include "tests/kit/user_interface.h"
 #include "tests/platform/dialogs.h"
+#include "tests/platform/plain_window.h"
 #include "tests/platform/recorder.h"
 
 namespace {
 
+using kit::Code;
 using kit::OnUserInterface;
 using kit::RecordedDialog;
 
-std::string Code(int id, int code) {
-    return std::to_string(id) + ":" + std::to_string(code);
-}
-std::string Pressed(int id) {
-    return Code(id, BN_CLICKED);
-}
-
-void Focus(const RecordedDialog& dialog, int id) {
-    OnUserInterface([&] { SetFocus(GetDlgItem(dialog.Shown().Handle(), id)); });
+TEST(DialogStart, FontInitialisationFocusAndShowingComeInThisOrder) {
+    RecordedDialog dialog(IDD_KEYS, "Keys", {.life = true});
+    EXPECT_EQ(dialog.TakeNotifications(),
+              "font init:201 " + Code(IDC_LINE, EN_SETFOCUS) + " shown");
 }
 
-TEST(DialogStart, FirstTabStopTakesTheFocusAfterInitialisationWithItsTextSelected) {
+TEST(DialogStart, TheFirstTabStopTakesTheFocusWithItsTextSelected) {
     RecordedDialog dialog(IDD_KEYS, "Keys",
-                          {TRUE, [](HWND window) { SetDlgItemTextA(window, IDC_LINE, "hello"); }});
-    EXPECT_EQ(dialog.TakeNotifications(), "init " + Code(IDC_LINE, EN_UPDATE) + " " +
+                          {.act = [](HWND window) { SetDlgItemTextA(window, IDC_LINE, "hello"); }});
+    EXPECT_EQ(dialog.TakeNotifications(), "init:201 " + Code(IDC_LINE, EN_UPDATE) + " " +
                                               Code(IDC_LINE, EN_CHANGE) + " " +
                                               Code(IDC_LINE, EN_SETFOCUS));
     EXPECT_EQ(dialog.Shown().FocusedId(), IDC_LINE);
@@ -34,9 +34,22 @@ TEST(DialogStart, FirstTabStopTakesTheFocusAfterInitialisationWithItsTextSelecte
     EXPECT_EQ(HIWORD(selection), 5);
 }
 
+TEST(DialogStart, AListTellsThatItTakesTheFocusAfterInitialisation) {
+    RecordedDialog dialog(IDD_LISTS, "Lists");
+    EXPECT_EQ(dialog.TakeNotifications(), "init:301 " + Code(IDC_LIST, LBN_SETFOCUS));
+}
+
+TEST(DialogStart, AControlThatInitialisationDisablesIsPassedOver) {
+    RecordedDialog dialog(
+        IDD_KEYS, "Keys",
+        {.act = [](HWND window) { EnableWindow(GetDlgItem(window, IDC_LINE), FALSE); }});
+    EXPECT_EQ(dialog.Shown().FocusedId(), IDC_PLAIN_LINES);
+}
+
 TEST(DialogStart, FocusSetInInitialisationStaysWhenItAnswersFalse) {
-    RecordedDialog dialog(IDD_KEYS, "Keys",
-                          {FALSE, [](HWND window) { SetFocus(GetDlgItem(window, IDC_CHECK)); }});
+    RecordedDialog dialog(
+        IDD_KEYS, "Keys",
+        {.answer = FALSE, .act = [](HWND window) { SetFocus(GetDlgItem(window, IDC_CHECK)); }});
     EXPECT_EQ(dialog.Shown().FocusedId(), IDC_CHECK);
 }
 
@@ -71,6 +84,24 @@ TEST(DialogStart, AMissingTemplateGivesMinusOne) {
               -1);
 }
 
+TEST(DialogStart, AControlNumberedMinusOneIsFoundLikeAnyOther) {
+    RecordedDialog dialog(IDD_KEYS, "Keys");
+    EXPECT_EQ(dialog.Shown().Text(-1), "&Name:") << "the first of them";
+    EXPECT_EQ(dialog.Shown().Control(4711), nullptr);
+}
+
+TEST(DialogEnd, TheFocusedControlLosesTheFocusAtOnceAndTheDialogGoesAfterwards) {
+    RecordedDialog dialog(IDD_KEYS, "Keys", {.life = true});
+    dialog.TakeNotifications();
+    const std::string told = OnUserInterface([&] {
+        EndDialog(dialog.Shown().Handle(), 3);
+        return dialog.TakeNotifications();
+    });
+    EXPECT_EQ(told, Code(IDC_LINE, EN_KILLFOCUS));
+    EXPECT_EQ(dialog.Result(), 3);
+    EXPECT_EQ(dialog.TakeNotifications(), "destroyed");
+}
+
 TEST(DialogEnd, WmQuitEndsTheLoopAndIsPostedAgain) {
     const auto procedure = [](HWND, UINT message, WPARAM, LPARAM) -> INT_PTR {
         if (message == WM_INITDIALOG)
@@ -88,131 +119,19 @@ TEST(DialogEnd, WmQuitEndsTheLoopAndIsPostedAgain) {
               7);
 }
 
-TEST(DialogKeys, EscapeAndTheCloseBoxSendCancelEvenWithoutACancelButton) {
+TEST(DialogEnd, TheCloseBoxSendsCancelAndTheProgramDecides) {
     RecordedDialog dialog(IDD_KEYS, "Keys");
     dialog.TakeNotifications();
-    dialog.Shown().Key(VK_ESCAPE);
-    EXPECT_EQ(dialog.TakeNotifications(), Pressed(IDCANCEL));
     dialog.Shown().CloseBox();
-    EXPECT_EQ(dialog.TakeNotifications(), Pressed(IDCANCEL));
+    EXPECT_EQ(dialog.TakeNotifications(), "2");
     dialog.EndOn(IDCANCEL, 5);
     PostMessageA(dialog.Shown().Handle(), WM_CLOSE, 0, 0);
     EXPECT_EQ(dialog.Result(), 5);
 }
 
-TEST(DialogKeys, EnterPressesTheFocusedButtonElseTheDefaultOne) {
-    RecordedDialog dialog(IDD_KEYS, "Keys");
-    struct Case {
-        int focus;
-        std::string pressed;
-    };
-    for (const Case& each :
-         {Case{IDC_LINE, Pressed(IDOK)}, Case{IDC_APPLY, Pressed(IDC_APPLY)},
-          Case{IDC_CHECK, Pressed(IDOK)}, Case{IDC_PLAIN_LINES, Pressed(IDOK)}}) {
-        Focus(dialog, each.focus);
-        dialog.TakeNotifications();
-        dialog.Shown().Key(VK_RETURN);
-        EXPECT_EQ(dialog.TakeNotifications(), each.pressed) << "focus on " << each.focus;
-    }
-    OnUserInterface([&] { EnableWindow(dialog.Shown().Control(IDOK), FALSE); });
-    Focus(dialog, IDC_LINE);
-    dialog.TakeNotifications();
-    dialog.Shown().Key(VK_RETURN);
-    EXPECT_EQ(dialog.TakeNotifications(), "") << "a disabled default button";
-}
-
-TEST(DialogKeys, EnterMakesALineOnlyWhereTheEditAsksForIt) {
-    RecordedDialog dialog(IDD_KEYS, "Keys");
-    for (const int id : {IDC_PLAIN_LINES, IDC_RETURN_LINES}) {
-        dialog.Shown().Type(id, "ab");
-        dialog.Shown().Key(VK_RETURN);
-    }
-    EXPECT_EQ(dialog.Shown().Text(IDC_PLAIN_LINES), "ab");
-    EXPECT_EQ(dialog.Shown().Text(IDC_RETURN_LINES), "ab\r\n");
-}
-
-TEST(DialogKeys, TabGoesThroughTheStopsInTemplateOrderAndPassesOverDisabledOnes) {
-    RecordedDialog dialog(IDD_KEYS, "Keys");
-    OnUserInterface(
-        [&] { CheckRadioButton(dialog.Shown().Handle(), IDC_RADIO_A, IDC_RADIO_C, IDC_RADIO_B); });
-    for (const int id : {IDC_PLAIN_LINES, IDC_RETURN_LINES, IDC_RADIO_B, IDC_CHECK, IDC_NAME, IDOK,
-                         IDC_APPLY, IDC_LINE}) {
-        dialog.Shown().Key(VK_TAB);
-        EXPECT_EQ(dialog.Shown().FocusedId(), id);
-    }
-}
-
-TEST(DialogKeys, ArrowsMoveTheChoiceInsideAGroupAndAround) {
-    RecordedDialog dialog(IDD_KEYS, "Keys");
-    dialog.Shown().Press(IDC_RADIO_A);
-    for (const int id : {IDC_RADIO_B, IDC_RADIO_C, IDC_RADIO_A}) {
-        dialog.Shown().Key(VK_DOWN);
-        EXPECT_EQ(dialog.Shown().FocusedId(), id);
-        for (const int each : {IDC_RADIO_A, IDC_RADIO_B, IDC_RADIO_C})
-            EXPECT_EQ(dialog.Shown().IsChecked(each), each == id) << "button " << each;
-    }
-    dialog.Shown().Key(VK_UP);
-    EXPECT_TRUE(dialog.Shown().IsChecked(IDC_RADIO_C));
-}
-
-TEST(DialogKeys, MarkedLettersPressButtonsAndLeadFromLabelsToTheirFields) {
-    RecordedDialog dialog(IDD_KEYS, "Keys");
-    dialog.TakeNotifications();
-    dialog.Shown().AltKey('n');
-    EXPECT_EQ(dialog.Shown().FocusedId(), IDC_NAME);
-    dialog.TakeNotifications();
-    dialog.Shown().AltKey('p');
-    EXPECT_NE(dialog.TakeNotifications().find(Pressed(IDC_APPLY)), std::string::npos);
-    dialog.Shown().AltKey('g');
-    EXPECT_EQ(dialog.TakeNotifications(), "") << "a disabled button";
-    dialog.Shown().AltKey('c');
-    EXPECT_TRUE(dialog.Shown().IsChecked(IDC_CHECK));
-    dialog.Shown().AltKey('b');
-    EXPECT_TRUE(dialog.Shown().IsChecked(IDC_RADIO_B));
-}
-
-TEST(Buttons, SetCheckLeavesTheGroupAloneAndAClickClearsIt) {
-    RecordedDialog dialog(IDD_KEYS, "Keys");
-    const auto& shown = dialog.Shown();
-    OnUserInterface([&] {
-        CheckDlgButton(shown.Handle(), IDC_RADIO_A, BST_CHECKED);
-        CheckDlgButton(shown.Handle(), IDC_RADIO_B, BST_CHECKED);
-    });
-    EXPECT_TRUE(shown.IsChecked(IDC_RADIO_A) && shown.IsChecked(IDC_RADIO_B));
-    shown.Press(IDC_RADIO_C);
-    EXPECT_FALSE(shown.IsChecked(IDC_RADIO_A) || shown.IsChecked(IDC_RADIO_B));
-    EXPECT_TRUE(shown.IsChecked(IDC_RADIO_C));
-    shown.Press(IDC_CHECK);
-    shown.Press(IDC_CHECK);
-    EXPECT_FALSE(shown.IsChecked(IDC_CHECK));
-}
-
-TEST(Edits, ProgramTextIgnoresTheLimitAndTypingObeysIt) {
-    RecordedDialog dialog(IDD_KEYS, "Keys");
-    OnUserInterface([&] {
-        SendDlgItemMessageA(dialog.Shown().Handle(), IDC_LINE, EM_LIMITTEXT, 3, 0);
-        SetDlgItemTextA(dialog.Shown().Handle(), IDC_LINE, "abcdef");
-    });
-    EXPECT_EQ(dialog.Shown().Text(IDC_LINE), "abcdef");
-    dialog.TakeNotifications();
-    dialog.Shown().Type(IDC_LINE, "wxyz");
-    EXPECT_EQ(dialog.Shown().Text(IDC_LINE), "wxy");
-    EXPECT_NE(dialog.TakeNotifications().find(Code(IDC_LINE, EN_MAXTEXT)), std::string::npos);
-}
-
-TEST(Edits, OnlyASingleLineTellsOfTextThatTheProgramSets) {
-    RecordedDialog dialog(IDD_KEYS, "Keys");
-    dialog.TakeNotifications();
-    OnUserInterface([&] { SetDlgItemTextA(dialog.Shown().Handle(), IDC_PLAIN_LINES, "x"); });
-    EXPECT_EQ(dialog.TakeNotifications(), "");
-    OnUserInterface([&] { SetDlgItemTextA(dialog.Shown().Handle(), IDC_NAME, "x"); });
-    EXPECT_EQ(dialog.TakeNotifications(),
-              Code(IDC_NAME, EN_UPDATE) + " " + Code(IDC_NAME, EN_CHANGE));
-}
-
 TEST(Owners, AModalDialogDisablesItsOwnerAndTheOwnerIsEnabledWhenItEnds) {
     std::vector<bool> enabled;
-    kit::StartProgram([&enabled] {
+    kit::RunAsProgram([&enabled] {
         const auto outer = [](HWND window, UINT message, WPARAM, LPARAM lParam) -> INT_PTR {
             const auto inner = [](HWND box, UINT innerMessage, WPARAM, LPARAM list) -> INT_PTR {
                 if (innerMessage != WM_INITDIALOG)
@@ -231,11 +150,59 @@ TEST(Owners, AModalDialogDisablesItsOwnerAndTheOwnerIsEnabledWhenItEnds) {
             EndDialog(window, 0);
             return TRUE;
         };
-        return static_cast<int>(DialogBoxParamA(GetModuleHandleA(nullptr),
-                                                MAKEINTRESOURCEA(IDD_KEYS), nullptr, +outer,
-                                                reinterpret_cast<LPARAM>(&enabled)));
-    }).get();
+        DialogBoxParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_KEYS), nullptr, +outer,
+                        reinterpret_cast<LPARAM>(&enabled));
+    });
     EXPECT_EQ(enabled, (std::vector<bool>{false, true}));
+}
+
+// What an owner and its dialog are told, in order.
+std::string& Story() {
+    static std::string story;
+    return story;
+}
+
+LRESULT CALLBACK OwnerProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_ENABLE)
+        Story() += wParam != 0 ? "owner enabled, " : "owner disabled, ";
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+INT_PTR CALLBACK OwnedProcedure(HWND dialog, UINT message, WPARAM, LPARAM) {
+    switch (message) {
+        case WM_INITDIALOG:
+            Story() += "initialised, ";
+            PostMessageA(dialog, WM_APP, 0, 0);
+            return TRUE;
+        case WM_APP:
+            Story() += IsWindowVisible(dialog) ? "shown, " : "hidden, ";
+            EndDialog(dialog, 1);
+            Story() += IsWindowVisible(dialog) ? "shown, " : "hidden, ";
+            return TRUE;
+        case WM_DESTROY:
+            Story() += "destroyed";
+            return FALSE;
+        default:
+            return FALSE;
+    }
+}
+
+TEST(Owners, AreEnabledBeforeTheDialogIsHiddenAndDestroyedAndBecomeActive) {
+    kit::RunAsProgram([] {
+        WNDCLASSA windowClass{};
+        windowClass.lpfnWndProc = OwnerProcedure;
+        windowClass.hInstance = GetModuleHandleA(nullptr);
+        windowClass.lpszClassName = "Owner";
+        RegisterClassA(&windowClass);
+        const HWND owner = CreateWindowExA(0, "Owner", "Owner", WS_OVERLAPPEDWINDOW, 0, 0, 200, 100,
+                                           nullptr, nullptr, windowClass.hInstance, nullptr);
+        ShowWindow(owner, SW_SHOW);
+        DialogBoxParamA(windowClass.hInstance, MAKEINTRESOURCEA(IDD_BARE), owner, OwnedProcedure,
+                        0);
+        EXPECT_EQ(Story(),
+                  "owner disabled, initialised, shown, owner enabled, hidden, destroyed");
+        EXPECT_EQ(GetActiveWindow(), owner);
+    });
 }
 
 }  // namespace

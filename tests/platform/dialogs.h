@@ -22,3 +22,24 @@
 #define IDC_CAPITALS 306
 
 #define IDD_BARE 102
+
+#define IDD_BUTTONS 103
+#define IDC_FRAME 401
+#define IDC_MANUAL 402
+#define IDC_THREE 403
+#define IDC_LEFT 411
+#define IDC_MIDDLE 412
+#define IDC_RIGHT 413
+#define IDC_UPPER 421
+#define IDC_LOWER 422
+#define IDC_PUSH 430
+
+#define IDR_BAR 110
+#define IDM_OPEN 1001
+#define IDM_GREY 1002
+#define IDM_MARKED 1003
+#define IDM_DEEP 1004
+#define IDM_HELP 1005
+#define IDM_SMALL 1010
+#define IDM_MEDIUM 1011
+#define IDM_LARGE 1012

@@ -1,17 +1,17 @@
 // The rules of list boxes and combo boxes.
 #include <gtest/gtest.h>
 
+#include <array>
+#include <string>
+
 #include "tests/kit/user_interface.h"
 #include "tests/platform/dialogs.h"
 #include "tests/platform/recorder.h"
 
 namespace {
 
+using kit::Code;
 using kit::OnUserInterface;
-
-std::string Code(int id, int code) {
-    return std::to_string(id) + ":" + std::to_string(code);
-}
 
 class Lists : public testing::Test {
   protected:
@@ -65,6 +65,7 @@ TEST_F(Lists, DeletingTheSelectedRowLeavesNoSelectionAndDataGoesWithItsRow) {
 
 TEST_F(Lists, FindingStartsBehindTheGivenRowWrapsAndIgnoresCase) {
     Fill(IDC_LIST, LB_ADDSTRING);
+    Fill(IDC_DROP_LIST, CB_ADDSTRING);
     struct Case {
         int after;
         const char* text;
@@ -78,7 +79,34 @@ TEST_F(Lists, FindingStartsBehindTheGivenRowWrapsAndIgnoresCase) {
             << each.text << " after " << each.after;
         EXPECT_EQ(SendText(IDC_LIST, LB_FINDSTRINGEXACT, each.after, each.text), each.exact)
             << each.text << " after " << each.after;
+        EXPECT_EQ(SendText(IDC_DROP_LIST, CB_FINDSTRING, each.after, each.text), each.prefix)
+            << each.text << " after " << each.after;
+        EXPECT_EQ(SendText(IDC_DROP_LIST, CB_FINDSTRINGEXACT, each.after, each.text), each.exact)
+            << each.text << " after " << each.after;
     }
+    EXPECT_EQ(SendText(IDC_LIST, LB_SELECTSTRING, -1, "BAN"), 1);
+    EXPECT_EQ(Send(IDC_LIST, LB_GETCURSEL), 1);
+    EXPECT_EQ(SendText(IDC_LIST, LB_SELECTSTRING, -1, "zebra"), LB_ERR);
+    EXPECT_EQ(Send(IDC_LIST, LB_GETCURSEL), 1) << "what is not found changes nothing";
+    EXPECT_EQ(SendText(IDC_DROP_LIST, CB_SELECTSTRING, 0, "ap"), 2);
+    EXPECT_EQ(Send(IDC_DROP_LIST, CB_GETCURSEL), 2);
+}
+
+TEST_F(Lists, RowsThatComeAndGoBeforeTheSelectedOneMoveTheSelection) {
+    Fill(IDC_LIST, LB_ADDSTRING);
+    Send(IDC_LIST, LB_SETCURSEL, 2);
+    EXPECT_EQ(SendText(IDC_LIST, LB_INSERTSTRING, -1, "last"), 4);
+    EXPECT_EQ(Send(IDC_LIST, LB_GETCURSEL), 2);
+    EXPECT_EQ(Send(IDC_LIST, LB_DELETESTRING, 0), 4) << "rows that are left";
+    EXPECT_EQ(Send(IDC_LIST, LB_GETCURSEL), 1);
+    EXPECT_EQ(SendText(IDC_LIST, LB_INSERTSTRING, 0, "first"), 0);
+    EXPECT_EQ(Send(IDC_LIST, LB_GETCURSEL), 2);
+    EXPECT_EQ(dialog_.Shown().Row(IDC_LIST, 2), "apricot");
+    EXPECT_EQ(SendText(IDC_LIST, LB_INSERTSTRING, 9, "nowhere"), LB_ERR);
+    EXPECT_EQ(Send(IDC_LIST, LB_DELETESTRING, 9), LB_ERR);
+    Send(IDC_LIST, LB_RESETCONTENT);
+    EXPECT_EQ(Send(IDC_LIST, LB_GETCOUNT), 0);
+    EXPECT_EQ(Send(IDC_LIST, LB_GETCURSEL), LB_ERR);
 }
 
 TEST_F(Lists, KeysAndLettersChooseRowsAndTellTheProgram) {
@@ -102,6 +130,54 @@ TEST_F(Lists, AUsersChoiceInADropDownListTellsOkThenChange) {
     EXPECT_EQ(dialog_.Shown().Text(IDC_DROP_LIST), "apple");
 }
 
+TEST_F(Lists, AKeyThatStaysOnTheSameRowStillTells) {
+    Fill(IDC_LIST, LB_ADDSTRING);
+    Send(IDC_LIST, LB_SETCURSEL, 3);
+    Focus(IDC_LIST);
+    dialog_.Shown().Key(VK_DOWN);
+    EXPECT_EQ(dialog_.TakeNotifications(), Code(IDC_LIST, LBN_SELCHANGE));
+    Fill(IDC_DROP_LIST, CB_ADDSTRING);
+    Send(IDC_DROP_LIST, CB_SETCURSEL, 3);
+    Focus(IDC_DROP_LIST);
+    dialog_.Shown().Key(VK_DOWN);
+    EXPECT_EQ(dialog_.TakeNotifications(),
+              Code(IDC_DROP_LIST, CBN_SELENDOK) + " " + Code(IDC_DROP_LIST, CBN_SELCHANGE));
+}
+
+TEST_F(Lists, KeysInAnEmptyListChooseNothing) {
+    Focus(IDC_LIST);
+    dialog_.Shown().Key(VK_DOWN);
+    EXPECT_EQ(dialog_.TakeNotifications(), "");
+    EXPECT_EQ(Send(IDC_LIST, LB_GETCURSEL), LB_ERR);
+}
+
+TEST_F(Lists, DroppingAndClosingAreTold) {
+    Fill(IDC_DROP_LIST, CB_ADDSTRING);
+    Focus(IDC_DROP_LIST);
+    Send(IDC_DROP_LIST, CB_SHOWDROPDOWN, TRUE);
+    EXPECT_EQ(Send(IDC_DROP_LIST, CB_GETDROPPEDSTATE), TRUE);
+    EXPECT_EQ(dialog_.TakeNotifications(), Code(IDC_DROP_LIST, CBN_DROPDOWN));
+    Send(IDC_DROP_LIST, CB_SHOWDROPDOWN, FALSE);
+    EXPECT_EQ(Send(IDC_DROP_LIST, CB_GETDROPPEDSTATE), FALSE);
+    EXPECT_NE(dialog_.TakeNotifications().find(Code(IDC_DROP_LIST, CBN_CLOSEUP)),
+              std::string::npos);
+}
+
+TEST_F(Lists, TypingIntoAComboBoxIsToldAndObeysItsLimit) {
+    Send(IDC_COMBO, CB_LIMITTEXT, 3);
+    dialog_.Shown().Type(IDC_COMBO, "");
+    dialog_.TakeNotifications();
+    for (const char character : {'a', 'b', 'c', 'd'})
+        OnUserInterface([&] {
+            SendMessageA(GetFocus(), WM_CHAR, static_cast<WPARAM>(character), 0);
+        });
+    EXPECT_EQ(dialog_.Shown().Text(IDC_COMBO), "abc");
+    const std::string typed =
+        Code(IDC_COMBO, CBN_EDITUPDATE) + " " + Code(IDC_COMBO, CBN_EDITCHANGE);
+    EXPECT_EQ(dialog_.TakeNotifications(), typed + " " + typed + " " + typed);
+    EXPECT_EQ(Send(IDC_COMBO, CB_GETCURSEL), CB_ERR);
+}
+
 TEST_F(Lists, AComboBoxsEditTakesAnyTextAndShowsTheRowThatIsSelected) {
     Fill(IDC_COMBO, CB_ADDSTRING);
     dialog_.TakeNotifications();
@@ -115,6 +191,28 @@ TEST_F(Lists, AComboBoxsEditTakesAnyTextAndShowsTheRowThatIsSelected) {
     EXPECT_EQ(SendText(IDC_DROP_LIST, WM_SETTEXT, 0, "no edit"), CB_ERR);
 }
 
+TEST_F(Lists, AnOpenListClosesWhenTheFocusGoes) {
+    for (const int id : {IDC_DROP_LIST, IDC_COMBO}) {
+        Fill(id, CB_ADDSTRING);
+        Focus(id);
+        Send(id, CB_SHOWDROPDOWN, TRUE);
+        EXPECT_TRUE(Send(id, CB_GETDROPPEDSTATE)) << id;
+        Focus(IDC_LIST);
+        EXPECT_FALSE(Send(id, CB_GETDROPPEDSTATE)) << id;
+    }
+}
+
+TEST_F(Lists, EmptyingAComboBoxEmptiesItsEdit) {
+    for (const int id : {IDC_COMBO, IDC_SIMPLE}) {
+        Fill(id, CB_ADDSTRING);
+        Send(id, CB_SETCURSEL, 1);
+        ASSERT_EQ(dialog_.Shown().Text(id), "Banana");
+        Send(id, CB_RESETCONTENT);
+        EXPECT_EQ(dialog_.Shown().Text(id), "") << id;
+        EXPECT_EQ(dialog_.Shown().Rows(id), 0) << id;
+    }
+}
+
 TEST_F(Lists, ASortedListPutsRowsInOrderIgnoringCase) {
     Fill(IDC_SORTED, LB_ADDSTRING);
     std::string order;
@@ -123,11 +221,45 @@ TEST_F(Lists, ASortedListPutsRowsInOrderIgnoringCase) {
     EXPECT_EQ(order, "apple apricot Banana cherry ");
 }
 
-TEST_F(Lists, AnUpperCaseEditConvertsTypingAndProgramText) {
-    dialog_.Shown().Type(IDC_CAPITALS, "c:/vcp");
-    EXPECT_EQ(dialog_.Shown().Text(IDC_CAPITALS), "C:/VCP");
-    OnUserInterface([&] { SetDlgItemTextA(dialog_.Shown().Handle(), IDC_CAPITALS, "code.bin"); });
-    EXPECT_EQ(dialog_.Shown().Text(IDC_CAPITALS), "CODE.BIN");
+// What a combo box holds while it tells of a choice.
+struct Seen {
+    std::string text;
+    LRESULT row = CB_ERR;
+};
+Seen& LastSeen() {
+    static Seen seen;
+    return seen;
+}
+
+INT_PTR CALLBACK LookingProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
+    if (message == WM_COMMAND && wParam == MAKEWPARAM(IDC_COMBO, CBN_SELCHANGE)) {
+        std::array<char, 32> text{};
+        GetDlgItemTextA(dialog, IDC_COMBO, text.data(), static_cast<int>(text.size()));
+        LastSeen() = {text.data(), SendDlgItemMessageA(dialog, IDC_COMBO, CB_GETCURSEL, 0, 0)};
+    }
+    return message == WM_INITDIALOG;
+}
+
+TEST(ComboBoxes, TheEditShowsTheOldTextWhileAChoiceIsTold) {
+    auto program = kit::StartProgram([] {
+        return static_cast<int>(DialogBoxParamA(GetModuleHandleA(nullptr),
+                                                MAKEINTRESOURCEA(IDD_LISTS), nullptr,
+                                                LookingProcedure, 0));
+    });
+    const kit::Dialog dialog = kit::WaitForDialog("Lists");
+    OnUserInterface([&] {
+        const HWND combo = dialog.Control(IDC_COMBO);
+        for (const char* row : {"apple", "banana"})
+            SendMessageA(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(row));
+        SetWindowTextA(combo, "own words");
+        SetFocus(combo);
+    });
+    dialog.Key(VK_DOWN);
+    EXPECT_EQ(LastSeen().text, "own words");
+    EXPECT_EQ(LastSeen().row, 0);
+    EXPECT_EQ(dialog.Text(IDC_COMBO), "apple");
+    OnUserInterface([&] { EndDialog(dialog.Handle(), 0); });
+    program.get();
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <future>
 #include <map>
+#include <utility>
 
 #include "tests/kit/user_interface.h"
 
@@ -24,24 +25,60 @@ Record& TheRecord() {
     return record;
 }
 
-INT_PTR CALLBACK RecordingProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
-    Record& record = TheRecord();
-    if (message == WM_INITDIALOG) {
-        record.notifications += "init ";
-        if (record.opening.act)
-            record.opening.act(dialog);
-        return record.opening.answer;
-    }
-    if (message != WM_COMMAND)
-        return FALSE;
-    const int id = LOWORD(wParam);
-    record.notifications += std::to_string(id) + ":" + std::to_string(HIWORD(wParam)) + " ";
-    if (const auto ending = record.endings.find(id); ending != record.endings.end())
+void WriteDown(const std::string& what) {
+    TheRecord().notifications += what + " ";
+}
+
+INT_PTR Initialise(HWND dialog, WPARAM first) {
+    const Record& record = TheRecord();
+    WriteDown("init:" + std::to_string(GetDlgCtrlID(reinterpret_cast<HWND>(first))));
+    if (record.opening.act)
+        record.opening.act(dialog);
+    return record.opening.answer;
+}
+
+void ObeyCommand(HWND dialog, int id, int code, bool fromControl) {
+    WriteDown(fromControl ? Code(id, code) : std::to_string(id));
+    const auto& endings = TheRecord().endings;
+    if (const auto ending = endings.find(id); ending != endings.end())
         EndDialog(dialog, ending->second);
-    return TRUE;
+}
+
+void RecordLife(UINT message, WPARAM wParam) {
+    if (message == WM_SETFONT)
+        WriteDown("font");
+    if (message == WM_SHOWWINDOW && wParam != 0)
+        WriteDown("shown");
+    if (message == WM_DESTROY)
+        WriteDown("destroyed");
+}
+
+INT_PTR CALLBACK RecordingProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_INITDIALOG:
+            return Initialise(dialog, wParam);
+        case WM_COMMAND:
+            ObeyCommand(dialog, LOWORD(wParam), HIWORD(wParam), lParam != 0);
+            return TRUE;
+        default:
+            if (TheRecord().opening.life)
+                RecordLife(message, wParam);
+            return FALSE;
+    }
+}
+
+std::string Take() {
+    std::string taken = std::exchange(TheRecord().notifications, {});
+    if (!taken.empty())
+        taken.pop_back();
+    return taken;
 }
 
 }  // namespace
+
+std::string Code(int id, int code) {
+    return std::to_string(id) + ":" + std::to_string(code);
+}
 
 RecordedDialog::RecordedDialog(int templateId, const std::string& caption)
     : RecordedDialog(templateId, caption, Opening()) {}
@@ -65,13 +102,8 @@ RecordedDialog::~RecordedDialog() {
 }
 
 std::string RecordedDialog::TakeNotifications() {
-    return OnUserInterface([] {
-        std::string taken = std::move(TheRecord().notifications);
-        TheRecord().notifications.clear();
-        if (!taken.empty())
-            taken.pop_back();
-        return taken;
-    });
+    // After its end nobody else looks at the record.
+    return TheRecord().program.valid() ? OnUserInterface(Take) : Take();
 }
 
 void RecordedDialog::EndOn(int id, INT_PTR result) {

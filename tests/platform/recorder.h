@@ -10,6 +10,9 @@
 
 namespace kit {
 
+// How a notification is written down.
+std::string Code(int id, int code);
+
 // Engineer's thread. Opens one of the test's dialogs as a program of its own and ends it when
 // the object goes.
 class RecordedDialog {
@@ -17,7 +20,9 @@ class RecordedDialog {
     // What the procedure answers WM_INITDIALOG with, and what it does then.
     struct Opening {
         INT_PTR answer = TRUE;
-        std::function<void(HWND)> act;
+        std::function<void(HWND)> act = {};
+        // Also writes down "font", "shown" and "destroyed".
+        bool life = false;
     };
 
     RecordedDialog(int templateId, const std::string& caption);
@@ -25,7 +30,9 @@ class RecordedDialog {
     ~RecordedDialog();
 
     const Dialog& Shown() const { return dialog_; }
-    // The notifications so far, as "id:code" separated by blanks, and forgets them.
+    // What came so far, separated by blanks, and forgets it: "init:id" with the control that is to
+    // take the focus, "id:code" for what a control tells, and "id" for a command that comes from
+    // no control.
     std::string TakeNotifications();
     // Has the dialog end with `result` when it is sent the command `id`.
     void EndOn(int id, INT_PTR result);

@@ -15,6 +15,7 @@
 #include <QTest>
 #include <QWindow>
 #include <algorithm>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -162,6 +163,30 @@ TEST_F(FormTest, TheLimitBindsTypingButNotTheProgram) {
     EXPECT_EQ(ShownText(IDC_NAME), "789");
 }
 
+TEST_F(FormTest, TypingPastTheLimitIsTakenBackAndLeavesTheCaretWhereItWas) {
+    for (const int id : {IDC_NAME, IDC_NOTE}) {
+        const HWND edit = Control(id);
+        OnUserInterface([edit] {
+            SetWindowTextA(edit, "g\xC3\xBCnstig");
+            SendMessageA(edit, EM_LIMITTEXT, 8, 0);
+            SetFocus(edit);
+            SendMessageA(edit, EM_SETSEL, 3, 3);
+        });
+        TakeNotices();
+        native::Type("X");
+        EXPECT_EQ(form_.Text(id), "g\xC3\xBCnstig");
+        EXPECT_EQ(TakeNoticesOf(id), (std::vector<Notice>{{id, EN_MAXTEXT}}));
+        native::Press(Qt::Key_Backspace);
+        native::Type("uY");
+        EXPECT_EQ(form_.Text(id), "guYnstig");
+        const std::string shown = Shown<QWidget>(id, [](QWidget& widget) {
+            const char* property = widget.inherits("QLineEdit") ? "text" : "plainText";
+            return widget.property(property).toString().toStdString();
+        });
+        EXPECT_EQ(shown, "guYnstig");
+    }
+}
+
 TEST_F(FormTest, AMultiLineEditShowsLinesAndGivesThemBackWithCarriageReturns) {
     const HWND note = Control(IDC_NOTE);
     OnUserInterface([note] {
@@ -203,6 +228,29 @@ TEST_F(FormTest, TabAndAltLettersMoveTheFocusOfBothSides) {
     EXPECT_EQ(form_.Text(IDC_NAME), "") << "the letter was taken as text";
     native::Press(Qt::Key_N, Qt::AltModifier);
     expectFocus(IDC_NAME);
+}
+
+TEST_F(FormTest, TheFocusIsSeenOnButtonsAndComboBoxes) {
+    for (const int id : {IDC_PLACE, IDC_APPLY, IDC_MANUAL}) {
+        const auto look = [&](int focused) {
+            const HWND control = Control(focused);
+            OnUserInterface([control] { SetFocus(control); });
+            return Shown<QWidget>(id, [](QWidget& widget) { return widget.grab().toImage(); });
+        };
+        // The focus comes and goes between controls that are no default buttons.
+        const QImage without = look(IDC_LIST);
+        EXPECT_NE(look(id), without) << id;
+    }
+}
+
+TEST_F(FormTest, ADialogsFrameHasACloseBoxAndNoOthers) {
+    const HWND form = form_.Handle();
+    const Qt::WindowFlags flags =
+        OnUserInterface([form] { return native::WidgetOf(form)->windowFlags(); });
+    EXPECT_TRUE(flags.testFlag(Qt::WindowTitleHint));
+    EXPECT_TRUE(flags.testFlag(Qt::WindowCloseButtonHint));
+    EXPECT_FALSE(flags.testFlag(Qt::WindowMinimizeButtonHint));
+    EXPECT_FALSE(flags.testFlag(Qt::WindowMaximizeButtonHint));
 }
 
 TEST_F(FormTest, KeysTypedAheadGoWhereTheFocusIsByThen) {
@@ -334,11 +382,14 @@ constexpr COLORREF kColour = RGB(0x20, 0x60, 0xA0);
 // Touched by the user-interface thread alone.
 std::vector<UINT> theCommands;
 std::vector<UINT> theMessages;
+std::vector<QRect> thePainted;
 HWND theWindow = nullptr;
 
 void Paint(HWND window) {
     PAINTSTRUCT paint;
     const HDC dc = BeginPaint(window, &paint);
+    thePainted.emplace_back(QPoint(paint.rcPaint.left, paint.rcPaint.top),
+                            QPoint(paint.rcPaint.right - 1, paint.rcPaint.bottom - 1));
     const HBRUSH brush = CreateSolidBrush(kColour);
     FillRect(dc, &paint.rcPaint, brush);
     DeleteObject(brush);
@@ -414,6 +465,33 @@ class WindowTest : public testing::Test {
     static std::ptrdiff_t CountMessages(UINT message) {
         return OnUserInterface(
             [message] { return std::count(theMessages.begin(), theMessages.end(), message); });
+    }
+
+    // The areas that the program painted since it was last asked.
+    std::vector<QRect> TakePainted() const {
+        return OnUserInterface([this] {
+            UpdateWindow(window_);
+            return std::exchange(thePainted, {});
+        });
+    }
+
+    // The window system has lost a part of the window.
+    void Expose(QRect area) const {
+        native::Do([=, this] {
+            QExposeEvent exposure(area);
+            QCoreApplication::sendEvent(native::WidgetOf(window_)->windowHandle(), &exposure);
+        });
+    }
+
+    // The entry of the menu bar that the keyboard is on; empty for none.
+    std::string ActiveEntry() const {
+        return OnUserInterface([this] {
+            for (const QMenuBar* row : native::WidgetOf(window_)->findChildren<QMenuBar*>()) {
+                if (row->hasFocus() && row->activeAction() != nullptr)
+                    return row->activeAction()->text().toStdString();
+            }
+            return std::string();
+        });
     }
 
     RECT ClientRect() const {
@@ -498,6 +576,98 @@ TEST_F(WindowTest, AMenuOpensByItsKeyTellsTheProgramAndGivesTheCommand) {
     native::Press(Qt::Key_Escape);
     native::Press(Qt::Key_Escape);
     EXPECT_EQ(TakeCommands(), std::vector<UINT>{});
+}
+
+TEST_F(WindowTest, F10AndAltAloneGiveTheMenuBarTheKeyboardAndTakeItBack) {
+    for (const Qt::Key enter : {Qt::Key_F10, Qt::Key_Alt}) {
+        for (const Qt::Key leave : {Qt::Key_Escape, enter}) {
+            native::Press(enter);
+            EXPECT_EQ(ActiveEntry(), "&File");
+            native::Press(leave);
+            EXPECT_EQ(ActiveEntry(), "");
+        }
+        native::Press(enter);
+        native::Press(Qt::Key_Right);
+        native::Press(Qt::Key_Return);
+        EXPECT_EQ(TakeCommands(), std::vector<UINT>{IDM_BARE});
+        const auto keys = CountMessages(WM_KEYDOWN);
+        native::Type("x");
+        EXPECT_EQ(CountMessages(WM_KEYDOWN), keys + 1) << "the window has no keyboard";
+    }
+}
+
+TEST_F(WindowTest, AMenuBarWithTheKeyboardLosesItWithTheWindow) {
+    native::Press(Qt::Key_F10);
+    std::unique_ptr<QWindow> other;
+    native::Do([&] {
+        other = std::make_unique<QWindow>();
+        other->show();
+        other->requestActivate();
+    });
+    EXPECT_EQ(OnUserInterface([] { return GetActiveWindow(); }), nullptr);
+    native::Do([&] {
+        other.reset();
+        native::WidgetOf(window_)->activateWindow();
+    });
+    EXPECT_EQ(ActiveEntry(), "");
+    const auto keys = CountMessages(WM_KEYDOWN);
+    native::Type("x");
+    EXPECT_EQ(CountMessages(WM_KEYDOWN), keys + 1);
+}
+
+TEST_F(WindowTest, TheArrowKeysRunThroughAllRowsOfTheMenuBarAsThroughOne) {
+    std::vector<std::string> entries = OnUserInterface([this] {
+        std::vector<std::string> texts;
+        for (const QMenuBar* row : native::WidgetOf(window_)->findChildren<QMenuBar*>()) {
+            for (const QAction* entry : row->actions())
+                texts.push_back(entry->text().toStdString());
+        }
+        return texts;
+    });
+    native::Press(Qt::Key_F10);
+    const auto expectRound = [&](Qt::Key key) {
+        for (const std::string& entry : entries) {
+            EXPECT_EQ(ActiveEntry(), entry);
+            native::Press(key);
+        }
+        EXPECT_EQ(ActiveEntry(), entries.front());
+    };
+    expectRound(Qt::Key_Right);
+    std::reverse(entries.begin() + 1, entries.end());
+    expectRound(Qt::Key_Left);
+    // An open menu takes the way along: the last entry's menu is one to the left of the first.
+    native::Press(Qt::Key_Down);
+    native::Press(Qt::Key_Left);
+    EXPECT_EQ(CountMessages(WM_INITMENUPOPUP), 2);
+    native::Press(Qt::Key_Return);
+    EXPECT_EQ(TakeCommands(), std::vector<UINT>{IDM_OTHER});
+    const auto keys = CountMessages(WM_KEYDOWN);
+    native::Type("x");
+    EXPECT_EQ(CountMessages(WM_KEYDOWN), keys + 1) << "the window has no keyboard";
+}
+
+TEST_F(WindowTest, WhatIsUncoveredIsPaintedAnewAndNothingElse) {
+    const RECT client = ClientRect();
+    EXPECT_EQ(TakePainted(), (std::vector<QRect>{QRect(0, 0, client.right, client.bottom)}))
+        << "the first showing paints once";
+    const int menuHeight =
+        OnUserInterface([this] { return native::WidgetOf(window_)->height(); }) - client.bottom;
+    Expose(QRect(10, menuHeight + 5, 30, 20));
+    EXPECT_EQ(TakePainted(), (std::vector<QRect>{QRect(10, 5, 30, 20)}));
+    Expose(QRect(10, menuHeight - 5, 30, 20));
+    EXPECT_EQ(TakePainted(), (std::vector<QRect>{QRect(10, 0, 30, 15)}));
+    Expose(QRect(0, 0, 50, menuHeight));
+    EXPECT_EQ(TakePainted(), (std::vector<QRect>{})) << "the menu bar is not the program's";
+}
+
+TEST_F(WindowTest, AResizePaintsWhatIsNewAlone) {
+    const RECT before = ClientRect();
+    TakePainted();
+    native::Do([this] {
+        QWidget* widget = native::WidgetOf(window_);
+        widget->resize(widget->width(), widget->height() + 40);
+    });
+    EXPECT_EQ(TakePainted(), (std::vector<QRect>{QRect(0, before.bottom, before.right, 40)}));
 }
 
 TEST_F(WindowTest, ACommandOnTheBarItselfAndOneInAnInnerMenuAreGiven) {

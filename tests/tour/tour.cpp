@@ -69,8 +69,218 @@ void About(const kit::Utility& utility) {
     dialog.Press(IDOK);
 }
 
+void AccessMemory(const kit::Utility& utility) {
+    utility.Choose(IDM_486);
+    const kit::Dialog dialog = kit::WaitForDialog("Access Mem/IO Address");
+    dialog.Type(IDC_MEMORY_ADDRESS, "0xD0001000");
+    dialog.Type(IDC_MEMORY_VALUE, "0xC0FFEE42");
+    dialog.Press(IDC_MEMORY_SET);
+    dialog.Press(IDC_MEMORY_GET);
+    dialog.Type(IDC_PORT_ADDRESS, "0x3F8");
+    dialog.Type(IDC_PORT_VALUE, "0x4B");
+    dialog.Press(IDC_PORT_SET);
+    dialog.Press(IDC_PORT_GET);
+    TakePicture("access-memory");
+    dialog.Press(IDOK);
+}
+
+void AccessI2c(const kit::Utility& utility) {
+    utility.Choose(IDM_I2C_ACCESS);
+    const kit::Dialog dialog = kit::WaitForDialog("I2C Access");
+    dialog.Type(IDC_I2C_ADDRESS, "0x48");
+    dialog.Type(IDC_I2C_DATA_1, "0x0A");
+    dialog.Press(IDC_I2C_WRITE_REGISTER);
+    dialog.Type(IDC_I2C_DATA_2, "0x80");
+    dialog.Press(IDC_I2C_APPLY);
+    TakePicture("access-i2c");
+    dialog.Press(IDOK);
+}
+
+void AccessVpicI2c(const kit::Utility& utility) {
+    utility.Command(IDM_VPIC_I2C_PORTS);
+    const kit::Dialog dialog = kit::WaitForDialog("VPIC I2C Access");
+    dialog.Press(IDC_VPIC_I2C_DATA);
+    TakePicture("access-vpic-i2c");
+    dialog.Press(IDOK);
+}
+
+void AccessEprom(const kit::Utility& utility) {
+    utility.Command(IDM_EEPROM_ACCESS);
+    const kit::Dialog dialog = kit::WaitForDialog("EPROM DLG");
+    dialog.Type(IDC_EPROM_ADDRESS, "0x20");
+    dialog.Type(IDC_EPROM_LENGTH, "0x03");
+    dialog.Type(IDC_EPROM_DATA_1, "0x4B");
+    dialog.Type(IDC_EPROM_DATA_2, "0x4F");
+    dialog.Type(IDC_EPROM_DATA_3, "0x52");
+    dialog.Press(IDC_EPROM_WRITE);
+    dialog.Press(IDC_EPROM_APPLY);
+    dialog.Press(IDC_EPROM_READ);
+    dialog.Press(IDC_EPROM_APPLY);
+    TakePicture("access-eprom");
+    dialog.Press(IDC_EPROM_CLOSE);
+}
+
+void AccessJade(const kit::Utility& utility) {
+    utility.Choose(IDM_JADE_REGISTERS);
+    const kit::Dialog dialog = kit::WaitForDialog("Jade access dialog");
+    dialog.Type(IDC_JADE_REGISTER, "0xF0");
+    dialog.Press(IDC_JADE_INCREMENT);
+    dialog.Press(IDC_JADE_GET);
+    TakePicture("access-jade");
+    dialog.Press(IDCANCEL);
+}
+
+void AccessUssRegisters(const kit::Utility& utility) {
+    utility.Choose(IDM_USS_REGISTERS);
+    const kit::Dialog dialog = kit::WaitForDialog("USS Reg");
+    dialog.Type(IDC_USS_ADDRESS, "0x1C");
+    dialog.Type(IDC_USS_VALUE, "0xA5");
+    dialog.Press(IDC_USS_SET);
+    dialog.Press(IDC_USS_GET);
+    TakePicture("uss-registers");
+    dialog.Press(IDOK);
+}
+
+// A browser on a row; where a value is given, it is written and shown again.
+struct BrowserStop {
+    UINT command;
+    const char* caption;
+    int list, value, set;
+    int row;
+    const char* typed;
+    const char* picture;
+};
+
+constexpr BrowserStop kBrowserStops[] = {
+    {IDM_VPIC_PORTS, "VPIC Port", IDC_BROWSER_LIST, IDC_BROWSER_VALUE, IDC_BROWSER_SET, 4,
+     "0x00C0FFEE", "vpic-ports"},
+    {IDM_VPIC_BITS, "VPIC Bits", IDC_BROWSER_LIST, IDC_BROWSER_VALUE, IDC_BROWSER_SET, 35, "1",
+     "vpic-bits"},
+    {IDM_ISAC_REGISTERS, "ISAC Registers", IDC_BROWSER_LIST, IDC_BROWSER_VALUE, IDC_BROWSER_SET, 3,
+     "0x2A", "isac-registers"},
+    {IDM_ISAC_BITS, "ISAC Bits", IDC_BROWSER_LIST, IDC_BROWSER_VALUE, IDC_BROWSER_SET, 4, "1",
+     "isac-bits"},
+    {IDM_ARCOFI_PORTS, "ARCOFI Ports", IDC_BROWSER_LIST, IDC_BROWSER_VALUE, IDC_BROWSER_SET, 13,
+     "0x01", "arcofi-ports"},
+    {IDM_ARCOFI_COEFFICIENTS, "ARCOFI Coefficiets", IDC_COEFFICIENTS_LIST, IDC_COEFFICIENTS_VALUES,
+     IDC_COEFFICIENTS_SET, 10, "0x32\r0x90\r0x01\r0x12", "arcofi-coefficients"},
+    {IDM_SAEC_PORTS, "Siemens AEC Ports", IDC_BROWSER_LIST, IDC_BROWSER_VALUE, IDC_BROWSER_SET, 100,
+     "0x1A2B", "saec-ports"},
+    {IDM_CAMERA_ACCESS, "Camera Registers", IDC_BROWSER_DEVICE_LIST, IDC_BROWSER_DEVICE_VALUE,
+     IDC_BROWSER_SET, 2, "0x90", "digital-camera"},
+    {IDM_ANALOG_CAMERA_ACCESS, "Camera Registers", IDC_BROWSER_DEVICE_LIST,
+     IDC_BROWSER_DEVICE_VALUE, IDC_BROWSER_SET, 5, nullptr, "analog-camera"},
+    {IDM_BOARD_AUXDEV_FIELDS, "AUXDEV Fields", IDC_BROWSER_DEVICE_LIST, IDC_BROWSER_DEVICE_VALUE,
+     IDC_BROWSER_SET, 11, "0x20", "auxdev-fields"},
+    {IDM_AUXDEV, "AUXDEV Features", IDC_BROWSER_DEVICE_LIST, IDC_BROWSER_DEVICE_VALUE,
+     IDC_BROWSER_SET, 20, "0x01", "auxdev-features"},
+};
+
+void BrowseRegisters(const kit::Utility& utility) {
+    for (const BrowserStop& stop : kBrowserStops) {
+        utility.Command(stop.command);
+        const kit::Dialog dialog = kit::WaitForDialog(stop.caption);
+        dialog.Pick(stop.list, stop.row);
+        if (stop.typed != nullptr) {
+            dialog.Type(stop.value, stop.typed);
+            dialog.Press(stop.set);
+            dialog.Pick(stop.list, stop.row);
+        }
+        TakePicture(stop.picture);
+        dialog.Press(IDOK);
+    }
+}
+
+// Opens a dialog, does in it what it is for, and leaves it by Cancel.
+void ShowDialog(const kit::Utility& utility, UINT command, const char* caption, const char* picture,
+                void (*act)(const kit::Dialog& dialog)) {
+    utility.Command(command);
+    const kit::Dialog dialog = kit::WaitForDialog(caption);
+    act(dialog);
+    TakePicture(picture);
+    dialog.Press(IDCANCEL);
+}
+
+void SelectDevice(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_SEQ_ATOM_ENTER, "Select Device", "select-device",
+               [](const kit::Dialog& dialog) { dialog.Pick(IDC_DEVICE_LIST, "ARCOFI       "); });
+}
+
+void SelectIrq(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_SEQ_SIMULATE_INTERRUPT, "Select IRQ", "select-irq",
+               [](const kit::Dialog& dialog) {
+                   dialog.Press(IDC_IRQ_ICC);
+                   dialog.Press(IDC_IRQ_ISAC);
+               });
+}
+
+void InitializeIsac(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_ISAC_INITIALIZE, "Initialize ISAC  ", "initialize-isac",
+               [](const kit::Dialog& dialog) { dialog.Press(IDC_ISAC_DEVICE_INITIALIZE_CHIP); });
+}
+
+void SelectIsacDevice(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_ISAC_RESET, "Select ISAC  Device", "select-isac-device",
+               [](const kit::Dialog& dialog) { dialog.Press(IDC_ISAC_DEVICE_ISDN); });
+}
+
+void InitializeMonitor(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_MONITOR_INITIALIZE, "Initialize IOM2 Monitor", "initialize-monitor",
+               [](const kit::Dialog& dialog) { dialog.Press(IDC_MONITOR_DEVICE_INITIALIZE_CHIP); });
+}
+
+void SelectMonitorDevice(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_MONITOR_RESET, "Select Monitor Device", "select-monitor-device",
+               [](const kit::Dialog& dialog) { dialog.Press(IDC_MONITOR_DEVICE_SBCX); });
+}
+
+void SelectCamera(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_ANALOG_CAMERA_SELECT, "Camera Selection", "camera-selection",
+               [](const kit::Dialog& dialog) { dialog.Press(IDC_CAMERA_VCR); });
+}
+
+void LoadAnnexd(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_ANNEXD_DOWNLOAD, "Dialog", "annexd-loader",
+               [](const kit::Dialog& dialog) { dialog.Press(IDC_ANNEXD_START); });
+}
+
+void SendMbe(const kit::Utility& utility) {
+    utility.Command(IDM_MBE_SEND);
+    const kit::Dialog dialog = kit::WaitForDialog("MBE SEND DEMO");
+    dialog.Type(IDC_MBE_MESSAGE, "Hello over the data channel");
+    dialog.Press(IDC_MBE_SEND);
+    TakePicture("mbe-send");
+    dialog.Press(IDC_MBE_EXIT);
+}
+
+void DumpGds(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_DEBUG_DUMP_GDS, "GDS Dump Dialog", "gds-dump",
+               [](const kit::Dialog& dialog) { dialog.Pick(IDC_GDS_MODULE, "Seq        "); });
+}
+
 // The stops, in order. Every dialog has one.
-constexpr void (*kStops[])(const kit::Utility&) = {ShowMainWindow, SendRawCommand, About};
+constexpr void (*kStops[])(const kit::Utility&) = {
+    ShowMainWindow,
+    SendRawCommand,
+    BrowseRegisters,
+    AccessMemory,
+    AccessI2c,
+    AccessVpicI2c,
+    AccessEprom,
+    AccessJade,
+    AccessUssRegisters,
+    About,
+    SelectDevice,
+    SelectIrq,
+    InitializeIsac,
+    SelectIsacDevice,
+    InitializeMonitor,
+    SelectMonitorDevice,
+    SelectCamera,
+    LoadAnnexd,
+    SendMbe,
+    DumpGds,
+};
 
 TEST(Tour, WalksThroughTheUtilityAndTakesItsPictures) {
     const kit::Utility utility;

@@ -95,16 +95,10 @@ class Button : public BasicControl {
 
     void CheckOnlyThisOfGroup() {
         SetCheck(BST_CHECKED);
-        if (window_.parent == nullptr)
-            return;
-        const HWND parent = window_.parent->handle;
-        for (HWND next = GetNextDlgGroupItem(parent, window_.handle, FALSE);
-             next != nullptr && next != window_.handle;
-             next = GetNextDlgGroupItem(parent, next, FALSE)) {
-            const Window* other = FindWindowOf(next);
-            if ((other->style & BS_TYPEMASK) == BS_AUTORADIOBUTTON &&
-                other->windowClass == window_.windowClass)
-                SendMessageA(next, BM_SETCHECK, BST_UNCHECKED, 0);
+        for (Window* other : GroupOf(window_)) {
+            if (other != &window_ && other->windowClass == window_.windowClass &&
+                (other->style & BS_TYPEMASK) == BS_AUTORADIOBUTTON)
+                SendMessageA(other->handle, BM_SETCHECK, BST_UNCHECKED, 0);
         }
     }
 

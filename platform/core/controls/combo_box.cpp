@@ -41,8 +41,8 @@ class ComboBox : public BasicControl {
                 Notify(window_, CBN_SETFOCUS);
                 return 0;
             case WM_KILLFOCUS:
-                CloseList();
-                Notify(window_, CBN_KILLFOCUS);
+                if (CloseList())
+                    Tell(CBN_KILLFOCUS);
                 return 0;
             case WM_KEYDOWN:
                 KeyDown(wParam);
@@ -56,7 +56,6 @@ class ComboBox : public BasicControl {
                 return TRUE;
             case CB_LIMITTEXT:
                 edit_.SetLimit(static_cast<int>(wParam));
-                CurrentScreen().SetTextLimit(window_.Widget(), edit_.Limit());
                 return TRUE;
             case CB_GETEDITSEL:
                 return MAKELONG(edit_.Start(), edit_.End());
@@ -107,12 +106,8 @@ class ComboBox : public BasicControl {
     void OnEdited(const std::string& text, int start, int end) override {
         if (!HasEdit() || text == edit_.Text())
             return;
-        if (text.size() > edit_.Text().size() && static_cast<int>(text.size()) > edit_.Limit()) {
-            ShowText(edit_.Text());
-            return;
-        }
-        edit_.Set(text);
-        edit_.Select(start, end);
+        if (!edit_.Follow(text, start, end))
+            ShowEdit();
         TellEdited();
     }
 
@@ -121,15 +116,13 @@ class ComboBox : public BasicControl {
     void OnRowChosen(int row) override { Choose(row); }
 
     void OnRowDoubleClicked(int row) override {
-        Choose(row);
-        Notify(window_, CBN_DBLCLK);
+        if (Choose(row))
+            Tell(CBN_DBLCLK);
     }
 
     void OnDropped(bool dropped) override {
-        if (dropped_ == dropped)
-            return;
-        dropped_ = dropped;
-        Notify(window_, dropped ? CBN_DROPDOWN : CBN_CLOSEUP);
+        if (dropped_ != dropped)
+            TellDropped(dropped);
     }
 
   private:
@@ -166,29 +159,32 @@ class ComboBox : public BasicControl {
         return selected;
     }
 
-    // A person's choice. The program hears of it while the edit still shows the old text.
-    void Choose(int row) {
+    // A person's choice, even of the row that is selected already. The program hears of it while
+    // the edit still shows the old text. False when the program destroyed the control in answer.
+    bool Choose(int row) {
         if (!rows_.HasRow(row))
-            return;
-        const bool changed = row != rows_.Selected();
+            return true;
         rows_.Select(row);
-        CloseList();
-        if (changed) {
-            Notify(window_, CBN_SELENDOK);
-            Notify(window_, CBN_SELCHANGE);
-        }
+        if (!CloseList() || !Tell(CBN_SELENDOK) || !Tell(CBN_SELCHANGE))
+            return false;
         if (rows_.Selected() == row)
             ShowText(rows_.Text(row));
+        return true;
     }
 
-    void SetDropped(bool dropped) {
+    bool TellDropped(bool dropped) {
+        dropped_ = dropped;
+        return Tell(dropped ? CBN_DROPDOWN : CBN_CLOSEUP);
+    }
+
+    bool SetDropped(bool dropped) {
         if (Kind() == WidgetKind::kSimpleCombo || dropped_ == dropped)
-            return;
+            return true;
         CurrentScreen().SetDropped(window_.Widget(), dropped);
-        OnDropped(dropped);
+        return TellDropped(dropped);
     }
 
-    void CloseList() { SetDropped(false); }
+    bool CloseList() { return SetDropped(false); }
 
     void KeyDown(WPARAM key) {
         const bool sideways = key == VK_LEFT || key == VK_RIGHT || key == VK_HOME || key == VK_END;
@@ -223,14 +219,18 @@ class ComboBox : public BasicControl {
             edit_.Replace({&character, 1});
         if (edit_.Text() == before)
             return;
-        CurrentScreen().SetText(window_.Widget(), edit_.Text());
-        CurrentScreen().SetTextSelection(window_.Widget(), edit_.Start(), edit_.End());
+        ShowEdit();
         TellEdited();
     }
 
+    void ShowEdit() {
+        CurrentScreen().SetText(window_.Widget(), edit_.Text());
+        CurrentScreen().SetTextSelection(window_.Widget(), edit_.Start(), edit_.End());
+    }
+
     void TellEdited() {
-        Notify(window_, CBN_EDITUPDATE);
-        Notify(window_, CBN_EDITCHANGE);
+        if (Tell(CBN_EDITUPDATE))
+            Tell(CBN_EDITCHANGE);
     }
 
     RowList rows_;

@@ -15,6 +15,14 @@ class BasicControl : public Control {
         return DefWindowProcA(window_.handle, message, wParam, lParam);
     }
 
+    // Tells the parent; false when the program has destroyed the control in answer, which ends this
+    // object too.
+    bool Tell(int code) {
+        const HWND handle = window_.handle;
+        Notify(window_, code);
+        return IsLiveWindow(handle);
+    }
+
     bool Has(DWORD style) const { return (window_.style & style) != 0; }
     bool IsFocused() const { return FocusedWindow() == window_.handle; }
 

@@ -19,7 +19,6 @@ class Edit : public BasicControl {
     }
 
     void Shown() override {
-        CurrentScreen().SetTextLimit(window_.Widget(), text_.Limit());
         if (Has(ES_READONLY))
             CurrentScreen().SetReadOnly(window_.Widget(), true);
     }
@@ -50,7 +49,6 @@ class Edit : public BasicControl {
                 return 0;
             case EM_LIMITTEXT:
                 text_.SetLimit(static_cast<int>(wParam));
-                CurrentScreen().SetTextLimit(window_.Widget(), text_.Limit());
                 return 0;
             case EM_GETLIMITTEXT:
                 return text_.Limit();
@@ -75,22 +73,18 @@ class Edit : public BasicControl {
     void OnEdited(const std::string& text, int start, int end) override {
         if (text == text_.Text())
             return;
-        // The widget has made the change already; one that the rules refuse is taken back.
         const bool longer = text.size() > text_.Text().size();
-        if (longer && static_cast<int>(text.size()) > text_.Limit()) {
-            Show();
-            Notify(window_, EN_MAXTEXT);
-            return;
-        }
         if (longer && Has(ES_NUMBER) && text.find_first_not_of("0123456789") != text.npos) {
             Show();
             return;
         }
-        text_.Set(text);
-        text_.Select(start, end);
-        if (text_.Text() != text)
+        const std::string before = text_.Text();
+        const bool shownRight = text_.Follow(text, start, end);
+        const bool cut = text_.Text().size() < text.size();
+        if (!shownRight)
             Show();
-        Tell();
+        if ((text_.Text() == before || TellChange()) && cut)
+            Tell(EN_MAXTEXT);
     }
 
     void OnSelectionMoved(int start, int end) override { text_.Select(start, end); }
@@ -120,16 +114,14 @@ class Edit : public BasicControl {
         CurrentScreen().SetTextSelection(window_.Widget(), text_.Start(), text_.End());
     }
 
-    void Tell() {
-        Notify(window_, EN_UPDATE);
-        Notify(window_, EN_CHANGE);
-    }
+    // False when the program destroyed the control in answer.
+    bool TellChange() { return Tell(EN_UPDATE) && Tell(EN_CHANGE); }
 
     void SetText(LPCSTR text) {
         text_.Set(text);
         Show();
         if (!IsMultiLine())
-            Tell();
+            TellChange();
     }
 
     void Insert(std::string_view text) {
@@ -137,10 +129,11 @@ class Edit : public BasicControl {
         const bool fitted = text_.Replace(text);
         if (text_.Text() != before) {
             Show();
-            Tell();
+            if (!TellChange())
+                return;
         }
         if (!fitted)
-            Notify(window_, EN_MAXTEXT);
+            Tell(EN_MAXTEXT);
     }
 
     void Type(char character) {
@@ -149,7 +142,7 @@ class Edit : public BasicControl {
         if (character == VK_BACK) {
             if (text_.DeleteBackwards()) {
                 Show();
-                Tell();
+                TellChange();
             }
         } else if (character == VK_RETURN) {
             if (IsMultiLine())
@@ -178,7 +171,7 @@ class Edit : public BasicControl {
             case VK_DELETE:
                 if (!Has(ES_READONLY) && text_.DeleteForwards()) {
                     Show();
-                    Tell();
+                    TellChange();
                 }
                 return;
             default:

@@ -46,16 +46,31 @@ bool EditText::Replace(std::string_view text) {
     std::string inserted = Converted(text);
     const int room = std::max(0, limit_ - (Length() - (end_ - start_)));
     const bool fits = static_cast<int>(inserted.size()) <= room;
-    if (!fits) {
-        std::size_t kept = static_cast<std::size_t>(room);
-        while (kept > 0 && IsContinuation(inserted[kept]))
-            --kept;
-        inserted.resize(kept);
-    }
+    inserted.resize(WholeCharacters(inserted, static_cast<std::size_t>(room)));
     Erase(start_, end_);
     text_.insert(static_cast<std::size_t>(start_), inserted);
     start_ = end_ = anchor_ = start_ + static_cast<int>(inserted.size());
     return fits;
+}
+
+bool EditText::Follow(std::string_view edited, int start, int end) {
+    if (edited.size() <= text_.size() || static_cast<int>(edited.size()) <= limit_) {
+        Set(edited);
+        Select(start, end);
+        return text_ == edited;
+    }
+    // What both texts begin and end with was there before; the rest is what was put in.
+    const std::string_view old = text_;
+    const auto before = static_cast<std::size_t>(
+        std::mismatch(old.begin(), old.end(), edited.begin()).first - old.begin());
+    std::size_t behind = 0;
+    while (behind < old.size() - before &&
+           old[old.size() - 1 - behind] == edited[edited.size() - 1 - behind])
+        ++behind;
+    const std::string inserted(edited.substr(before, edited.size() - before - behind));
+    Select(static_cast<int>(before), Length() - static_cast<int>(behind));
+    Replace(inserted);
+    return false;
 }
 
 bool EditText::DeleteBackwards() {

@@ -23,6 +23,9 @@ class EditText {
     void Select(int start, int end);
     // Puts a text in place of the selection as far as the limit allows; whether all of it fitted.
     bool Replace(std::string_view text);
+    // Takes over a text that a widget has made of this one by an edit of its own, with the
+    // selection in it; what was put in has to obey the limit. Whether the widget shows it right.
+    bool Follow(std::string_view edited, int start, int end);
     // Deletes the selection, or without one the character before or behind; whether anything went.
     bool DeleteBackwards();
     bool DeleteForwards();

@@ -18,10 +18,10 @@ class ListBox : public BasicControl {
             case WM_GETDLGCODE:
                 return DLGC_WANTARROWS | DLGC_WANTCHARS;
             case WM_SETFOCUS:
-                Tell(LBN_SETFOCUS);
+                TellIfAsked(LBN_SETFOCUS);
                 return 0;
             case WM_KILLFOCUS:
-                Tell(LBN_KILLFOCUS);
+                TellIfAsked(LBN_KILLFOCUS);
                 return 0;
             case WM_KEYDOWN:
                 Choose(rows_.RowForKey(wParam));
@@ -65,25 +65,32 @@ class ListBox : public BasicControl {
         }
     }
 
-    void OnRowChosen(int row) override { Choose(row); }
+    // A click counts even on the row that is selected already.
+    void OnRowChosen(int row) override {
+        if (!rows_.HasRow(row))
+            return;
+        rows_.Select(row);
+        TellIfAsked(LBN_SELCHANGE);
+    }
 
+    // The clicks before have told of the choice.
     void OnRowDoubleClicked(int row) override {
-        Choose(row);
-        Tell(LBN_DBLCLK);
+        rows_.Select(row);
+        TellIfAsked(LBN_DBLCLK);
     }
 
   private:
-    void Tell(int code) {
+    void TellIfAsked(int code) {
         if (Has(LBS_NOTIFY))
-            Notify(window_, code);
+            Tell(code);
     }
 
-    // A person's choice, which the program hears of; nothing when it is the row that was selected.
+    // A choice by key, which the program hears of unless the row was selected already.
     void Choose(int row) {
         if (!rows_.HasRow(row) || row == rows_.Selected())
             return;
         rows_.Select(row);
-        Tell(LBN_SELCHANGE);
+        TellIfAsked(LBN_SELCHANGE);
     }
 
     LRESULT SelectText(LRESULT after, LPCSTR text) {

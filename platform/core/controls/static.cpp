@@ -22,6 +22,8 @@ class Static : public BasicControl {
                 return DLGC_STATIC;
             case STM_SETICON:
                 return reinterpret_cast<LRESULT>(Show(reinterpret_cast<HICON>(wParam)));
+            case STM_GETICON:
+                return reinterpret_cast<LRESULT>(window_.icon);
             default:
                 return Default(message, wParam, lParam);
         }

@@ -1,0 +1,11 @@
+// The older board's commands that are one call each: a step in a chip's life cycle, or a question
+// to the engineer and then such a step.
+#pragma once
+
+#include <cstdint>
+
+#include "platform/win32.h"
+
+// Runs such a command and reports its failure by name; any other command does nothing.
+// User-interface thread.
+void RunChipCommand(HWND window, uint32_t command);

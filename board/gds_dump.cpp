@@ -1,0 +1,188 @@
+#include "board/gds_dump.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "board/state.h"
+
+namespace board {
+namespace {
+
+constexpr uint32_t kAllModules = 0xFFFFFFFF;
+
+using Lines = std::vector<std::string>;
+
+struct ModuleEntry {
+    Module module;
+    const char* name;
+    // How the names of its operations and commands begin.
+    std::array<std::string_view, 4> prefixes{};
+    // Adds what the module holds beside its services' states.
+    void (*describe)(const State& state, Lines& lines) = nullptr;
+};
+
+std::string YesOrNo(const char* what, bool is) {
+    return std::string(what) + (is ? ": yes" : ": no");
+}
+
+std::string Number(const char* what, uint32_t value) {
+    return std::string(what) + ": " + std::to_string(value);
+}
+
+void DescribeValidity(const State& state, Lines& lines) {
+    lines.push_back(Number("board revision", state.revisions.board));
+    lines.push_back(Number("VPIC revision", state.revisions.vpic));
+    lines.push_back(Number("driver revision", state.revisions.driver));
+    lines.push_back(Number("JADE revision", state.revisions.jade));
+}
+
+void DescribeCore(const State& state, Lines& lines) {
+    lines.push_back(Number("interrupts simulated", state.services.boardInterrupts));
+}
+
+void DescribePmapi(const State& state, Lines& lines) {
+    lines.push_back(YesOrNo("command library open", state.papiOpen));
+    lines.push_back(YesOrNo("driver library open", state.koraOpen));
+}
+
+void DescribeSequencer(const State& state, Lines& lines) {
+    const Sequencer& sequencer = state.services.sequencer;
+    lines.push_back(YesOrNo("client registered", sequencer.registered));
+    lines.push_back(YesOrNo("in critical section", sequencer.inCriticalSection));
+    for (const uint16_t device : sequencer.inAtomicSection) {
+        lines.push_back(Number("in atomic section of device", device));
+    }
+    for (size_t source = 0; source < sequencer.interrupts.size(); ++source) {
+        if (sequencer.interrupts[source] != 0) {
+            lines.push_back("interrupts of source " + std::to_string(source) + ": " +
+                            std::to_string(sequencer.interrupts[source]));
+        }
+    }
+}
+
+void DescribeIom2(const State& state, Lines& lines) {
+    lines.push_back(YesOrNo("window to notify", state.monitor.window != nullptr));
+    lines.push_back(Number("monitor answers", state.monitor.answers));
+}
+
+void DescribeArcofi(const State& state, Lines& lines) {
+    lines.push_back(state.services.arcofiChannel == 0 ? "B channel: 1" : "B channel: 2");
+    lines.push_back(YesOrNo("shadow initialised", state.services.arcofiShadow));
+}
+
+void DescribeAuxdev(const State& state, Lines& lines) {
+    lines.push_back(YesOrNo("up", state.auxiliaryDevice.IsUp()));
+    for (uint32_t feature = 0; feature <= AUXDEV_FEATURE_LAST; ++feature) {
+        bool active = false;
+        state.auxiliaryDevice.GetLine(feature, active);
+        if (active) {
+            lines.push_back(Number("feature active", feature));
+        }
+    }
+}
+
+void DescribeVcpxi(const State& state, Lines& lines) {
+    lines.push_back(YesOrNo("client registered", state.services.codecProcessorRegistered));
+}
+
+void DescribeBt85x(const State& state, Lines& lines) {
+    lines.push_back(state.services.displayType == 0 ? "display type: NTSC" : "display type: PAL");
+}
+
+// In the order of the modules.
+constexpr auto kModules = std::to_array<ModuleEntry>({
+    {Module::Validity, "Validity", {"vdapi_GetVersion"}, DescribeValidity},
+    {Module::Core,
+     "Core",
+     {"TALVERO_DBG_CORE_", "TALVERO_DBG_PCI_", "vdapi_MEM_", "vdapi_IO_"},
+     DescribeCore},
+    {Module::Debug, "Debug", {"vdapi_GetModuleDebugLevel", "vdapi_SetModuleDebugLevel"}},
+    {Module::Pmapi, "Pmapi", {"PELLAN_COMMAND_"}, DescribePmapi},
+    {Module::Vpic, "Vpic", {"TALVERO_DBG_VPIC_", "vdapi_VPIC_"}},
+    {Module::Seq, "Seq", {"TALVERO_DBG_SEQ_", "KORA_DLL_GetSeqHandle"}, DescribeSequencer},
+    {Module::Isac, "Isac", {"TALVERO_DBG_ISAC_", "KORA_DLL_GetIsacHandle"}},
+    {Module::Iom2, "Iom2", {"TALVERO_DBG_MON_", "KORA_DLL_GetMonitorHandle"}, DescribeIom2},
+    {Module::Arcofi,
+     "Arcofi",
+     {"TALVERO_DBG_ARCF_", "TALVERO_DBG_SAEC_", "vdapi_ARCOFI_", "vdapi_SAEC_"},
+     DescribeArcofi},
+    {Module::Jade, "Jade", {"vdapi_JADE_"}},
+    {Module::Auxdev, "Auxdev", {"vdapi_AUXDEV_"}, DescribeAuxdev},
+    {Module::Vcpxi, "Vcpxi", {"TALVERO_DBG_VCPXI_", "vdapi_VcpCode_"}, DescribeVcpxi},
+    {Module::I2c, "I2c", {"TALVERO_DBG_I2C_", "vdapi_I2C_"}},
+    {Module::Camera, "Camera", {"TALVERO_DBG_CAM_DIGIT_", "vdapi_CAM_Digit_"}},
+    {Module::Eprom, "Eprom", {"vdapi_EPROM_"}},
+    {Module::Acif, "Acif", {"vdapi_CAM_ACIF_"}},
+    {Module::Vidinlay, "Vidinlay", {"vdapi_VIDINLAY_"}},
+    {Module::Stream, "Stream", {"TALVERO_DBG_STREAM_", "vdapi_Stream_"}},
+    {Module::Lsd, "LSD", {"vdapi_LSD_"}},
+    {Module::Hsd, "HSD"},
+    {Module::Mlp, "MLP"},
+    {Module::Bt85x, "Bt85x", {"TALVERO_DBG_BT85X_", "vdapi_BT85X_"}, DescribeBt85x},
+    {Module::VcpRegs, "vcpregs", {"vdapi_VCPXI_"}},
+    {Module::Vpp, "VPP", {"vdapi_VPP_", "KORA_DLL_StartVpp", "KORA_DLL_StopVpp"}},
+    {Module::AnnexD, "AnnexD", {"vdapi_ANNEXD_"}},
+    {Module::Mbe, "MBE", {"vdapi_MBE_"}},
+});
+
+void DescribeServices(const State& state, Module module, Lines& lines) {
+    for (const ServiceEntry& entry : kServices) {
+        if (entry.module == module) {
+            const LifeCycle& lifeCycle = state.services.lifeCycles[entry.service];
+            std::string line = std::string(entry.name) + ": " + lifeCycle.Describe();
+            if (entry.canBeActive) {
+                line += lifeCycle.IsActive() ? ", active" : ", not active";
+            }
+            lines.push_back(line);
+        }
+    }
+}
+
+void DescribeCalls(const State& state, const ModuleEntry& module, Lines& lines) {
+    for (const auto& counted : state.callCounts) {
+        const std::string& name = counted.first;
+        const bool own = std::ranges::any_of(module.prefixes, [&](std::string_view prefix) {
+            return !prefix.empty() && name.starts_with(prefix);
+        });
+        if (own) {
+            lines.push_back(name + ": " + std::to_string(counted.second.calls) + " called, " +
+                            std::to_string(counted.second.failures) + " failed");
+        }
+    }
+}
+
+void Dump(State& state, const ModuleEntry& module) {
+    Lines lines;
+    DescribeServices(state, module.module, lines);
+    if (module.describe) {
+        module.describe(state, lines);
+    }
+    DescribeCalls(state, module, lines);
+    if (lines.empty()) {
+        lines.push_back("unused");
+    }
+    for (const std::string& line : lines) {
+        state.outbox.lines.push_back("GDS " + std::string(module.name) + ": " + line + '\n');
+    }
+}
+
+}  // namespace
+
+ResultCode DumpGds(State& state, const GdsDumpBlock& block) {
+    if (block.module == kAllModules) {
+        for (const ModuleEntry& module : kModules) {
+            Dump(state, module);
+        }
+        return VXD_SUCCESS;
+    }
+    if (block.module >= kModules.size()) {
+        return VXD_INVALID_PARAMETER;
+    }
+    Dump(state, kModules[block.module]);
+    return VXD_SUCCESS;
+}
+
+}  // namespace board

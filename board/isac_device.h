@@ -1,0 +1,32 @@
+// The first ISAC as two devices of the driver: 13 (monitor) and 14 (ISDN), and the IOM-2 bus that
+// it drives. The chips themselves stand in board/isac.h.
+//
+// - A device is initialised with a value that KORA_DLL32 has given for it, else
+//   VXD_INVALID_PARAMETER; with the flag, the chip is initialised along.
+// - The bus is activated and deactivated while at least one device is up, else
+//   VXD_CONFIGURATION_NOT_SET.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "board/life_cycle.h"
+#include "driver/parameter_block.h"
+#include "driver/result_code.h"
+
+namespace board {
+
+// None for a number that no ISAC device has.
+std::optional<Service> IsacDevice(uint32_t device);
+
+ResultCode InitializeIsacDevice(State& state, const IsacInitializeBlock& block);
+
+// Activates or deactivates the IOM-2 bus.
+template <Step kStep>
+ResultCode TakeIom2Step(State& state) {
+    const bool driven = NeedUp(state, Service::IsacMonitor) == VXD_SUCCESS ||
+                        NeedUp(state, Service::IsacIsdn) == VXD_SUCCESS;
+    return driven ? TakeStep(state, Service::Iom2, kStep) : VXD_CONFIGURATION_NOT_SET;
+}
+
+}  // namespace board

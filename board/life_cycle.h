@@ -1,0 +1,128 @@
+// The life cycle that the board's chips and the driver's services share.
+//
+// At power-on each of them is up, as the board's own software leaves it, and active where it can be
+// activated; the driver may take it over, initialising or activating it once more. The answers:
+// - Initialize, Activate: VXD_OPERATION_ALREADY_DONE where the driver has done it before.
+// - Everything but Initialize: VXD_CONFIGURATION_NOT_SET while it is down.
+// - Deactivate: VXD_ILLEGAL_OPERATION while it is not active.
+// Terminate ends activity too; Reset makes all as at power-on, the chip's registers included.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <utility>
+
+#include "board/module.h"
+#include "driver/parameter_block.h"
+#include "driver/result_code.h"
+
+namespace board {
+
+struct State;
+
+class LifeCycle {
+  public:
+    ResultCode Initialize();
+    ResultCode Terminate();
+    ResultCode Reset();
+    ResultCode Activate();
+    ResultCode Deactivate();
+
+    bool IsUp() const { return up_ != Position::Off; }
+    bool IsActive() const { return active_ != Position::Off; }
+
+    // "down", "up since power-on" or "initialised".
+    const char* Describe() const;
+
+  private:
+    enum class Position { Off, OnSincePowerOn, On };
+
+    static ResultCode TurnOn(Position& position);
+
+    Position up_ = Position::OnSincePowerOn;
+    Position active_ = Position::OnSincePowerOn;
+};
+
+// Whoever registers can do so once, and unregister only then.
+inline ResultCode Register(bool& registered) {
+    return std::exchange(registered, true) ? VXD_OPERATION_ALREADY_DONE : VXD_SUCCESS;
+}
+inline ResultCode Unregister(bool& registered) {
+    return std::exchange(registered, false) ? VXD_SUCCESS : VXD_CONFIGURATION_NOT_SET;
+}
+
+// What has a life cycle, but for the auxiliary device, which keeps its own
+// (board/auxiliary_device.h).
+enum class Service {
+    Pci,   // can only be initialised
+    Vpic,  // comes up again with the driver or the whole board only
+    Sequencer,
+    IsacMonitor,    // ISAC device 13
+    IsacIsdn,       // ISAC device 14
+    Iom2,           // can be activated while an ISAC device is up
+    MonitorArcofi,  // monitor device 3
+    MonitorSbcx,    // monitor device 12
+    Arcofi,
+    Saec,
+    I2c,
+    DigitalCamera,
+    AnalogCamera,
+    Eprom,
+    Stream,
+    Bt85x,
+};
+
+struct ServiceEntry {
+    Service service;
+    Module module;
+    const char* name;
+    bool canBeActive;                       // there is something to activate
+    void (*reset)(State& state) = nullptr;  // what else Reset makes as at power-on
+};
+
+inline constexpr size_t kServiceCount = static_cast<size_t>(Service::Bt85x) + 1;
+// In the order of the services.
+extern const std::array<ServiceEntry, kServiceCount> kServices;
+
+class LifeCycles {
+  public:
+    LifeCycle& operator[](Service service) { return all_[static_cast<size_t>(service)]; }
+    const LifeCycle& operator[](Service service) const {
+        return all_[static_cast<size_t>(service)];
+    }
+
+  private:
+    std::array<LifeCycle, kServiceCount> all_;
+};
+
+// VXD_CONFIGURATION_NOT_SET while the service is down.
+ResultCode NeedUp(const State& state, Service service);
+
+// A step of a life cycle.
+using Step = ResultCode (LifeCycle::*)();
+inline constexpr Step kInitialize = &LifeCycle::Initialize;
+inline constexpr Step kTerminate = &LifeCycle::Terminate;
+inline constexpr Step kReset = &LifeCycle::Reset;
+inline constexpr Step kActivate = &LifeCycle::Activate;
+inline constexpr Step kDeactivate = &LifeCycle::Deactivate;
+
+// Takes a service one step through its life cycle.
+ResultCode TakeStep(State& state, Service service, Step step);
+
+// The same as the work of an operation or a debug command.
+template <Service kService, Step kStep>
+ResultCode TakeStep(State& state) {
+    return TakeStep(state, kService, kStep);
+}
+
+// The same for a command that names a device: VXD_INVALID_PARAMETER where there is none of that
+// number.
+template <std::optional<Service> (*kFind)(uint32_t device), Step kStep>
+ResultCode TakeDeviceStep(State& state, const DeviceBlock& block) {
+    const std::optional<Service> service = kFind(block.device.value);
+    return service ? TakeStep(state, *service, kStep) : VXD_INVALID_PARAMETER;
+}
+
+}  // namespace board

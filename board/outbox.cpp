@@ -1,0 +1,14 @@
+#include "board/outbox.h"
+
+namespace board {
+
+void Deliver(const Outbox& outbox) {
+    for (const Message& message : outbox.messages) {
+        PostMessageA(message.window, message.message, message.wParam, message.lParam);
+    }
+    for (const std::string& line : outbox.lines) {
+        OutputDebugStringA(line.c_str());
+    }
+}
+
+}  // namespace board

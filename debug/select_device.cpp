@@ -1,0 +1,57 @@
+// "Select Device": the device for which the sequencer enters or leaves an atomic section.
+#include "debug/select_device.h"
+
+#include <array>
+
+#include "app/services/dialog_kit.h"
+#include "res/resource.h"
+
+namespace {
+
+constexpr auto kDevices = std::to_array<NamedNumber>({
+    {"VCP         ", 0},
+    {"ISAC         ", 1},
+    {"JADE         ", 2},
+    {"ARCOFI       ", 3},
+    {"Video Inlay  ", 4},
+    {"Auxilary     ", 5},
+    {"ICC          ", 6},
+});
+
+// Kept for the whole run: the dialog opens on the last choice.
+uint16_t device = 0;
+
+void ShowDevices(HWND dialog) {
+    SendDlgItemMessageA(dialog, IDC_DEVICE_LIST, CB_RESETCONTENT, 0, 0);
+    AddComboRows(dialog, IDC_DEVICE_LIST, kDevices);
+    SendDlgItemMessageA(dialog, IDC_DEVICE_LIST, CB_SETCURSEL, device, 0);
+}
+
+// A name that was typed and is no device's leaves the choice as it was.
+void TakeDevice(HWND dialog) {
+    if (SendDlgItemMessageA(dialog, IDC_DEVICE_LIST, CB_GETCURSEL, 0, 0) != CB_ERR)
+        device = static_cast<uint16_t>(SelectedNumber(dialog, IDC_DEVICE_LIST));
+}
+
+INT_PTR CALLBACK SelectDeviceProcedure(HWND dialog, UINT message, WPARAM wParam,
+                                       LPARAM /*lParam*/) {
+    switch (message) {
+        case WM_INITDIALOG:
+            ShowDevices(dialog);
+            return TRUE;
+        case WM_COMMAND:
+            return EndSelection(dialog, LOWORD(wParam), TakeDevice);
+        default:
+            return FALSE;
+    }
+}
+
+}  // namespace
+
+INT_PTR OpenSelectDevice(HINSTANCE instance, HWND owner) {
+    return RunDialog(instance, IDD_SELECT_DEVICE, owner, SelectDeviceProcedure);
+}
+
+uint16_t SelectedDevice() {
+    return device;
+}

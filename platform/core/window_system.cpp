@@ -1,0 +1,5 @@
+#include "platform/window_system.h"
+
+WindowSystem CurrentWindowSystem() {
+    return WindowSystem::kLayer;
+}

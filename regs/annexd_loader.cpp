@@ -1,0 +1,59 @@
+// The Annex-D loader: one download from the service, of which only the number of bytes is shown.
+#include "regs/annexd_loader.h"
+
+#include <cstdint>
+#include <memory>
+#include <new>
+
+#include "app/services/dialog_kit.h"
+#include "driver/papi.h"
+#include "res/resource.h"
+
+namespace {
+
+constexpr uint32_t kDownloadArgument = 1;
+constexpr uint32_t kDownloadBytes = 2048;
+// The service wants two bytes more than it is asked for.
+constexpr std::size_t kBufferBytes = kDownloadBytes + 2;
+
+// A failed download counts as 0 bytes.
+void Download(HWND dialog) {
+    const std::unique_ptr<uint8_t[]> buffer(new (std::nothrow) uint8_t[kBufferBytes]{});
+    if (!buffer)
+        return;
+    uint32_t byteCount = 0;
+    vdapi_ANNEXD_Download(kDownloadArgument, kDownloadBytes, buffer.get(), &byteCount);
+    ShowField(dialog, IDC_ANNEXD_BYTES, "%d", static_cast<int32_t>(byteCount));
+}
+
+bool HandleCommand(HWND dialog, int id) {
+    switch (id) {
+        case IDC_ANNEXD_START:
+            Download(dialog);
+            return true;
+        case IDCANCEL:
+            EndDialog(dialog, 0);
+            return true;
+        default:
+            return false;
+    }
+}
+
+INT_PTR CALLBACK AnnexdLoaderProcedure(HWND dialog, UINT message, WPARAM wParam,
+                                       LPARAM /*lParam*/) {
+    switch (message) {
+        case WM_INITDIALOG:
+            SetDlgItemTextA(dialog, IDC_ANNEXD_BYTES, "0");
+            return TRUE;
+        case WM_COMMAND:
+            return HandleCommand(dialog, LOWORD(wParam));
+        default:
+            return FALSE;
+    }
+}
+
+}  // namespace
+
+INT_PTR OpenAnnexdLoader(HINSTANCE instance, HWND owner) {
+    return RunDialog(instance, IDD_ANNEXD_LOADER, owner, AnnexdLoaderProcedure);
+}

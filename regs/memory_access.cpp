@@ -1,0 +1,98 @@
+// "Access Mem/IO Address": a unit of board memory or of an I/O port, read and written at a plain
+// address.
+#include "regs/memory_access.h"
+
+#include <array>
+#include <cstdint>
+#include <span>
+
+#include "app/services/dialog_kit.h"
+#include "driver/papi.h"
+#include "regs/hex_entry.h"
+#include "res/resource.h"
+
+namespace {
+
+// Bytes of a unit by its name; ports have no double words.
+constexpr auto kMemoryUnits = std::to_array<NamedNumber>({{"BYTE", 1}, {"WORD", 2}, {"DWORD", 4}});
+constexpr auto kPortUnits = std::to_array<NamedNumber>({{"BYTE", 1}, {"WORD", 2}});
+
+// One of the dialog's two halves: its fields and its operations.
+struct Space {
+    int address;
+    int value;
+    int unit;
+    uint32_t(WINAPI* read)(uint32_t address, uint32_t unitSize, uint32_t* value);
+    uint32_t(WINAPI* write)(uint32_t address, uint32_t unitSize, uint32_t value);
+};
+
+constexpr Space kMemory{IDC_MEMORY_ADDRESS, IDC_MEMORY_VALUE, IDC_MEMORY_UNIT, vdapi_MEM_Read,
+                        vdapi_MEM_Write};
+constexpr Space kPorts{IDC_PORT_ADDRESS, IDC_PORT_VALUE, IDC_PORT_UNIT, vdapi_IO_Read,
+                       vdapi_IO_Write};
+
+// A failed read shows 0.
+void Get(HWND dialog, const Space& space) {
+    const auto address = ReadHexField(dialog, space.address);
+    if (!address)
+        return;
+    uint32_t value = 0;
+    space.read(*address, SelectedNumber(dialog, space.unit), &value);
+    ShowField(dialog, space.value, "0x%x", value);
+}
+
+void Set(HWND dialog, const Space& space) {
+    const auto address = ReadHexField(dialog, space.address);
+    const auto value = ReadHexField(dialog, space.value);
+    if (address && value)
+        space.write(*address, SelectedNumber(dialog, space.unit), *value);
+}
+
+// The widest unit, which comes last, is selected.
+void FillUnits(HWND dialog, int id, std::span<const NamedNumber> units) {
+    AddComboRows(dialog, id, units);
+    SendDlgItemMessageA(dialog, id, CB_SETCURSEL, units.size() - 1, 0);
+}
+
+// Nothing but "&Close" ends the dialog, neither Escape nor the close box.
+bool HandleCommand(HWND dialog, int id) {
+    switch (id) {
+        case IDC_MEMORY_GET:
+            Get(dialog, kMemory);
+            return true;
+        case IDC_MEMORY_SET:
+            Set(dialog, kMemory);
+            return true;
+        case IDC_PORT_GET:
+            Get(dialog, kPorts);
+            return true;
+        case IDC_PORT_SET:
+            Set(dialog, kPorts);
+            return true;
+        case IDOK:
+            EndDialog(dialog, 0);
+            return true;
+        default:
+            return false;
+    }
+}
+
+INT_PTR CALLBACK MemoryAccessProcedure(HWND dialog, UINT message, WPARAM wParam,
+                                       LPARAM /*lParam*/) {
+    switch (message) {
+        case WM_INITDIALOG:
+            FillUnits(dialog, IDC_MEMORY_UNIT, kMemoryUnits);
+            FillUnits(dialog, IDC_PORT_UNIT, kPortUnits);
+            return TRUE;
+        case WM_COMMAND:
+            return HandleCommand(dialog, LOWORD(wParam));
+        default:
+            return FALSE;
+    }
+}
+
+}  // namespace
+
+INT_PTR OpenMemoryAccess(HINSTANCE instance, HWND owner) {
+    return RunDialog(instance, IDD_MEMORY_ACCESS, owner, MemoryAccessProcedure);
+}

@@ -1,0 +1,119 @@
+#include "regs/register_browser.h"
+
+#include <cstdio>
+
+#include "app/services/dialog_kit.h"
+
+namespace {
+
+struct OpenBrowser {
+    const RegisterBrowser& browser;
+    std::size_t row = 0;  // the one used last
+    bool busy = false;    // reading or writing a row
+};
+
+// The list's selection. A list without one leaves the row that was used last.
+std::size_t CurrentRow(HWND dialog, OpenBrowser& open) {
+    const LRESULT selected = SendDlgItemMessageA(dialog, open.browser.list, LB_GETCURSEL, 0, 0);
+    if (selected != LB_ERR)
+        open.row = static_cast<std::size_t>(selected);
+    return open.row;
+}
+
+void FillList(HWND dialog, const RegisterBrowser& browser) {
+    const HWND list = GetDlgItem(dialog, browser.list);
+    SendMessageA(list, LB_RESETCONTENT, 0, 0);
+    for (std::size_t row = 0; row < browser.catalogue.rows; ++row) {
+        const char* name = browser.catalogue.nameOf(row);
+        // A list that refuses a row shows fewer.
+        if (SendMessageA(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name)) < 0)
+            break;
+    }
+    SendMessageA(list, LB_SETCURSEL, 0, 0);
+}
+
+void Open(HWND dialog, const RegisterBrowser& browser) {
+    FillList(dialog, browser);
+    if (browser.open != nullptr)
+        browser.open(dialog);
+}
+
+bool HandleListNotification(HWND dialog, int code) {
+    switch (code) {
+        case LBN_SELCHANGE:
+        case LBN_DBLCLK:
+        case LBN_SETFOCUS:
+            // The box that reports a failure gives the focus back to the list when it closes; a
+            // read that failed would open it again and again.
+            if (!StateOf<OpenBrowser>(dialog).busy)
+                ShowCurrentRow(dialog);
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool HandleCommand(HWND dialog, int id, int code) {
+    const RegisterBrowser& browser = StateOf<OpenBrowser>(dialog).browser;
+    if (id == browser.list)
+        return HandleListNotification(dialog, code);
+    if (id == browser.set) {
+        SetCurrentRow(dialog);
+        return true;
+    }
+    if (id == IDOK || id == IDCANCEL) {
+        EndDialog(dialog, id == IDOK);
+        return true;
+    }
+    return browser.command != nullptr && browser.command(dialog, id);
+}
+
+INT_PTR CALLBACK BrowserProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_INITDIALOG:
+            KeepState(dialog, lParam);
+            Open(dialog, StateOf<OpenBrowser>(dialog).browser);
+            return TRUE;
+        case WM_COMMAND:
+            return HandleCommand(dialog, LOWORD(wParam), HIWORD(wParam));
+        default:
+            return FALSE;
+    }
+}
+
+}  // namespace
+
+INT_PTR RunBrowser(HINSTANCE instance, HWND owner, const RegisterBrowser& browser) {
+    OpenBrowser open{browser};
+    return RunDialog(instance, browser.dialog, owner, BrowserProcedure,
+                     reinterpret_cast<LPARAM>(&open));
+}
+
+void ShowCurrentRow(HWND dialog) {
+    auto& open = StateOf<OpenBrowser>(dialog);
+    const RegisterBrowser& browser = open.browser;
+    const std::size_t row = CurrentRow(dialog, open);
+    open.busy = true;
+    const std::string value = browser.read(dialog, row).value_or(browser.failureText);
+    open.busy = false;
+    SetDlgItemTextA(dialog, browser.value, value.c_str());
+    if (browser.showName != nullptr)
+        browser.showName(dialog, row);
+    else
+        SetDlgItemTextA(dialog, browser.name, browser.catalogue.nameOf(row));
+}
+
+void SetCurrentRow(HWND dialog) {
+    auto& open = StateOf<OpenBrowser>(dialog);
+    const RegisterBrowser& browser = open.browser;
+    const std::size_t row = CurrentRow(dialog, open);
+    open.busy = true;
+    browser.write(dialog, row, FieldText(dialog, browser.value, browser.valueBuffer));
+    open.busy = false;
+}
+
+std::string HexText(uint32_t value, int digits) {
+    char text[16];
+    std::snprintf(text, sizeof text, "0x%0*X", digits, static_cast<unsigned>(value));
+    return text;
+}

@@ -1,0 +1,63 @@
+// "USS Reg": a register that the newer board's firmware reads and writes by its address.
+#include "regs/uss_registers.h"
+
+#include <cstdint>
+
+#include "app/services/dialog_kit.h"
+#include "driver/firmware_command.h"
+#include "driver/papi.h"
+#include "regs/hex_entry.h"
+#include "res/resource.h"
+
+namespace {
+
+// Gives the command's second response; 0 where it fails.
+uint32_t SendRegisterCommand(uint32_t command, uint32_t address, uint32_t value) {
+    uint32_t response1 = 0;
+    uint32_t response2 = 0;
+    uint16_t response3 = 0;
+    vdapi_SendCommand(command, address, value, 0, &response1, &response2, &response3);
+    return response2;
+}
+
+void Get(HWND dialog) {
+    const auto address = ReadHexField(dialog, IDC_USS_ADDRESS);
+    if (address)
+        ShowField(dialog, IDC_USS_VALUE, "0x%x",
+                  SendRegisterCommand(PELLAN_COMMAND_GET_USS_REG, *address, 0));
+}
+
+void Set(HWND dialog) {
+    const auto address = ReadHexField(dialog, IDC_USS_ADDRESS);
+    const auto value = ReadHexField(dialog, IDC_USS_VALUE);
+    if (address && value)
+        SendRegisterCommand(PELLAN_COMMAND_SET_USS_REG, *address, *value);
+}
+
+// Nothing but "CLOSE" ends the dialog, neither Escape nor the close box.
+bool HandleCommand(HWND dialog, int id) {
+    switch (id) {
+        case IDC_USS_GET:
+            Get(dialog);
+            return true;
+        case IDC_USS_SET:
+            Set(dialog);
+            return true;
+        case IDOK:
+            EndDialog(dialog, 0);
+            return true;
+        default:
+            return false;
+    }
+}
+
+INT_PTR CALLBACK UssRegistersProcedure(HWND dialog, UINT message, WPARAM wParam,
+                                       LPARAM /*lParam*/) {
+    return message == WM_COMMAND ? HandleCommand(dialog, LOWORD(wParam)) : message == WM_INITDIALOG;
+}
+
+}  // namespace
+
+INT_PTR OpenUssRegisters(HINSTANCE instance, HWND owner) {
+    return RunDialog(instance, IDD_USS_REGISTERS, owner, UssRegistersProcedure);
+}

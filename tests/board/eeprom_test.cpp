@@ -1,0 +1,156 @@
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <thread>
+
+#include "driver/shared_words.h"
+#include "platform/win32.h"
+#include "tests/board/driver_test.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+constexpr uint32_t kConstant = 30;
+using Bytes = std::array<uint8_t, 8>;
+
+std::filesystem::path FilePath() {
+    char folder[MAX_PATH];
+    GetWindowsDirectoryA(folder, sizeof folder);
+    return std::filesystem::path(folder) / kit::kEepromFile;
+}
+
+// A board whose EEPROM has the flag to clear.
+class Eeproms : public DriverTest {
+  protected:
+    Eeproms() { std::ranges::copy(SharedWordSlots(), KORA_DLL_GetSharedTable()); }
+
+    ~Eeproms() override {
+        KORA_DLL_Terminate();
+        vdapi_Terminate();
+    }
+
+    static bool IsPending() { return Flag().load() != 0; }
+
+    // Waits for the transfer that was started with `code`; gives its code.
+    static ResultCode Finish(uint32_t code) {
+        const Clock::time_point start = Clock::now();
+        while (code == VXD_SUCCESS && IsPending()) {
+            if (Clock::now() - start > 5s) {
+                ADD_FAILURE() << "the transfer does not end";
+                break;
+            }
+            std::this_thread::sleep_for(1ms);
+        }
+        return CodeOf(code);
+    }
+
+    static uint32_t StartWrite(uint32_t address, const Bytes& bytes, uint32_t length) {
+        Flag().store(1);
+        return vdapi_EPROM_Write(address, bytes.data(), length, kConstant);
+    }
+
+    static uint32_t StartRead(uint32_t address, Bytes& bytes, uint32_t length) {
+        Flag().store(1);
+        return vdapi_EPROM_Read(address, bytes.data(), length, kConstant);
+    }
+
+    static Bytes Read(uint32_t address, uint32_t length) {
+        Bytes bytes{};
+        EXPECT_EQ(Finish(StartRead(address, bytes, length)), VXD_SUCCESS);
+        return bytes;
+    }
+
+  private:
+    static std::atomic_ref<uint16_t> Flag() {
+        return std::atomic_ref(const_cast<uint16_t&>(GetSharedWords().EpromPendingFlag));
+    }
+};
+
+}  // namespace
+
+TEST_F(Eeproms, GiveBackWhatWasWrittenAndAreErasedElsewhere) {
+    EXPECT_EQ(Finish(StartWrite(0x10, {1, 2, 3, 4, 5, 6, 7, 8}, 3)), VXD_SUCCESS);
+    EXPECT_EQ(Finish(StartWrite(0x1F8, {9, 9, 9, 9, 9, 9, 9, 0xA}, 8)), VXD_SUCCESS);
+    EXPECT_EQ(Read(0x0F, 6), (Bytes{0xFF, 1, 2, 3, 0xFF, 0xFF, 0, 0}));
+    EXPECT_EQ(Read(0x1FF, 1), (Bytes{0xA}));
+}
+
+TEST_F(Eeproms, KeepTheirBytesInAFileBetweenRuns) {
+    EXPECT_EQ(Finish(StartWrite(2, {0x11, 0x22}, 2)), VXD_SUCCESS);
+    vdapi_AUXDEV_HardwareReset();
+    vdapi_ResetVxD();
+    EXPECT_EQ(Read(2, 2), (Bytes{0x11, 0x22}));
+
+    std::ifstream file(FilePath(), std::ios::binary);
+    std::string contents{std::istreambuf_iterator<char>(file), {}};
+    file.close();
+    ASSERT_EQ(contents.size(), 512u);
+    EXPECT_EQ(contents.substr(1, 4), "\xFF\x11\x22\xFF");
+
+    contents[3] = '\x33';
+    std::ofstream(FilePath(), std::ios::binary) << contents.substr(0, 4);
+    EXPECT_EQ(Read(2, 3), (Bytes{0x11, 0x33, 0xFF})) << "what is missing in the file is erased";
+}
+
+TEST_F(Eeproms, TakeTheirTimeWhileTheCallReturnsAtOnce) {
+    board::SetEepromBehaviour({.millisecondsPerByte = 40});
+    const Clock::time_point start = Clock::now();
+    Bytes bytes{0x55, 0x66, 0x77};
+    EXPECT_EQ(StartWrite(0, bytes, 3), VXD_SUCCESS);
+    EXPECT_TRUE(IsPending());
+    bytes.fill(0);  // was taken over by the call
+    EXPECT_EQ(vdapi_EPROM_Write(8, bytes.data(), 1, kConstant), VXD_BUSY_WITH_PRIOR_REQUEST);
+    EXPECT_EQ(board::GetEeprom()[0], 0xFF) << "not yet written";
+    EXPECT_EQ(Finish(VXD_SUCCESS), VXD_SUCCESS);
+    EXPECT_GE(Clock::now() - start, 3 * 40ms);
+    EXPECT_EQ(Read(0, 3), (Bytes{0x55, 0x66, 0x77}));
+    EXPECT_EQ(board::GetEeprom()[8], 0xFF);
+}
+
+TEST_F(Eeproms, RefuseLengthsAndAddressesThatTheyDoNotHave) {
+    Bytes bytes{0xA5};
+    struct Case {
+        uint32_t address;
+        uint32_t length;
+    };
+    for (const Case& tried : {Case{0, 0}, Case{0, 9}, Case{0x1F9, 8}, Case{0x200, 1},
+                              Case{0xFFFFFFFF, 2}, Case{0, 0xFFFFFFFF}}) {
+        EXPECT_EQ(StartRead(tried.address, bytes, tried.length), VXD_INVALID_PARAMETER);
+        EXPECT_EQ(StartWrite(tried.address, bytes, tried.length), VXD_INVALID_PARAMETER);
+    }
+    EXPECT_EQ(vdapi_EPROM_Read(0, nullptr, 1, kConstant), VXD_INVALID_PARAMETER);
+    EXPECT_EQ(vdapi_EPROM_Write(0, nullptr, 1, kConstant), VXD_INVALID_PARAMETER);
+    EXPECT_FALSE(std::filesystem::exists(FilePath()));
+}
+
+TEST_F(Eeproms, WorkAgainAfterTransfersThatNeverEnded) {
+    settings_.Write(kit::kBoardFile, "Board", "EepromHangs", "1");
+    settings_.Write(kit::kBoardFile, "Board", "EepromMillisecondsPerByte", "0");
+    vdapi_Initialize(0);
+    Bytes bytes{0xA5};
+    EXPECT_EQ(StartRead(0, bytes, 1), VXD_SUCCESS);
+    EXPECT_EQ(StartWrite(0, bytes, 1), VXD_SUCCESS);
+    std::this_thread::sleep_for(50ms);
+    EXPECT_TRUE(IsPending());
+    EXPECT_EQ(bytes[0], 0xA5);
+
+    board::SetEepromBehaviour({.millisecondsPerByte = 0, .hangs = false});
+    EXPECT_EQ(Read(0, 1), (Bytes{0xFF}));
+}
+
+TEST_F(Eeproms, TouchNoMemoryOnceTheLibraryIsClosed) {
+    board::SetEepromBehaviour({.millisecondsPerByte = 20});
+    Bytes bytes{0xA5};
+    EXPECT_EQ(StartRead(0, bytes, 1), VXD_SUCCESS);
+    KORA_DLL_Terminate();
+    std::this_thread::sleep_for(60ms);
+    EXPECT_EQ(bytes[0], 0xA5);
+    EXPECT_TRUE(IsPending());
+}

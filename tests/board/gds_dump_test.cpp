@@ -1,0 +1,76 @@
+// The GDS dump in the debug output.
+#include <algorithm>
+#include <chrono>
+#include <string>
+#include <vector>
+
+#include "platform/debug_monitor.h"
+#include "tests/board/driver_test.h"
+
+using GdsDumps = DriverTest;
+
+namespace {
+
+// What a dump writes, without the blanks at the ends of its lines.
+std::vector<std::string> Dump(DebugMonitor& monitor, uint32_t module) {
+    EXPECT_EQ(Debug(TALVERO_DBG_CORE_TR_DUMP_GDS, GdsDumpBlock{module}), VXD_SUCCESS);
+    std::vector<std::string> lines;
+    while (const auto line = monitor.Next(std::chrono::milliseconds(200))) {
+        if (line->processId == GetCurrentProcessId()) {
+            lines.push_back(line->text);
+        }
+    }
+    return lines;
+}
+
+}  // namespace
+
+TEST_F(GdsDumps, TellWhatAModuleHoldsAndHowItWasCalled) {
+    DebugMonitor monitor;
+    ASSERT_TRUE(monitor.IsListening());
+    EXPECT_EQ(Dump(monitor, 25), (std::vector<std::string>{"GDS MBE: unused\n"}));
+
+    Debug(TALVERO_DBG_SEQ_TR_INIT);
+    Debug(TALVERO_DBG_SEQ_TR_INIT);
+    Debug(TALVERO_DBG_SEQ_TR_CRITENTER);
+    Debug(TALVERO_DBG_SEQ_TR_ATOMENTER, AtomBlock{3});
+    Debug(TALVERO_DBG_SEQ_OP_INTERRUPT, InterruptBlock{0x200});
+    EXPECT_EQ(Dump(monitor, 5), (std::vector<std::string>{
+                                    "GDS Seq: sequencer: initialised\n",
+                                    "GDS Seq: client registered: no\n",
+                                    "GDS Seq: in critical section: yes\n",
+                                    "GDS Seq: in atomic section of device: 3\n",
+                                    "GDS Seq: interrupts of source 9: 1\n",
+                                    "GDS Seq: TALVERO_DBG_SEQ_OP_INTERRUPT: 1 called, 0 failed\n",
+                                    "GDS Seq: TALVERO_DBG_SEQ_TR_ATOMENTER: 1 called, 0 failed\n",
+                                    "GDS Seq: TALVERO_DBG_SEQ_TR_CRITENTER: 1 called, 0 failed\n",
+                                    "GDS Seq: TALVERO_DBG_SEQ_TR_INIT: 2 called, 1 failed\n",
+                                }));
+
+    vdapi_CAM_ACIF_Terminate();
+    EXPECT_EQ(Dump(monitor, 15), (std::vector<std::string>{
+                                     "GDS Acif: analog camera: down\n",
+                                     "GDS Acif: vdapi_CAM_ACIF_Terminate: 1 called, 0 failed\n",
+                                 }));
+}
+
+TEST_F(GdsDumps, GoThroughAllModulesInTheirOrder) {
+    DebugMonitor monitor;
+    ASSERT_TRUE(monitor.IsListening());
+    std::vector<std::string> modules;
+    for (const std::string& line : Dump(monitor, 0xFFFFFFFF)) {
+        const size_t start = line.find(' ') + 1;
+        modules.push_back(line.substr(start, line.find(':') - start));
+    }
+    modules.erase(std::unique(modules.begin(), modules.end()), modules.end());
+    EXPECT_EQ(modules, (std::vector<std::string>{
+                           "Validity", "Core",    "Debug",    "Pmapi",  "Vpic",  "Seq", "Isac",
+                           "Iom2",     "Arcofi",  "Jade",     "Auxdev", "Vcpxi", "I2c", "Camera",
+                           "Eprom",    "Acif",    "Vidinlay", "Stream", "LSD",   "HSD", "MLP",
+                           "Bt85x",    "vcpregs", "VPP",      "AnnexD", "MBE"}));
+}
+
+TEST_F(GdsDumps, KnowNoOtherModules) {
+    EXPECT_EQ(Debug(TALVERO_DBG_CORE_TR_DUMP_GDS, GdsDumpBlock{26}), VXD_INVALID_PARAMETER);
+    EXPECT_EQ(Debug(TALVERO_DBG_CORE_TR_DUMP_GDS, GdsDumpBlock{0xFFFFFFFE}), VXD_INVALID_PARAMETER);
+}

@@ -1,0 +1,159 @@
+// Monitor bytes: they arrive from the board's own thread, later, or not at all.
+#include <array>
+#include <chrono>
+#include <functional>
+#include <thread>
+
+#include "driver/low_memory.h"
+#include "platform/win32.h"
+#include "tests/board/driver_test.h"
+#include "tests/kit/user_interface.h"
+
+using namespace std::chrono_literals;
+
+namespace {
+
+using Bytes = std::array<uint8_t, 3>;
+
+constexpr Bytes kNothing{0xFF, 0xFF, 0xFF};
+// The two bytes sent, and who answers.
+constexpr Bytes kArcofiAnswers{0xA0, 0x01, 0x82};
+constexpr Bytes kSbcxAnswers{0xA0, 0x01, 0x41};
+
+// Long enough for an operation to come in between on the busiest machine.
+constexpr auto kLong = 200ms;
+
+HWND MakeWindow() {
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = DefWindowProcA;
+    windowClass.hInstance = GetModuleHandleA(nullptr);
+    windowClass.lpszClassName = "Notified";
+    RegisterClassA(&windowClass);
+    return CreateWindowExA(0, "Notified", "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
+                           windowClass.hInstance, nullptr);
+}
+
+// Waits for the message of arrived bytes and gives the window it came to. User-interface thread.
+HWND WaitForNotice() {
+    MSG message{};
+    while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+        if (message.message == 0x401) {
+            return message.hwnd;
+        }
+        DispatchMessageA(&message);
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+class MonitorBytes : public DriverTest {
+  protected:
+    ResultCode Receive() {
+        return Debug(TALVERO_DBG_MON_TR_RCV,
+                     MonitorReceiveBlock{0x0101, transmit_.Address(), 2, receive_.Address()});
+    }
+
+    // Waits until an answer has arrived, and gives it.
+    Bytes AwaitAnswer() {
+        while (board::GetMonitor().answers == answersTaken_) {
+            std::this_thread::sleep_for(1ms);
+        }
+        ++answersTaken_;
+        return *receive_;
+    }
+
+    uint32_t answersTaken_ = 0;
+    LowObject<uint32_t> transmit_{0x01A0};
+    LowObject<Bytes> receive_{kNothing};
+};
+
+TEST_F(MonitorBytes, ArriveWithAMessageAfterTheCallHasReturned) {
+    kit::StartProgram([this] {
+        const HWND first = MakeWindow();
+        const HWND second = MakeWindow();
+        KORA_DLL_GetMonitorHandle(12, first);
+        KORA_DLL_GetMonitorHandle(3, second);
+        KORA_DLL_GetMonitorHandle(4, first);
+        EXPECT_EQ(board::GetMonitor().window, second);
+
+        board::SetMonitorDelay(kLong);
+        EXPECT_EQ(Receive(), VXD_SUCCESS);
+        EXPECT_EQ(*receive_, kNothing);
+        *transmit_ = 0;  // what is sent was taken at the call
+        EXPECT_EQ(WaitForNotice(), second);
+        EXPECT_EQ(*receive_, kArcofiAnswers);
+
+        board::SetMonitorDelay(1ms);
+        *transmit_ = 0x01A0;
+        Debug(TALVERO_DBG_MON_TR_DEACT, DeviceBlock{3});
+        for (int again = 0; again < 2; ++again) {
+            *receive_ = kNothing;
+            EXPECT_EQ(Receive(), VXD_SUCCESS);
+            EXPECT_EQ(WaitForNotice(), second);
+            EXPECT_EQ(*receive_, kSbcxAnswers);
+        }
+        return 0;
+    }).get();
+}
+
+TEST_F(MonitorBytes, ArriveWithoutAWindowToo) {
+    EXPECT_EQ(Receive(), VXD_SUCCESS);
+    EXPECT_EQ(AwaitAnswer(), kArcofiAnswers);
+}
+
+TEST_F(MonitorBytes, WantADeviceThatIsActiveAndAWholeRequest) {
+    const Slot transmit = transmit_.Address();
+    const Slot receive = receive_.Address();
+    for (const MonitorReceiveBlock& block : {MonitorReceiveBlock{0x0100, transmit, 2, receive},
+                                             MonitorReceiveBlock{0x0101, 0, 2, receive},
+                                             MonitorReceiveBlock{0x0101, transmit, 3, receive},
+                                             MonitorReceiveBlock{0x0101, transmit, 2, 0}}) {
+        EXPECT_EQ(Debug(TALVERO_DBG_MON_TR_RCV, block), VXD_INVALID_PARAMETER);
+    }
+    Debug(TALVERO_DBG_MON_TR_TERM, DeviceBlock{3});
+    Debug(TALVERO_DBG_MON_TR_DEACT, DeviceBlock{12});
+    EXPECT_EQ(Receive(), VXD_ILLEGAL_OPERATION);
+    Debug(TALVERO_DBG_MON_TR_TERM, DeviceBlock{12});
+    EXPECT_EQ(Receive(), VXD_CONFIGURATION_NOT_SET);
+    EXPECT_EQ(*receive_, kNothing);
+}
+
+TEST_F(MonitorBytes, StayAwayWhereTheBoardEndsInBetween) {
+    const std::array<std::function<void()>, 5> ends{
+        [] { vdapi_Terminate(); },
+        [] { KORA_DLL_Terminate(); },
+        [] { vdapi_ResetVxD(); },
+        [] { vdapi_AUXDEV_HardwareReset(); },
+        [] { Debug(TALVERO_DBG_MON_TR_TERM, DeviceBlock{3}); },
+    };
+    board::SetMonitorDelay(kLong);
+    for (size_t end = 0; end < ends.size(); ++end) {
+        EXPECT_EQ(Receive(), VXD_SUCCESS);
+        ends[end]();
+        std::this_thread::sleep_for(kLong + 50ms);
+        EXPECT_EQ(*receive_, kNothing) << end;
+        vdapi_Initialize(0);
+        KORA_DLL_Initialize();
+    }
+    Debug(TALVERO_DBG_MON_TR_RST, DeviceBlock{12});
+    EXPECT_EQ(Receive(), VXD_SUCCESS);
+    EXPECT_EQ(AwaitAnswer(), kSbcxAnswers) << "a library that is opened again works as before";
+}
+
+TEST_F(MonitorBytes, TouchNoMemoryOnceALibraryHasClosed) {
+    board::SetMonitorDelay(1ms);
+    for (int round = 0; round < 50; ++round) {
+        {
+            const LowObject<Bytes> buffer(kNothing);
+            Debug(TALVERO_DBG_MON_TR_RCV,
+                  MonitorReceiveBlock{0x0101, transmit_.Address(), 2, buffer.Address()});
+            std::this_thread::sleep_for(round * 50us);
+            vdapi_Terminate();
+        }
+        const LowObject<Bytes> next(kNothing);  // lies where the buffer was
+        std::this_thread::sleep_for(100us);
+        EXPECT_EQ(*next, kNothing);
+        vdapi_Initialize(0);
+    }
+}

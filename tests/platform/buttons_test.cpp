@@ -1,0 +1,115 @@
+// Push buttons, check boxes, radio buttons and their groups.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/kit/user_interface.h"
+#include "tests/platform/dialogs.h"
+#include "tests/platform/recorder.h"
+
+namespace {
+
+using kit::Code;
+using kit::OnUserInterface;
+
+class Buttons : public testing::Test {
+  protected:
+    LRESULT Send(int id, UINT message, WPARAM wParam = 0) {
+        return OnUserInterface(
+            [&] { return SendDlgItemMessageA(dialog_.Shown().Handle(), id, message, wParam, 0); });
+    }
+    // Those of the radio buttons that are checked.
+    std::vector<int> Checked() {
+        std::vector<int> checked;
+        for (const int id : {IDC_LEFT, IDC_MIDDLE, IDC_RIGHT, IDC_UPPER, IDC_LOWER}) {
+            if (dialog_.Shown().IsChecked(id))
+                checked.push_back(id);
+        }
+        return checked;
+    }
+    // What a click makes the dialog tell.
+    std::string Click(int id) {
+        dialog_.TakeNotifications();
+        PostMessageA(dialog_.Shown().Control(id), BM_CLICK, 0, 0);
+        return dialog_.TakeNotifications();
+    }
+
+    kit::RecordedDialog dialog_{IDD_BUTTONS, "Buttons"};
+};
+
+TEST_F(Buttons, CheckingByMessageTellsNobodyAndLeavesTheRestOfTheGroup) {
+    dialog_.TakeNotifications();
+    OnUserInterface([&] {
+        CheckDlgButton(dialog_.Shown().Handle(), IDC_LEFT, BST_CHECKED);
+        CheckDlgButton(dialog_.Shown().Handle(), IDC_MIDDLE, BST_CHECKED);
+    });
+    EXPECT_EQ(Checked(), (std::vector<int>{IDC_LEFT, IDC_MIDDLE}));
+    EXPECT_EQ(dialog_.TakeNotifications(), "");
+}
+
+TEST_F(Buttons, AClickChecksARadioButtonAndClearsItsGroupAlone) {
+    Send(IDC_LEFT, BM_SETCHECK, BST_CHECKED);
+    Send(IDC_MIDDLE, BM_SETCHECK, BST_CHECKED);
+    Send(IDC_LOWER, BM_SETCHECK, BST_CHECKED);
+    EXPECT_EQ(Click(IDC_RIGHT), Code(IDC_RIGHT, BN_CLICKED));
+    EXPECT_EQ(Checked(), (std::vector<int>{IDC_RIGHT, IDC_LOWER}));
+    EXPECT_EQ(Click(IDC_RIGHT), Code(IDC_RIGHT, BN_CLICKED)) << "told again";
+    EXPECT_EQ(Checked(), (std::vector<int>{IDC_RIGHT, IDC_LOWER}));
+}
+
+TEST_F(Buttons, CheckRadioButtonClearsTheNumbersOfItsRange) {
+    Send(IDC_UPPER, BM_SETCHECK, BST_CHECKED);
+    Send(IDC_LEFT, BM_SETCHECK, BST_CHECKED);
+    OnUserInterface(
+        [&] { CheckRadioButton(dialog_.Shown().Handle(), IDC_LEFT, IDC_RIGHT, IDC_MIDDLE); });
+    EXPECT_EQ(Checked(), (std::vector<int>{IDC_MIDDLE, IDC_UPPER}));
+}
+
+TEST_F(Buttons, TabEntersAGroupAtTheButtonThatIsChecked) {
+    OnUserInterface(
+        [&] { CheckRadioButton(dialog_.Shown().Handle(), IDC_LEFT, IDC_RIGHT, IDC_RIGHT); });
+    for (int tabs = 0; tabs < 2; ++tabs)
+        dialog_.Shown().Key(VK_TAB);
+    EXPECT_EQ(dialog_.Shown().FocusedId(), IDC_RIGHT);
+}
+
+TEST_F(Buttons, AClickTurnsThoseOnThatTurnThemselves) {
+    EXPECT_EQ(Click(IDC_MANUAL), Code(IDC_MANUAL, BN_CLICKED));
+    EXPECT_FALSE(dialog_.Shown().IsChecked(IDC_MANUAL)) << "the program checks it";
+    for (const LRESULT state : {BST_CHECKED, BST_INDETERMINATE, BST_UNCHECKED}) {
+        Click(IDC_THREE);
+        EXPECT_EQ(Send(IDC_THREE, BM_GETCHECK), state);
+    }
+}
+
+TEST_F(Buttons, WhatHasNoMarkKeepsNone) {
+    for (const int id : {IDC_PUSH, IDC_FRAME}) {
+        Send(id, BM_SETCHECK, BST_CHECKED);
+        EXPECT_EQ(Send(id, BM_GETCHECK), BST_UNCHECKED) << id;
+    }
+    Send(IDC_MANUAL, BM_SETCHECK, BST_INDETERMINATE);
+    EXPECT_EQ(Send(IDC_MANUAL, BM_GETCHECK), BST_CHECKED) << "it has two states";
+    EXPECT_EQ(OnUserInterface([&] {
+                  return IsDlgButtonChecked(dialog_.Shown().Handle(), IDC_MANUAL);
+              }),
+              UINT{BST_CHECKED});
+}
+
+TEST_F(Buttons, AHiddenRadioButtonCanBeClicked) {
+    OnUserInterface([&] { ShowWindow(dialog_.Shown().Control(IDC_MIDDLE), SW_HIDE); });
+    EXPECT_EQ(Click(IDC_MIDDLE), Code(IDC_MIDDLE, BN_CLICKED));
+    EXPECT_TRUE(dialog_.Shown().IsChecked(IDC_MIDDLE));
+}
+
+TEST_F(Buttons, AClickMovesTheFocusAndADisabledButtonTakesNone) {
+    Click(IDC_PUSH);
+    EXPECT_EQ(dialog_.Shown().FocusedId(), IDC_PUSH);
+    OnUserInterface([&] { EnableWindow(dialog_.Shown().Control(IDC_LEFT), FALSE); });
+    EXPECT_EQ(Click(IDC_LEFT), "");
+    EXPECT_EQ(dialog_.Shown().FocusedId(), IDC_PUSH);
+    Send(IDC_LEFT, BM_SETCHECK, BST_CHECKED);
+    EXPECT_TRUE(dialog_.Shown().IsChecked(IDC_LEFT)) << "messages from the program still work";
+}
+
+}  // namespace

@@ -1,0 +1,140 @@
+// How a window is asked for its context menu, and what a popup menu answers.
+#include <gtest/gtest.h>
+
+#include <utility>
+#include <vector>
+
+#include "tests/kit/user_interface.h"
+
+namespace {
+
+// What the window was asked and told. User-interface thread, or after its end.
+struct Told {
+    std::vector<std::pair<HWND, LPARAM>> requests;
+    std::vector<WPARAM> commands;
+};
+
+Told& TheTold() {
+    static Told told;
+    return told;
+}
+
+LRESULT CALLBACK AskedProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_CONTEXTMENU)
+        TheTold().requests.emplace_back(reinterpret_cast<HWND>(wParam), lParam);
+    else if (message == WM_COMMAND)
+        TheTold().commands.push_back(wParam);
+    else
+        return DefWindowProcA(window, message, wParam, lParam);
+    return 0;
+}
+
+HWND MakeWindow() {
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = AskedProcedure;
+    windowClass.hInstance = GetModuleHandleA(nullptr);
+    windowClass.lpszClassName = "Asked";
+    RegisterClassA(&windowClass);
+    const HWND window = CreateWindowExA(0, "Asked", "Asked", WS_OVERLAPPEDWINDOW, 50, 60, 200, 100,
+                                        nullptr, nullptr, windowClass.hInstance, nullptr);
+    ShowWindow(window, SW_SHOW);
+    return window;
+}
+
+LPARAM OnScreen(HWND window, int x, int y) {
+    POINT point{x, y};
+    ClientToScreen(window, &point);
+    return MAKELPARAM(point.x, point.y);
+}
+
+TEST(ContextMenu, IsAskedForByTheMenuKeyAndTheRightButtonAndAChildPassesItOn) {
+    kit::StartProgram([] {
+        const HWND window = MakeWindow();
+        const HWND child = CreateWindowExA(0, "Static", "", WS_CHILD | WS_VISIBLE, 30, 40, 50, 20,
+                                           window, nullptr, nullptr, nullptr);
+        SendMessageA(window, WM_KEYUP, VK_APPS, 0);
+        SendMessageA(window, WM_KEYUP, 'A', 0);
+        SendMessageA(window, WM_RBUTTONUP, 0, MAKELPARAM(3, 4));
+        SendMessageA(child, WM_RBUTTONUP, 0, MAKELPARAM(1, 2));
+        const std::vector<std::pair<HWND, LPARAM>> expected{
+            {window, -1}, {window, OnScreen(window, 3, 4)}, {child, OnScreen(window, 31, 42)}};
+        EXPECT_EQ(TheTold().requests, expected);
+        return 0;
+    }).get();
+}
+
+// A program that shows a window and runs until it is told to quit.
+class Popup : public testing::Test {
+  protected:
+    Popup() {
+        program_ = kit::StartProgram([this] {
+            window_ = MakeWindow();
+            menu_ = CreatePopupMenu();
+            for (const UINT command : {41u, 42u, 43u})
+                AppendMenuA(menu_, MF_STRING, command, "command");
+            MSG message;
+            while (GetMessageA(&message, nullptr, 0, 0)) {
+                TranslateMessage(&message);
+                DispatchMessageA(&message);
+            }
+            return 0;
+        });
+    }
+    ~Popup() override {
+        kit::RunStep([] { PostQuitMessage(0); });
+        program_.get();
+    }
+
+    HWND window_ = nullptr;
+    HMENU menu_ = nullptr;
+
+  private:
+    std::future<int> program_;
+};
+
+TEST_F(Popup, KeysChooseACommandAndEscapeChoosesNone) {
+    struct Case {
+        UINT flags;
+        std::vector<WPARAM> keys;
+        int answer;
+        std::vector<WPARAM> commands;
+    };
+    int answer = 0;
+    for (const Case& each : {Case{TPM_RETURNCMD, {VK_DOWN, VK_RETURN}, 41, {}},
+                             Case{TPM_RETURNCMD, {VK_UP, VK_RETURN}, 43, {}},
+                             Case{TPM_RETURNCMD, {VK_DOWN, VK_ESCAPE}, 0, {}},
+                             Case{0, {VK_DOWN, VK_DOWN, VK_RETURN}, TRUE, {42}},
+                             Case{0, {VK_DOWN, VK_ESCAPE}, TRUE, {}}}) {
+        kit::RunStep([] { TheTold().commands.clear(); });
+        kit::BeginStep([&] {
+            answer = -1;
+            answer = TrackPopupMenu(menu_, each.flags, 10, 10, 0, window_, nullptr);
+        });
+        for (const WPARAM key : each.keys)
+            PostMessageA(window_, WM_KEYDOWN, key, 0);
+        for (int settled = 0; settled < 2; ++settled)
+            kit::RunStep([] {});
+        kit::RunStep([&] {
+            if ((each.flags & TPM_RETURNCMD) != 0) {
+                EXPECT_EQ(answer, each.answer);
+            } else {
+                EXPECT_NE(answer, -1) << "the popup is still open";
+            }
+            EXPECT_EQ(TheTold().commands, each.commands);
+        });
+    }
+}
+
+TEST_F(Popup, ARadioMarkMovesToTheItemThatIsChosen) {
+    kit::RunStep([&] {
+        for (const UINT chosen : {42u, 43u, 41u}) {
+            CheckMenuRadioItem(menu_, 41, 43, chosen, MF_BYCOMMAND);
+            for (const UINT command : {41u, 42u, 43u})
+                EXPECT_EQ((GetMenuState(menu_, command, MF_BYCOMMAND) & MF_CHECKED) != 0,
+                          command == chosen)
+                    << command << " when " << chosen << " is chosen";
+        }
+    });
+}
+
+}  // namespace

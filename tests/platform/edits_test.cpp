@@ -1,0 +1,179 @@
+// The rules of edits.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+
+#include "tests/kit/user_interface.h"
+#include "tests/platform/dialogs.h"
+#include "tests/platform/recorder.h"
+
+namespace {
+
+using kit::Code;
+using kit::OnUserInterface;
+
+std::string Changed(int id) {
+    return Code(id, EN_UPDATE) + " " + Code(id, EN_CHANGE);
+}
+
+class Edits : public testing::Test {
+  protected:
+    LRESULT Send(int id, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        return OnUserInterface([&] {
+            return SendDlgItemMessageA(dialog_.Shown().Handle(), id, message, wParam, lParam);
+        });
+    }
+    void SetText(int id, const char* text) {
+        OnUserInterface([&] { SetDlgItemTextA(dialog_.Shown().Handle(), id, text); });
+    }
+    // Typed where the caret is.
+    void Type(int id, const std::string& text) {
+        for (const char character : text)
+            PostMessageA(dialog_.Shown().Control(id), WM_CHAR,
+                         static_cast<unsigned char>(character), 0);
+    }
+    void Focus(int id) {
+        OnUserInterface([&] { SetFocus(dialog_.Shown().Control(id)); });
+        dialog_.TakeNotifications();
+    }
+
+    kit::RecordedDialog dialog_{IDD_KEYS, "Keys"};
+};
+
+TEST_F(Edits, ProgramTextIgnoresTheLimitAndTypingObeysIt) {
+    Send(IDC_LINE, EM_LIMITTEXT, 3);
+    SetText(IDC_LINE, "abcdef");
+    EXPECT_EQ(dialog_.Shown().Text(IDC_LINE), "abcdef");
+    dialog_.TakeNotifications();
+    dialog_.Shown().Type(IDC_LINE, "wxyz");
+    EXPECT_EQ(dialog_.Shown().Text(IDC_LINE), "wxy");
+    const std::string changed = Changed(IDC_LINE);
+    EXPECT_EQ(dialog_.TakeNotifications(),
+              changed + " " + changed + " " + changed + " " + Code(IDC_LINE, EN_MAXTEXT));
+}
+
+TEST_F(Edits, OnlyASingleLineTellsOfTextThatTheProgramSets) {
+    dialog_.TakeNotifications();
+    SetText(IDC_PLAIN_LINES, "x");
+    EXPECT_EQ(dialog_.TakeNotifications(), "");
+    SetText(IDC_NAME, "x");
+    EXPECT_EQ(dialog_.TakeNotifications(), Changed(IDC_NAME));
+    SetText(IDC_NAME, "x");
+    EXPECT_EQ(dialog_.TakeNotifications(), Changed(IDC_NAME)) << "also when it stays the same";
+    Type(IDC_PLAIN_LINES, "y");
+    EXPECT_EQ(dialog_.TakeNotifications(), Changed(IDC_PLAIN_LINES)) << "typing is always told";
+}
+
+TEST_F(Edits, TypingGoesInPlaceOfTheSelection) {
+    Focus(IDC_LINE);
+    SetText(IDC_LINE, "abcdef");
+    Send(IDC_LINE, EM_SETSEL, 2, 4);
+    Type(IDC_LINE, "XYZ");
+    EXPECT_EQ(dialog_.Shown().Text(IDC_LINE), "abXYZef");
+    EXPECT_EQ(Send(IDC_LINE, EM_GETSEL), MAKELONG(5, 5));
+    Send(IDC_LINE, EM_SETSEL, 0, -1);
+    EXPECT_EQ(Send(IDC_LINE, EM_GETSEL), MAKELONG(0, 7));
+    Send(IDC_LINE, EM_SETSEL, static_cast<WPARAM>(-1), 0);
+    EXPECT_EQ(LOWORD(Send(IDC_LINE, EM_GETSEL)), HIWORD(Send(IDC_LINE, EM_GETSEL)))
+        << "nothing is selected";
+    SetText(IDC_LINE, "new");
+    EXPECT_EQ(Send(IDC_LINE, EM_GETSEL), 0) << "the caret stands before new text";
+}
+
+TEST_F(Edits, KeysMoveTheCaretAndDelete) {
+    Focus(IDC_LINE);
+    SetText(IDC_LINE, "abc");
+    const struct {
+        WPARAM key;
+        const char* text;
+        int caret;
+    } steps[] = {{VK_END, "abc", 3},   {VK_LEFT, "abc", 2},  {VK_DELETE, "ab", 2},
+                 {VK_DELETE, "ab", 2}, {VK_HOME, "ab", 0},   {VK_LEFT, "ab", 0},
+                 {VK_RIGHT, "ab", 1},  {VK_DELETE, "a", 1}};
+    for (const auto& step : steps) {
+        dialog_.Shown().Key(step.key);
+        EXPECT_EQ(dialog_.Shown().Text(IDC_LINE), step.text) << step.key;
+        EXPECT_EQ(Send(IDC_LINE, EM_GETSEL), MAKELONG(step.caret, step.caret)) << step.key;
+    }
+    dialog_.TakeNotifications();
+    Type(IDC_LINE, "\b");
+    EXPECT_EQ(dialog_.Shown().Text(IDC_LINE), "");
+    EXPECT_EQ(dialog_.TakeNotifications(), Changed(IDC_LINE));
+    Type(IDC_LINE, "\b");
+    EXPECT_EQ(dialog_.TakeNotifications(), "") << "nothing to delete";
+}
+
+TEST_F(Edits, AReadOnlyOneTakesTextFromTheProgramAlone) {
+    Send(IDC_LINE, EM_SETREADONLY, TRUE);
+    SetText(IDC_LINE, "shown");
+    Focus(IDC_LINE);
+    Type(IDC_LINE, "x\b");
+    dialog_.Shown().Key(VK_DELETE);
+    EXPECT_EQ(dialog_.Shown().Text(IDC_LINE), "shown");
+    EXPECT_EQ(dialog_.TakeNotifications(), "");
+    Send(IDC_LINE, EM_SETREADONLY, FALSE);
+    Type(IDC_LINE, "x");
+    EXPECT_NE(dialog_.Shown().Text(IDC_LINE), "shown");
+}
+
+TEST_F(Edits, StylesRefuseTyping) {
+    struct Case {
+        DWORD style;
+        const char* left;
+    };
+    constexpr int kId = 900;
+    for (const Case& each : {Case{0, "a1b2"}, Case{ES_READONLY, "before"}, Case{ES_NUMBER, "12"}}) {
+        const HWND edit = OnUserInterface([&] {
+            return CreateWindowExA(0, "Edit", "before", each.style | WS_CHILD | WS_VISIBLE, 0, 0,
+                                   50, 20, dialog_.Shown().Handle(),
+                                   reinterpret_cast<HMENU>(INT_PTR{kId}), nullptr, nullptr);
+        });
+        dialog_.Shown().Type(kId, "a1b2");
+        EXPECT_EQ(dialog_.Shown().Text(kId), each.left) << "style " << each.style;
+        OnUserInterface([edit] { DestroyWindow(edit); });
+    }
+}
+
+TEST_F(Edits, ADisabledOneTakesTextFromTheProgram) {
+    OnUserInterface([&] { EnableWindow(dialog_.Shown().Control(IDC_NAME), FALSE); });
+    dialog_.TakeNotifications();
+    SetText(IDC_NAME, "grey");
+    EXPECT_EQ(dialog_.Shown().Text(IDC_NAME), "grey");
+    EXPECT_EQ(dialog_.TakeNotifications(), Changed(IDC_NAME));
+}
+
+TEST_F(Edits, DisablingTheFocusedOneTakesTheFocusFromIt) {
+    Focus(IDC_NAME);
+    OnUserInterface([&] { EnableWindow(dialog_.Shown().Control(IDC_NAME), FALSE); });
+    EXPECT_EQ(dialog_.TakeNotifications(), Code(IDC_NAME, EN_KILLFOCUS));
+    EXPECT_EQ(dialog_.Shown().FocusedId(), 0);
+}
+
+TEST_F(Edits, LineEndsStayAsTheProgramSetThem) {
+    for (const char* text : {"one\r\ntwo", "one\ntwo"}) {
+        SetText(IDC_RETURN_LINES, text);
+        EXPECT_EQ(dialog_.Shown().Text(IDC_RETURN_LINES), text);
+    }
+}
+
+TEST_F(Edits, ReadingGivesAtMostWhatFits) {
+    SetText(IDC_LINE, "abcdef");
+    std::array<char, 8> text;
+    text.fill('~');
+    const UINT length = OnUserInterface(
+        [&] { return GetDlgItemTextA(dialog_.Shown().Handle(), IDC_LINE, text.data(), 5); });
+    EXPECT_EQ(length, 4u);
+    EXPECT_EQ(std::string(text.data(), 6), std::string("abcd\0~", 6));
+    EXPECT_EQ(Send(IDC_LINE, WM_GETTEXTLENGTH), 6);
+}
+
+TEST(UpperCaseEdits, ConvertTypingAndProgramText) {
+    const kit::RecordedDialog dialog(IDD_LISTS, "Lists");
+    dialog.Shown().Type(IDC_CAPITALS, "c:/vcp");
+    EXPECT_EQ(dialog.Shown().Text(IDC_CAPITALS), "C:/VCP");
+    OnUserInterface([&] { SetDlgItemTextA(dialog.Shown().Handle(), IDC_CAPITALS, "code.bin"); });
+    EXPECT_EQ(dialog.Shown().Text(IDC_CAPITALS), "CODE.BIN");
+}
+
+}  // namespace

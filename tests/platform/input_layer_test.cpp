@@ -1,0 +1,158 @@
+// What a screen reports reaches the program as Windows would bring it.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/core/window.h"
+#include "platform/screen.h"
+#include "res/resource.h"
+#include "tests/kit/user_interface.h"
+
+namespace {
+
+// What the window was told, as words. User-interface thread.
+std::string& Told() {
+    static std::string told;
+    return told;
+}
+
+LRESULT CALLBACK TellingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_CONTEXTMENU:
+            Told() += lParam == -1 ? "menu by key " : "menu ";
+            return 0;
+        case WM_CLOSE:
+            Told() += "close ";
+            return 0;
+        case WM_COMMAND:
+            Told() += std::to_string(LOWORD(wParam)) + ":" + std::to_string(HIWORD(wParam)) + " ";
+            return 0;
+        default:
+            return DefWindowProcA(window, message, wParam, lParam);
+    }
+}
+
+HWND MakeWindow(int x = 0, int y = 0) {
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = TellingProcedure;
+    windowClass.lpszClassName = "Telling";
+    RegisterClassA(&windowClass);
+    return CreateWindowExA(0, "Telling", "", WS_OVERLAPPEDWINDOW | WS_VISIBLE, x, y, 200, 100,
+                           nullptr, nullptr, nullptr, nullptr);
+}
+
+HWND MakeControl(HWND parent, const char* className, DWORD style) {
+    return CreateWindowExA(0, className, "", style | WS_CHILD | WS_VISIBLE, 0, 0, 50, 50, parent,
+                           reinterpret_cast<HMENU>(INT_PTR{7}), nullptr, nullptr);
+}
+
+// Runs all that waits and gives what the window was told by it.
+std::string Drain() {
+    Told().clear();
+    MSG message;
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    return Told();
+}
+
+void RunOnUserInterface(const std::function<void()>& body) {
+    kit::StartProgram([&body] {
+        body();
+        return 0;
+    }).get();
+}
+
+vxd::input::KeyPress Press(std::uint32_t key, const char* with = "") {
+    const std::string held = with;
+    const auto holds = [&held](const char* name) { return held.find(name) != std::string::npos; };
+    return {key, 0, holds("Shift"), holds("Control"), holds("Alt")};
+}
+
+TEST(Input, KeysOfAWindowAskForItsMenuOrCloseIt) {
+    struct Case {
+        vxd::input::KeyPress key;
+        const char* told;
+    };
+    RunOnUserInterface([] {
+        const HWND window = MakeWindow();
+        for (const Case& each :
+             {Case{Press(VK_APPS), "menu by key "}, Case{Press(VK_F10, "Shift"), "menu by key "},
+              Case{Press(VK_F10), ""}, Case{Press(VK_F10, "Control"), ""},
+              Case{Press(VK_F4, "Alt"), "close "}, Case{Press(VK_F4), ""}}) {
+            EXPECT_TRUE(vxd::input::KeyPressed(vxd::HandleNumber(window), each.key));
+            EXPECT_EQ(Drain(), each.told) << "key " << each.key.virtualKey;
+        }
+    });
+}
+
+TEST(Input, AClickOnTheSelectedRowTellsTheProgramAgain) {
+    struct Case {
+        const char* className;
+        DWORD style;
+        UINT add;
+        std::string told;
+    };
+    RunOnUserInterface([] {
+        const std::string chosen =
+            "7:" + std::to_string(CBN_SELENDOK) + " 7:" + std::to_string(CBN_SELCHANGE) + " ";
+        for (const Case& each :
+             {Case{"ListBox", LBS_NOTIFY, LB_ADDSTRING, "7:" + std::to_string(LBN_SELCHANGE) + " "},
+              Case{"ComboBox", CBS_DROPDOWNLIST, CB_ADDSTRING, chosen},
+              Case{"ComboBox", CBS_DROPDOWN, CB_ADDSTRING, chosen}}) {
+            const HWND list = MakeControl(MakeWindow(), each.className, each.style);
+            SendMessageA(list, each.add, 0, reinterpret_cast<LPARAM>("row"));
+            Drain();
+            for (int click = 0; click < 2; ++click) {
+                vxd::input::RowChosen(vxd::HandleNumber(list), 0);
+                EXPECT_EQ(Drain(), each.told) << each.className << ", click " << click;
+            }
+        }
+    });
+}
+
+TEST(Input, WaitsForACallerThatTakesIt) {
+    RunOnUserInterface([] {
+        const HWND window = MakeWindow();
+        const HWND button = MakeControl(window, "Button", BS_PUSHBUTTON);
+        Drain();
+        vxd::input::Clicked(vxd::HandleNumber(button));
+        MSG message;
+        EXPECT_FALSE(PeekMessageA(&message, nullptr, WM_TIMER, WM_TIMER, PM_REMOVE));
+        SetTimer(window, 1, 10, nullptr);
+        EXPECT_TRUE(GetMessageA(&message, nullptr, WM_TIMER, WM_TIMER));
+        EXPECT_EQ(message.message, static_cast<UINT>(WM_TIMER));
+        KillTimer(window, 1);
+        EXPECT_EQ(Told(), "") << "it ran although nobody took it";
+        EXPECT_EQ(Drain(), "7:0 ");
+    });
+}
+
+TEST(Placement, ADialogStaysInsideTheWorkAreaWhereverItsOwnerIs) {
+    RunOnUserInterface([] {
+        const vxd::Rect area = vxd::CurrentScreen().WorkArea();
+        for (const vxd::Point corner : {vxd::Point{5000, 5000}, vxd::Point{-5000, -5000}}) {
+            const auto procedure = [](HWND dialog, UINT message, WPARAM, LPARAM place) -> INT_PTR {
+                if (message == WM_INITDIALOG) {
+                    GetWindowRect(dialog, reinterpret_cast<RECT*>(place));
+                    EndDialog(dialog, 1);
+                }
+                return TRUE;
+            };
+            RECT place{};
+            ASSERT_EQ(DialogBoxParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_ABOUT),
+                                      MakeWindow(corner.x, corner.y), +procedure,
+                                      reinterpret_cast<LPARAM>(&place)),
+                      1);
+            EXPECT_GE(place.left, area.x);
+            EXPECT_GE(place.top, area.y);
+            EXPECT_LE(place.right, area.x + area.width);
+            EXPECT_LE(place.bottom, area.y + area.height);
+        }
+    });
+}
+
+}  // namespace

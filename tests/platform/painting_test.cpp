@@ -1,0 +1,130 @@
+// When a window is asked to paint, and what painting reaches.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "tests/platform/plain_window.h"
+
+namespace {
+
+using kit::Drain;
+using kit::MakePlainWindow;
+using kit::RunAsProgram;
+using kit::Told;
+
+COLORREF ColourAt(HWND window, int x, int y) {
+    const HDC dc = GetDC(window);
+    const COLORREF colour = GetPixel(dc, x, y);
+    ReleaseDC(window, dc);
+    return colour;
+}
+
+TEST(Painting, ComesAgainUntilTheUpdateRegionIsTaken) {
+    RunAsProgram([] {
+        const HWND window = MakePlainWindow();
+        ShowWindow(window, SW_SHOW);
+        Drain();
+        RECT part{5, 6, 25, 16};
+        InvalidateRect(window, &part, FALSE);
+        MSG message;
+        EXPECT_TRUE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE));
+        EXPECT_EQ(message.message, static_cast<UINT>(WM_PAINT));
+        EXPECT_TRUE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE));
+        EXPECT_EQ(message.message, static_cast<UINT>(WM_PAINT));
+        PAINTSTRUCT paint;
+        const HDC dc = BeginPaint(window, &paint);
+        EXPECT_EQ(paint.rcPaint.left, 5);
+        EXPECT_EQ(paint.rcPaint.bottom, 16);
+        // Only what waits to be painted is drawn on.
+        const HBRUSH brush = CreateSolidBrush(RGB(200, 100, 50));
+        RECT all{0, 0, 200, 100};
+        FillRect(dc, &all, brush);
+        DeleteObject(brush);
+        EndPaint(window, &paint);
+        EXPECT_FALSE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE));
+        EXPECT_EQ(ColourAt(window, 10, 10), RGB(200, 100, 50));
+        EXPECT_EQ(ColourAt(window, 40, 40), kit::kPlainBackground) << "the class's background";
+    });
+}
+
+TEST(Windows, OwnedOnesGoWithTheirOwner) {
+    RunAsProgram([] {
+        const HWND owner = MakePlainWindow();
+        const HWND other = MakePlainWindow();
+        const auto ownedBy = [](HWND window) {
+            return CreateWindowExA(0, "Telling", "", WS_POPUP, 0, 0, 10, 10, window, nullptr,
+                                   GetModuleHandleA(nullptr), nullptr);
+        };
+        const HWND owned = ownedBy(owner);
+        const HWND ownedByOwned = ownedBy(owned);
+        EXPECT_EQ(GetWindow(owned, GW_OWNER), owner);
+        DestroyWindow(owner);
+        EXPECT_FALSE(IsWindow(owned) || IsWindow(ownedByOwned));
+        EXPECT_TRUE(IsWindow(other));
+    });
+}
+
+TEST(Painting, UpdatingPaintsAtOnceAndOnlyWhatIsDamaged) {
+    RunAsProgram([] {
+        const HWND window = MakePlainWindow();
+        InvalidateRect(window, nullptr, TRUE);
+        UpdateWindow(window);
+        EXPECT_TRUE(Told().empty()) << "a hidden window is not painted";
+        ShowWindow(window, SW_SHOW);
+        UpdateWindow(window);
+        Drain();
+        Told().clear();
+        UpdateWindow(window);
+        EXPECT_TRUE(Told().empty()) << "nothing is damaged";
+        InvalidateRect(window, nullptr, FALSE);
+        UpdateWindow(window);
+        EXPECT_EQ(Told(), std::vector<UINT>{WM_PAINT});
+        EXPECT_TRUE(Drain().empty());
+    });
+}
+
+TEST(Painting, DamageAddsUpAndIsErasedWhenAnyOfItAsksForThat) {
+    RunAsProgram([] {
+        const HWND window = MakePlainWindow();
+        ShowWindow(window, SW_SHOW);
+        UpdateWindow(window);
+        Drain();
+        const HBRUSH brush = CreateSolidBrush(RGB(200, 100, 50));
+        const RECT all{0, 0, 200, 100};
+        const HDC dc = GetDC(window);
+        FillRect(dc, &all, brush);
+        ReleaseDC(window, dc);
+        DeleteObject(brush);
+        const RECT kept{10, 10, 20, 20};
+        InvalidateRect(window, &kept, FALSE);
+        PAINTSTRUCT paint;
+        BeginPaint(window, &paint);
+        EndPaint(window, &paint);
+        EXPECT_EQ(ColourAt(window, 15, 15), RGB(200, 100, 50));
+        const RECT other{30, 10, 40, 30};
+        InvalidateRect(window, &kept, TRUE);
+        InvalidateRect(window, &other, FALSE);
+        BeginPaint(window, &paint);
+        EXPECT_EQ(paint.rcPaint.left, 10);
+        EXPECT_EQ(paint.rcPaint.right, 40);
+        EXPECT_EQ(paint.rcPaint.bottom, 30);
+        EXPECT_FALSE(paint.fErase) << "the class's brush has erased";
+        EndPaint(window, &paint);
+        EXPECT_EQ(ColourAt(window, 15, 15), kit::kPlainBackground);
+        EXPECT_EQ(ColourAt(window, 35, 15), kit::kPlainBackground);
+        EXPECT_EQ(ColourAt(window, 5, 5), RGB(200, 100, 50));
+    });
+}
+
+TEST(Painting, OutsideTheClientAreaThereIsNoColour) {
+    RunAsProgram([] {
+        const HWND window = MakePlainWindow();
+        ShowWindow(window, SW_SHOW);
+        UpdateWindow(window);
+        EXPECT_EQ(ColourAt(window, -1, 5), 0xFFFFFFFFu);
+        EXPECT_EQ(ColourAt(window, 5, 2000), 0xFFFFFFFFu);
+    });
+}
+
+}  // namespace

@@ -1,0 +1,199 @@
+// Windows: what they are told from their making to their end, focus, size, order.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "tests/platform/plain_window.h"
+
+namespace {
+
+// What windows of the class "Life" are told, each with the first letter of its title.
+std::vector<std::string>& Life() {
+    static std::vector<std::string> life;
+    return life;
+}
+
+std::string TakeLife() {
+    std::string taken;
+    for (const std::string& each : std::exchange(Life(), {}))
+        taken += (taken.empty() ? "" : " ") + each;
+    return taken;
+}
+
+LRESULT CALLBACK LivingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    struct Name {
+        UINT message;
+        const char* name;
+    };
+    constexpr std::array kNames = {Name{WM_NCCREATE, "nccreate"},   Name{WM_CREATE, "create"},
+                                   Name{WM_SHOWWINDOW, "show"},     Name{WM_SIZE, "size"},
+                                   Name{WM_MOVE, "move"},           Name{WM_SETFOCUS, "setfocus"},
+                                   Name{WM_KILLFOCUS, "killfocus"}, Name{WM_DESTROY, "destroy"},
+                                   Name{WM_NCDESTROY, "ncdestroy"}, Name{WM_ENABLE, "enable"}};
+    const LRESULT result = DefWindowProcA(window, message, wParam, lParam);
+    for (const Name& name : kNames) {
+        std::array<char, 2> title{};
+        if (name.message != message)
+            continue;
+        if (message == WM_NCCREATE)
+            title[0] = *reinterpret_cast<const CREATESTRUCTA*>(lParam)->lpszName;
+        else
+            GetWindowTextA(window, title.data(), static_cast<int>(title.size()));
+        Life().push_back(std::string(title.data()) + ":" + name.name);
+    }
+    return result;
+}
+
+HWND MakeLiving(const char* title, DWORD style, HWND parent = nullptr) {
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = LivingProcedure;
+    windowClass.hInstance = GetModuleHandleA(nullptr);
+    windowClass.lpszClassName = "Life";
+    RegisterClassA(&windowClass);
+    return CreateWindowExA(0, "Life", title, style, 20, 20, 160, 120, parent, nullptr,
+                           windowClass.hInstance, nullptr);
+}
+
+TEST(Windows, AreToldOfTheirMakingShowingAndEndInOrder) {
+    kit::RunAsProgram([] {
+        const HWND parent = MakeLiving("P", WS_OVERLAPPEDWINDOW);
+        EXPECT_EQ(TakeLife(), "P:nccreate P:create");
+        ShowWindow(parent, SW_SHOW);
+        EXPECT_EQ(TakeLife(), "P:show P:setfocus P:size P:move");
+        MakeLiving("C", WS_CHILD | WS_VISIBLE, parent);
+        EXPECT_EQ(TakeLife(), "C:nccreate C:create C:size C:move C:show");
+        SetWindowPos(parent, nullptr, 0, 0, 180, 140, SWP_NOMOVE | SWP_NOZORDER);
+        EXPECT_EQ(TakeLife(), "P:size");
+        SetWindowPos(parent, nullptr, 40, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+        EXPECT_EQ(TakeLife(), "P:move");
+        SetWindowPos(parent, nullptr, 40, 40, 180, 140, SWP_NOZORDER);
+        EXPECT_EQ(TakeLife(), "") << "nothing changes";
+        DestroyWindow(parent);
+        EXPECT_EQ(TakeLife(),
+                  "P:show P:killfocus P:destroy C:destroy C:ncdestroy P:ncdestroy");
+    });
+}
+
+TEST(Windows, TheFocusLeavesOneBeforeTheOtherTakesIt) {
+    kit::RunAsProgram([] {
+        const HWND parent = MakeLiving("P", WS_OVERLAPPEDWINDOW);
+        const HWND first = MakeLiving("1", WS_CHILD | WS_VISIBLE, parent);
+        const HWND second = MakeLiving("2", WS_CHILD | WS_VISIBLE, parent);
+        ShowWindow(parent, SW_SHOW);
+        SetFocus(first);
+        TakeLife();
+        EXPECT_EQ(SetFocus(second), first);
+        EXPECT_EQ(TakeLife(), "1:killfocus 2:setfocus");
+        EXPECT_EQ(GetFocus(), second);
+        SetFocus(second);
+        EXPECT_EQ(TakeLife(), "") << "it has it";
+        EnableWindow(first, FALSE);
+        TakeLife();
+        SetFocus(first);
+        EXPECT_EQ(TakeLife(), "") << "a disabled window takes none";
+        EXPECT_EQ(GetFocus(), second);
+        EXPECT_EQ(SetFocus(nullptr), second);
+        EXPECT_EQ(TakeLife(), "2:killfocus");
+        EXPECT_EQ(GetFocus(), nullptr);
+    });
+}
+
+TEST(Windows, HidingOrDestroyingTheFocusedOneGivesTheFocusToItsParent) {
+    kit::RunAsProgram([] {
+        const HWND parent = MakeLiving("P", WS_OVERLAPPEDWINDOW);
+        const HWND first = MakeLiving("1", WS_CHILD | WS_VISIBLE, parent);
+        const HWND second = MakeLiving("2", WS_CHILD | WS_VISIBLE, parent);
+        ShowWindow(parent, SW_SHOW);
+        SetFocus(first);
+        ShowWindow(first, SW_HIDE);
+        EXPECT_EQ(GetFocus(), parent);
+        SetFocus(second);
+        DestroyWindow(second);
+        EXPECT_EQ(GetFocus(), parent);
+    });
+}
+
+TEST(Windows, EnablingTellsOnlyWhatChanges) {
+    kit::RunAsProgram([] {
+        const HWND window = MakeLiving("W", WS_OVERLAPPEDWINDOW);
+        TakeLife();
+        EXPECT_FALSE(EnableWindow(window, TRUE)) << "it was not disabled";
+        EXPECT_EQ(TakeLife(), "");
+        EXPECT_FALSE(EnableWindow(window, FALSE));
+        EXPECT_EQ(TakeLife(), "W:enable");
+        EXPECT_TRUE(EnableWindow(window, TRUE));
+        EXPECT_EQ(TakeLife(), "W:enable");
+    });
+}
+
+TEST(Windows, AreFoundByClassAndTitleInAnyCase) {
+    kit::RunAsProgram([] {
+        const HWND window = MakeLiving("Wanted", WS_OVERLAPPEDWINDOW);
+        EXPECT_EQ(FindWindowA("life", nullptr), window) << "also when it is not shown";
+        EXPECT_EQ(FindWindowA("Life", "wanted"), window);
+        EXPECT_EQ(FindWindowA("Life", "other"), nullptr);
+        EXPECT_EQ(FindWindowA("No such class", nullptr), nullptr);
+        DestroyWindow(window);
+        EXPECT_EQ(FindWindowA("Life", nullptr), nullptr);
+    });
+}
+
+TEST(Windows, ShowingAndVisibilityGoByTheParentsToo) {
+    kit::RunAsProgram([] {
+        const HWND parent = MakeLiving("P", WS_OVERLAPPEDWINDOW);
+        const HWND child = MakeLiving("C", WS_CHILD | WS_VISIBLE, parent);
+        EXPECT_FALSE(IsWindowVisible(child));
+        EXPECT_FALSE(ShowWindow(parent, SW_SHOW)) << "it was hidden";
+        EXPECT_TRUE(IsWindowVisible(child));
+        EXPECT_TRUE(ShowWindow(parent, SW_HIDE)) << "it was shown";
+        EXPECT_FALSE(IsWindowVisible(child));
+    });
+}
+
+TEST(Windows, TopmostIsAStyleThatPlacingSetsAndClears) {
+    kit::RunAsProgram([] {
+        const HWND window = MakeLiving("W", WS_OVERLAPPEDWINDOW);
+        const auto isTopmost = [window] {
+            return (GetWindowLongPtrA(window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+        };
+        EXPECT_FALSE(isTopmost());
+        SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+        EXPECT_TRUE(isTopmost());
+        SetWindowPos(window, HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+        EXPECT_FALSE(isTopmost());
+    });
+}
+
+TEST(Windows, TheProgramsLimitBoundsTheSize) {
+    kit::RunAsProgram([] {
+        const auto procedure = [](HWND window, UINT message, WPARAM wParam,
+                                  LPARAM lParam) -> LRESULT {
+            if (message != WM_GETMINMAXINFO)
+                return DefWindowProcA(window, message, wParam, lParam);
+            auto& info = *reinterpret_cast<MINMAXINFO*>(lParam);
+            info.ptMaxTrackSize = {300, 120};
+            return 0;
+        };
+        WNDCLASSA windowClass{};
+        windowClass.lpfnWndProc = +procedure;
+        windowClass.hInstance = GetModuleHandleA(nullptr);
+        windowClass.lpszClassName = "Limited";
+        ASSERT_NE(RegisterClassA(&windowClass), 0);
+        EXPECT_EQ(RegisterClassA(&windowClass), 0) << "a class is registered once";
+        const HWND window =
+            CreateWindowExA(0, "Limited", "", WS_OVERLAPPEDWINDOW, 0, 0, CW_USEDEFAULT, 0, nullptr,
+                            nullptr, windowClass.hInstance, nullptr);
+        SetWindowPos(window, nullptr, 0, 0, 2000, 2000, SWP_NOMOVE | SWP_NOZORDER);
+        RECT rect;
+        GetWindowRect(window, &rect);
+        EXPECT_EQ(rect.right - rect.left, 300);
+        EXPECT_EQ(rect.bottom - rect.top, 120);
+        SetWindowPos(window, nullptr, 0, 0, 150, 80, SWP_NOMOVE | SWP_NOZORDER);
+        GetWindowRect(window, &rect);
+        EXPECT_EQ(rect.right - rect.left, 150) << "smaller is free";
+    });
+}
+
+}  // namespace
