@@ -9,8 +9,7 @@
 int main(int argc, char** argv) {
     const char* start = argc > 1 ? argv[1] : "0";
     QApplication application(argc, argv);
-    vxd::QtScreen screen;
-    vxd::InstallScreen(screen);
+    vxd::InstallScreen(*new vxd::QtScreen);  // for good, as the utility has it
     vxd::qt::OnFirstPaint([start] { ReportFirstPaint(start); });
     char commandLine[] = "";
     return WinMain(GetModuleHandleA(nullptr), nullptr, commandLine, SW_SHOWNORMAL);

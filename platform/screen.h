@@ -134,8 +134,8 @@ class Screen {
     virtual void SetCheck(WidgetId id, int check) = 0;
     virtual void SetDefaultLook(WidgetId id, bool isDefault) = 0;
 
-    // Edits, and combo boxes that have one. Positions count bytes of the text. An edit that the core
-    // refuses, or cuts, is answered with the text and the selection as they are to be.
+    // Edits, and combo boxes that have one. Positions count bytes of the text. An edit that the
+    // core refuses, or cuts, is answered with the text and the selection as they are to be.
     virtual void SetReadOnly(WidgetId id, bool readOnly) = 0;
     virtual void SetTextSelection(WidgetId id, int start, int end) = 0;
 

@@ -2,7 +2,8 @@
 set -euo pipefail
 
 # Debian's names of what the project is built from.
-build_packages=(g++ cmake ninja-build googletest llvm qt6-base-dev libgl-dev)
+build_packages=(g++ cmake ninja-build googletest llvm qt6-base-dev libgl-dev
+    fonts-dejavu-core)
 bench_packages=(libbenchmark-dev)
 
 say() { printf '== %s\n' "$*"; }

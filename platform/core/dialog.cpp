@@ -107,12 +107,18 @@ HWND MakeDialog(HINSTANCE instance, const DialogTemplate& made, HWND owner, DLGP
     return handle;
 }
 
+// Shows the dialog when everything that waited at its start has been dealt with.
 void RunModalLoop(HWND handle) {
-    for (;;) {
+    for (bool shown = false;;) {
         const Window* dialog = FindWindowOf(handle);
         if (dialog == nullptr || dialog->dialog->ended)
             return;
         MSG message;
+        if (!shown && !PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE)) {
+            shown = true;
+            ShowWindow(handle, SW_SHOWNORMAL);
+            continue;
+        }
         if (!GetMessageA(&message, nullptr, 0, 0)) {
             // The program is to end: the loop around this one must hear of it too.
             PostQuitMessage(static_cast<int>(message.wParam));
@@ -165,8 +171,6 @@ INT_PTR RunDialog(HINSTANCE instance, const DialogTemplate& dialogTemplate, HWND
     dialog->dialog->owner = top;
     dialog->dialog->ownerWasEnabled = ownerWasEnabled;
     ModalDialogs().push_back(handle);
-    if (!dialog->dialog->ended)
-        ShowWindow(handle, SW_SHOWNORMAL);
     RunModalLoop(handle);
     std::erase(ModalDialogs(), handle);
     dialog = FindWindowOf(handle);
@@ -181,17 +185,19 @@ INT_PTR RunDialog(HINSTANCE instance, const DialogTemplate& dialogTemplate, HWND
     return result;
 }
 
-void DefaultButtonFollowsFocus(Window& focused) {
-    const Window* dialog = focused.parent;
+void DefaultButtonFollows(const Window& control) {
+    const Window* dialog = control.parent;
     if (dialog == nullptr || dialog->dialog == nullptr)
         return;
     constexpr LRESULT kPushButton = DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON;
-    const bool onButton = (Call(focused, WM_GETDLGCODE, 0, 0) & kPushButton) != 0;
-    for (Window* child : dialog->children) {
-        if ((Call(*child, WM_GETDLGCODE, 0, 0) & kPushButton) != 0)
-            CurrentScreen().SetDefaultLook(
-                child->Widget(),
-                onButton ? child == &focused : child->id == dialog->dialog->defaultId);
+    const auto isPushButton = [](const Window& window) {
+        return (SendMessageA(window.handle, WM_GETDLGCODE, 0, 0) & kPushButton) != 0;
+    };
+    const int wanted = isPushButton(control) ? control.id : dialog->dialog->defaultId;
+    for (const Window* child : dialog->children) {
+        if (isPushButton(*child))
+            SendMessageA(child->handle, BM_SETSTYLE,
+                         child->id == wanted ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
     }
 }
 
@@ -201,6 +207,8 @@ void FocusByKey(Window& control) {
     SetFocus(handle);
     if (selects)
         SendMessageA(handle, EM_SETSEL, 0, -1);
+    if (const Window* still = FindWindowOf(handle); still != nullptr)
+        DefaultButtonFollows(*still);
 }
 
 std::string DescribeModalBox() {
@@ -237,6 +245,12 @@ BOOL WINAPI EndDialog(HWND handle, INT_PTR result) {
     // The owner must be enabled before the dialog goes, or the desktop would activate another
     // program's window in its place.
     vxd::EnableOwner(*dialog->dialog);
+    if (const Window* focus = FindWindowOf(GetFocus());
+        focus != nullptr && vxd::IsInside(*focus, *dialog))
+        SetFocus(handle);
+    if (dialog = FindWindowOf(handle); dialog == nullptr)
+        return TRUE;
+    vxd::TakeFromScreen(*dialog);
     // Lets the dialog's loop see the mark even when nothing else happens.
     PostMessageA(handle, WM_NULL, 0, 0);
     return TRUE;
@@ -281,8 +295,9 @@ LRESULT WINAPI DefDlgProcA(HWND handle, UINT message, WPARAM wParam, LPARAM lPar
                                                   : 0;
         case DM_SETDEFID:
             dialog->dialog->defaultId = static_cast<int>(wParam);
-            if (Window* focus = FindWindowOf(GetFocus()); focus != nullptr)
-                vxd::DefaultButtonFollowsFocus(*focus);
+            if (const Window* button = FindWindowOf(GetDlgItem(handle, dialog->dialog->defaultId));
+                button != nullptr)
+                vxd::DefaultButtonFollows(*button);
             return TRUE;
         case WM_ERASEBKGND:
             return TRUE;

@@ -18,9 +18,9 @@ INT_PTR RunDialog(HINSTANCE instance, const DialogTemplate& dialogTemplate, HWND
 Rect FromDialogUnits(const Rect& units);
 Rect ToDialogUnits(const Rect& pixels);
 
-// In a dialog box the push button that has the focus looks like the default button; without one
-// the true default button does.
-void DefaultButtonFollowsFocus(Window& focused);
+// Makes the push button that a person has gone to the one that Enter presses; behind any other
+// control that is the dialog's own default button again.
+void DefaultButtonFollows(const Window& control);
 // The controls of a dialog that belong to one group with the given one and can take the focus.
 std::vector<Window*> GroupOf(const Window& control);
 // Gives the focus to a dialog's control as keys do: an edit gets its whole text selected.

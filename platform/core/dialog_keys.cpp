@@ -135,19 +135,25 @@ void SendCommand(const Window& dialog, int id) {
 }
 
 void PressEnter(Window& dialog, Window* focus) {
-    if (focus != nullptr && (DialogCode(*focus) & kPushButtonCodes) != 0) {
+    const HWND handle = dialog.handle;
+    const LRESULT focused = focus != nullptr ? DialogCode(*focus) : 0;
+    if ((focused & DLGC_DEFPUSHBUTTON) != 0) {
         SendCommand(dialog, focus->id);
         return;
     }
-    const LRESULT answer = SendMessageA(dialog.handle, DM_GETDEFID, 0, 0);
+    const LRESULT answer = SendMessageA(handle, DM_GETDEFID, 0, 0);
     if (HIWORD(answer) != DC_HASDEFID) {
         SendCommand(dialog, IDOK);
         return;
     }
     const int id = static_cast<SHORT>(LOWORD(answer));
-    const Window* button = FindWindowOf(GetDlgItem(dialog.handle, id));
-    if (button == nullptr || button->IsEnabled())
-        SendCommand(dialog, id);
+    const HWND button = GetDlgItem(handle, id);
+    // An edit of several lines goes there first.
+    if ((focused & DLGC_WANTALLKEYS) != 0)
+        SendMessageA(handle, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(button), TRUE);
+    if (const Window* still = FindWindowOf(handle);
+        still != nullptr && (button == nullptr || IsWindowEnabled(button)))
+        SendCommand(*still, id);
 }
 
 // Handles the key unless the focused control wants it for itself; whether it was handled.

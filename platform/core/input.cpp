@@ -56,7 +56,11 @@ void Dropped(WidgetId combo, bool dropped) {
 }
 
 void Focused(WidgetId id) {
-    Queue(id, [](Window& window) { SetFocus(window.handle); });
+    Queue(id, [id](Window& window) {
+        SetFocus(window.handle);
+        if (const Window* focused = FindWindowOf(ToHandle<HWND>(id)); focused != nullptr)
+            DefaultButtonFollows(*focused);
+    });
 }
 
 void Activated(WidgetId window, bool active) {

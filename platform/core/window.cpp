@@ -179,10 +179,25 @@ Window* Successor(const Window& going) {
     return nullptr;
 }
 
-void LeaveFocus(const Window& window) {
+bool HasFocusInside(const Window& window) {
     const Window* focus = FindWindowOf(TheDesk().focus);
-    if (focus != nullptr && IsInside(*focus, window))
+    return focus != nullptr && IsInside(*focus, window);
+}
+
+// Takes the focus from a window and all in it. Its heir may refuse it.
+void LeaveFocus(HWND handle, HWND heir) {
+    const Window* window = FindWindowOf(handle);
+    if (window == nullptr || !HasFocusInside(*window))
+        return;
+    SetFocus(heir);
+    if (window = FindWindowOf(handle); window != nullptr && HasFocusInside(*window))
         SetFocus(nullptr);
+}
+
+void SetVisible(Window& window, bool visible) {
+    window.style =
+        visible ? window.style | WS_VISIBLE : window.style & ~static_cast<DWORD>(WS_VISIBLE);
+    CurrentScreen().SetVisible(window.Widget(), visible);
 }
 
 }  // namespace
@@ -275,6 +290,13 @@ void MenuBarChanged(Window& window) {
     ClientResized(window);
     if (window.placed)
         SendPlacement(window, true, true);
+}
+
+void TakeFromScreen(Window& window) {
+    if (window.IsVisible())
+        SetVisible(window, false);
+    if (TheDesk().active == window.handle)
+        Activate(Successor(window));
 }
 
 HWND FocusedWindow() {
@@ -464,7 +486,11 @@ HWND WINAPI CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR title, DWORD
         return abandon();
     }
     window.placed = true;
-    vxd::SendPlacement(window, true, true);
+    // Overlapped windows hear of their first place when they are shown.
+    if ((style & (WS_CHILD | WS_POPUP)) != 0)
+        vxd::SendPlacement(window, true, true);
+    else
+        window.placementDue = true;
     if (FindWindowOf(handle) != nullptr && (style & WS_VISIBLE) != 0)
         ShowWindow(handle, SW_SHOW);
     return FindWindowOf(handle) != nullptr ? handle : nullptr;
@@ -477,9 +503,12 @@ BOOL WINAPI DestroyWindow(HWND handle) {
     window->destroying = true;
     if (!window->IsChild())
         vxd::DestroyOwned(handle);
-    ShowWindow(handle, SW_HIDE);
-    if (window = FindWindowOf(handle); window != nullptr)
-        vxd::LeaveFocus(*window);
+    // Only children are told that they are hidden.
+    if (window->IsChild())
+        ShowWindow(handle, SW_HIDE);
+    else
+        vxd::TakeFromScreen(*window);
+    vxd::LeaveFocus(handle, nullptr);
     vxd::TellDestruction(handle);
     if (window = FindWindowOf(handle); window != nullptr) {
         vxd::CurrentScreen().Destroy(window->Widget());
@@ -503,20 +532,23 @@ BOOL WINAPI ShowWindow(HWND handle, int showCommand) {
         window = FindWindowOf(handle);
         if (window == nullptr)
             return was;
-        window->style =
-            show ? window->style | WS_VISIBLE : window->style & ~static_cast<DWORD>(WS_VISIBLE);
         if (show && window->control == nullptr)
             InvalidateRect(handle, nullptr, TRUE);
-        vxd::CurrentScreen().SetVisible(window->Widget(), show);
+        vxd::SetVisible(*window, show);
     }
     if (window->IsChild()) {
         if (!show)
-            vxd::LeaveFocus(*window);
-    } else if (show) {
-        vxd::Activate(window);
-    } else if (TheDesk().active == handle) {
-        vxd::Activate(vxd::Successor(*window));
+            vxd::LeaveFocus(handle, window->parent->handle);
+        return was;
     }
+    if (!show) {
+        vxd::TakeFromScreen(*window);
+        return was;
+    }
+    vxd::Activate(window);
+    if (window = FindWindowOf(handle);
+        window != nullptr && std::exchange(window->placementDue, false))
+        vxd::SendPlacement(*window, true, true);
     return was;
 }
 
@@ -542,7 +574,7 @@ BOOL WINAPI EnableWindow(HWND handle, BOOL enable) {
     }
     vxd::CurrentScreen().SetEnabled(window->Widget(), enable != FALSE);
     if (!enable)
-        vxd::LeaveFocus(*window);
+        vxd::LeaveFocus(handle, nullptr);
     if (Window* still = FindWindowOf(handle); still != nullptr)
         vxd::Call(*still, WM_ENABLE, static_cast<WPARAM>(enable != FALSE), 0);
     return wasDisabled;
@@ -746,7 +778,6 @@ HWND WINAPI SetFocus(HWND handle) {
         return previous;
     vxd::TopLevelOf(*window).lastFocus = handle;
     vxd::CurrentScreen().SetFocus(window->Widget());
-    vxd::DefaultButtonFollowsFocus(*window);
     vxd::Call(*window, WM_SETFOCUS, reinterpret_cast<WPARAM>(losing), 0);
     return previous;
 }

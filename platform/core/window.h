@@ -81,7 +81,8 @@ struct Window {
     Pixels pixels;
     HWND lastFocus = nullptr;  // of a top-level window: who had the focus when it was active
     bool destroying = false;
-    bool placed = false;  // has got its first WM_SIZE and WM_MOVE
+    bool placed = false;        // is told of new places by WM_SIZE and WM_MOVE
+    bool placementDue = false;  // will be told of its first place when it is shown
     std::unique_ptr<Control> control;
     std::unique_ptr<DialogState> dialog;
 
@@ -113,6 +114,9 @@ void Place(Window& window, const Rect& rect);
 void PlacedByScreen(Window& window, const Rect& before);
 // The menu bar may have changed its height, and with it the client area.
 void MenuBarChanged(Window& window);
+
+// Hides a top-level window without telling it, and gives up being active.
+void TakeFromScreen(Window& window);
 
 HWND FocusedWindow();
 // Whether a top-level window is the active one is told by the screen or by ShowWindow.

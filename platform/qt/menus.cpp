@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
+#include <QStyleOptionMenuItem>
 #include <algorithm>
 
 #include "platform/qt/text.h"
@@ -98,6 +99,13 @@ class MenuRows::Row : public QMenuBar {
         if (event->key() == Qt::Key_Left && active != nullptr && active == all.first())
             return GoOn(event, -1);
         QMenuBar::keyPressEvent(event);
+    }
+
+    // Some styles mark an entry only while its menu is open.
+    void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override {
+        QMenuBar::initStyleOption(option, action);
+        if (hasFocus() && option->state.testFlag(QStyle::State_Selected))
+            option->state |= QStyle::State_Sunken;
     }
 
   private:

@@ -17,8 +17,6 @@ class Surface : public QWidget {
     Surface(WidgetId id, WidgetKind kind, QWidget* parent, Report& report);
 
     void Draw(const Pixels& pixels, const Rect& changed);
-    // Whether the core has drawn at all.
-    bool HasPixels() const { return !image_.isNull(); }
 
   protected:
     bool event(QEvent* event) override;

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QElapsedTimer>
 #include <QIcon>
 #include <QWindow>
 
@@ -106,15 +107,20 @@ class Frame : public QWidget {
     bool focusNextPrevChild(bool) override { return false; }
 
   private:
-    // The first showing of a window and of each new size is the core's own painting.
+    // A window that is shown, or has a new size, is painted by the core anyway. X tells of either
+    // more than once, in quick succession.
     void ReportExposure(const QExposeEvent& event) {
+        constexpr int kSettling = 300;  // milliseconds
+        if (std::exchange(exposedSize_, size()) != size())
+            sinceNewSize_.start();
+        if (!sinceNewSize_.hasExpired(kSettling))
+            return;
         QT_WARNING_PUSH
         QT_WARNING_DISABLE_DEPRECATED
         const QRect area = event.region().boundingRect();
         QT_WARNING_POP
-        const bool knownSize = std::exchange(exposedSize_, size()) == size();
         const QRect lost = client_->geometry().intersected(area).translated(-client_->pos());
-        if (knownSize && !lost.isEmpty() && client_->HasPixels())
+        if (!lost.isEmpty())
             report_(input::Uncovered, id_, FromQt(lost));
     }
 
@@ -136,7 +142,8 @@ class Frame : public QWidget {
     std::unique_ptr<Surface> client_;  // dialogs have none: their area is the frame's own
     std::unique_ptr<MenuRows> menu_;
     QRect placed_;
-    QSize exposedSize_;  // invalid until the window's first exposure
+    QSize exposedSize_;  // invalid until the desktop shows the window
+    QElapsedTimer sinceNewSize_;
 };
 
 TopLevel::TopLevel(const WidgetSetup& setup, QWidget* owner, Report& report)

@@ -58,6 +58,8 @@ UINT SignOf(HWND box) {
             (GetWindowLongPtrA(child, GWL_STYLE) & SS_TYPEMASK) != SS_ICON)
             continue;
         const LRESULT icon = SendMessageA(child, STM_GETICON, 0, 0);
+        if (icon == 0)
+            continue;  // the place of a sign that was not asked for
         for (const Sign& sign : signs) {
             if (icon == reinterpret_cast<LRESULT>(LoadIconA(nullptr, sign.icon)))
                 return sign.flag;
@@ -85,7 +87,7 @@ UINT ButtonsOf(HWND box) {
 template <typename Condition>
 bool WaitUntil(Condition condition) {
     const auto start = std::chrono::steady_clock::now();
-    while (!OnUserInterface(condition)) {
+    while (!condition()) {
         if (std::chrono::steady_clock::now() - start > kLongestWait)
             return false;
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
@@ -249,8 +251,10 @@ Dialog FrontDialog() {
 Dialog WaitForDialog(const std::string& caption) {
     HWND found = nullptr;
     const bool came = WaitUntil([&] {
-        found = FrontDialogHandle();
-        return found != nullptr && TextOf(found) == caption;
+        return OnUserInterface([&] {
+            found = FrontDialogHandle();
+            return found != nullptr && TextOf(found) == caption;
+        });
     });
     EXPECT_TRUE(came) << "\"" << caption << "\" does not open; " << InFront();
     return Dialog(came ? found : nullptr);
@@ -265,8 +269,11 @@ void MeetBox(const std::string& title, const std::string& text, int answer,
     EXPECT_EQ(BoxStyle(box), style.value_or(BoxStyle(box)));
     // Windows gives an OK that stands alone the number of Cancel.
     box.Press(answer == IDOK && box.Control(IDOK) == nullptr ? IDCANCEL : answer);
-    EXPECT_TRUE(WaitUntil([&box] { return !IsWindow(box.Handle()); }))
-        << "the box \"" << title << "\" stays open";
+    // A program that has ended takes no steps, and has no box.
+    EXPECT_TRUE(WaitUntil([&box] {
+        return !OnUserInterface([&box] { return IsWindow(box.Handle()) != 0; });
+    })) << "the box \""
+        << title << "\" stays open";
 }
 
 void ExpectNoBox() {

@@ -90,26 +90,20 @@ TEST_F(Buttons, WhatHasNoMarkKeepsNone) {
     }
     Send(IDC_MANUAL, BM_SETCHECK, BST_INDETERMINATE);
     EXPECT_EQ(Send(IDC_MANUAL, BM_GETCHECK), BST_CHECKED) << "it has two states";
-    EXPECT_EQ(OnUserInterface([&] {
-                  return IsDlgButtonChecked(dialog_.Shown().Handle(), IDC_MANUAL);
-              }),
-              UINT{BST_CHECKED});
+    EXPECT_EQ(
+        OnUserInterface([&] { return IsDlgButtonChecked(dialog_.Shown().Handle(), IDC_MANUAL); }),
+        UINT{BST_CHECKED});
 }
 
-TEST_F(Buttons, AHiddenRadioButtonCanBeClicked) {
-    OnUserInterface([&] { ShowWindow(dialog_.Shown().Control(IDC_MIDDLE), SW_HIDE); });
-    EXPECT_EQ(Click(IDC_MIDDLE), Code(IDC_MIDDLE, BN_CLICKED));
-    EXPECT_TRUE(dialog_.Shown().IsChecked(IDC_MIDDLE));
-}
-
-TEST_F(Buttons, AClickMovesTheFocusAndADisabledButtonTakesNone) {
-    Click(IDC_PUSH);
+TEST_F(Buttons, AClickMovesTheFocus) {
+    EXPECT_EQ(Click(IDC_PUSH), Code(IDC_PUSH, BN_CLICKED));
     EXPECT_EQ(dialog_.Shown().FocusedId(), IDC_PUSH);
+}
+
+TEST_F(Buttons, MessagesFromTheProgramWorkOnADisabledOne) {
     OnUserInterface([&] { EnableWindow(dialog_.Shown().Control(IDC_LEFT), FALSE); });
-    EXPECT_EQ(Click(IDC_LEFT), "");
-    EXPECT_EQ(dialog_.Shown().FocusedId(), IDC_PUSH);
     Send(IDC_LEFT, BM_SETCHECK, BST_CHECKED);
-    EXPECT_TRUE(dialog_.Shown().IsChecked(IDC_LEFT)) << "messages from the program still work";
+    EXPECT_TRUE(dialog_.Shown().IsChecked(IDC_LEFT));
 }
 
 }  // namespace

@@ -40,48 +40,45 @@ TEST(DialogStart, AListTellsThatItTakesTheFocusAfterInitialisation) {
 }
 
 TEST(DialogStart, AControlThatInitialisationDisablesIsPassedOver) {
-    RecordedDialog dialog(
-        IDD_KEYS, "Keys",
-        {.act = [](HWND window) { EnableWindow(GetDlgItem(window, IDC_LINE), FALSE); }});
+    RecordedDialog dialog(IDD_KEYS, "Keys", {.act = [](HWND window) {
+                              EnableWindow(GetDlgItem(window, IDC_LINE), FALSE);
+                          }});
     EXPECT_EQ(dialog.Shown().FocusedId(), IDC_PLAIN_LINES);
 }
 
 TEST(DialogStart, FocusSetInInitialisationStaysWhenItAnswersFalse) {
-    RecordedDialog dialog(
-        IDD_KEYS, "Keys",
-        {.answer = FALSE, .act = [](HWND window) { SetFocus(GetDlgItem(window, IDC_CHECK)); }});
+    RecordedDialog dialog(IDD_KEYS, "Keys", {.answer = FALSE, .act = [](HWND window) {
+                                                 SetFocus(GetDlgItem(window, IDC_CHECK));
+                                             }});
     EXPECT_EQ(dialog.Shown().FocusedId(), IDC_CHECK);
+}
+
+int RunDialog(int templateId, DLGPROC procedure, LPARAM parameter = 0) {
+    return static_cast<int>(DialogBoxParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(templateId),
+                                            nullptr, procedure, parameter));
+}
+
+// Ends at once; sets the bool that its parameter points to when it is shown all the same.
+INT_PTR CALLBACK EndingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG) {
+        SetWindowLongPtrA(window, DWLP_USER, lParam);
+        EndDialog(window, 42);
+    }
+    if (message == WM_SHOWWINDOW && wParam != 0)
+        *reinterpret_cast<bool*>(GetWindowLongPtrA(window, DWLP_USER)) = true;
+    return TRUE;
 }
 
 TEST(DialogStart, EndedInInitialisationItIsNeverShown) {
     bool shown = false;
-    const auto end =
-        kit::StartProgram([&shown] {
-            const auto procedure = [](HWND window, UINT message, WPARAM wParam,
-                                      LPARAM lParam) -> INT_PTR {
-                if (message == WM_INITDIALOG)
-                    EndDialog(window, 42);
-                if (message == WM_SHOWWINDOW && wParam != 0)
-                    *reinterpret_cast<bool*>(GetWindowLongPtrA(window, DWLP_USER)) = true;
-                if (message == WM_INITDIALOG)
-                    SetWindowLongPtrA(window, DWLP_USER, lParam);
-                return TRUE;
-            };
-            return static_cast<int>(DialogBoxParamA(GetModuleHandleA(nullptr),
-                                                    MAKEINTRESOURCEA(IDD_BARE), nullptr, +procedure,
-                                                    reinterpret_cast<LPARAM>(&shown)));
-        }).get();
-    EXPECT_EQ(end, 42);
+    kit::RunAsProgram([&shown] {
+        EXPECT_EQ(RunDialog(IDD_BARE, EndingProcedure, reinterpret_cast<LPARAM>(&shown)), 42);
+    });
     EXPECT_FALSE(shown);
 }
 
 TEST(DialogStart, AMissingTemplateGivesMinusOne) {
-    const auto procedure = [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR { return FALSE; };
-    EXPECT_EQ(kit::StartProgram([&] {
-                  return static_cast<int>(DialogBoxParamA(
-                      GetModuleHandleA(nullptr), MAKEINTRESOURCEA(999), nullptr, +procedure, 0));
-              }).get(),
-              -1);
+    kit::RunAsProgram([] { EXPECT_EQ(RunDialog(999, EndingProcedure), -1); });
 }
 
 TEST(DialogStart, AControlNumberedMinusOneIsFoundLikeAnyOther) {
@@ -102,21 +99,19 @@ TEST(DialogEnd, TheFocusedControlLosesTheFocusAtOnceAndTheDialogGoesAfterwards) 
     EXPECT_EQ(dialog.TakeNotifications(), "destroyed");
 }
 
+INT_PTR CALLBACK QuittingProcedure(HWND, UINT message, WPARAM, LPARAM) {
+    if (message == WM_INITDIALOG)
+        PostQuitMessage(7);
+    return message == WM_INITDIALOG;
+}
+
 TEST(DialogEnd, WmQuitEndsTheLoopAndIsPostedAgain) {
-    const auto procedure = [](HWND, UINT message, WPARAM, LPARAM) -> INT_PTR {
-        if (message == WM_INITDIALOG)
-            PostQuitMessage(7);
-        return message == WM_INITDIALOG;
-    };
-    EXPECT_EQ(kit::StartProgram([&] {
-                  DialogBoxParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_BARE), nullptr,
-                                  +procedure, 0);
-                  MSG message;
-                  return GetMessageA(&message, nullptr, 0, 0) == 0
-                             ? static_cast<int>(message.wParam)
-                             : -1;
-              }).get(),
-              7);
+    kit::RunAsProgram([] {
+        RunDialog(IDD_BARE, QuittingProcedure);
+        MSG message;
+        EXPECT_FALSE(GetMessageA(&message, nullptr, 0, 0));
+        EXPECT_EQ(message.wParam, 7u);
+    });
 }
 
 TEST(DialogEnd, TheCloseBoxSendsCancelAndTheProgramDecides) {
@@ -129,31 +124,33 @@ TEST(DialogEnd, TheCloseBoxSendsCancelAndTheProgramDecides) {
     EXPECT_EQ(dialog.Result(), 5);
 }
 
-TEST(Owners, AModalDialogDisablesItsOwnerAndTheOwnerIsEnabledWhenItEnds) {
-    std::vector<bool> enabled;
-    kit::RunAsProgram([&enabled] {
-        const auto outer = [](HWND window, UINT message, WPARAM, LPARAM lParam) -> INT_PTR {
-            const auto inner = [](HWND box, UINT innerMessage, WPARAM, LPARAM list) -> INT_PTR {
-                if (innerMessage != WM_INITDIALOG)
-                    return FALSE;
-                auto& states = *reinterpret_cast<std::vector<bool>*>(list);
-                states.push_back(IsWindowEnabled(GetParent(box)) != 0);
-                EndDialog(box, 1);
-                return TRUE;
-            };
-            if (message != WM_INITDIALOG)
-                return FALSE;
-            // A child given as owner stands for its dialog.
-            DialogBoxParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_BARE),
-                            GetDlgItem(window, IDC_LINE), +inner, lParam);
-            reinterpret_cast<std::vector<bool>*>(lParam)->push_back(IsWindowEnabled(window) != 0);
-            EndDialog(window, 0);
-            return TRUE;
-        };
-        DialogBoxParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_KEYS), nullptr, +outer,
-                        reinterpret_cast<LPARAM>(&enabled));
-    });
-    EXPECT_EQ(enabled, (std::vector<bool>{false, true}));
+// Whether the outer dialog is enabled while the inner one starts, and behind its end.
+std::vector<bool>& Enabled() {
+    static std::vector<bool> enabled;
+    return enabled;
+}
+
+INT_PTR CALLBACK InnerProcedure(HWND dialog, UINT message, WPARAM, LPARAM) {
+    if (message != WM_INITDIALOG)
+        return FALSE;
+    Enabled().push_back(IsWindowEnabled(GetParent(dialog)) != 0);
+    EndDialog(dialog, 1);
+    return TRUE;
+}
+
+INT_PTR CALLBACK OuterProcedure(HWND dialog, UINT message, WPARAM, LPARAM) {
+    if (message != WM_INITDIALOG)
+        return FALSE;
+    DialogBoxParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_BARE),
+                    GetDlgItem(dialog, IDC_LINE), InnerProcedure, 0);
+    Enabled().push_back(IsWindowEnabled(dialog) != 0);
+    EndDialog(dialog, 0);
+    return TRUE;
+}
+
+TEST(Owners, AChildGivenAsOwnerStandsForItsDialogWhichIsDisabledMeanwhile) {
+    kit::RunAsProgram([] { RunDialog(IDD_KEYS, OuterProcedure); });
+    EXPECT_EQ(Enabled(), (std::vector<bool>{false, true}));
 }
 
 // What an owner and its dialog are told, in order.
@@ -168,13 +165,20 @@ LRESULT CALLBACK OwnerProcedure(HWND window, UINT message, WPARAM wParam, LPARAM
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
-INT_PTR CALLBACK OwnedProcedure(HWND dialog, UINT message, WPARAM, LPARAM) {
+INT_PTR CALLBACK OwnedProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
     switch (message) {
         case WM_INITDIALOG:
             Story() += "initialised, ";
             PostMessageA(dialog, WM_APP, 0, 0);
             return TRUE;
         case WM_APP:
+            Story() += IsWindowVisible(dialog) ? "shown, " : "not yet shown, ";
+            return TRUE;
+        case WM_SHOWWINDOW:
+            if (wParam != 0)
+                PostMessageA(dialog, WM_APP + 1, 0, 0);
+            return FALSE;
+        case WM_APP + 1:
             Story() += IsWindowVisible(dialog) ? "shown, " : "hidden, ";
             EndDialog(dialog, 1);
             Story() += IsWindowVisible(dialog) ? "shown, " : "hidden, ";
@@ -187,6 +191,7 @@ INT_PTR CALLBACK OwnedProcedure(HWND dialog, UINT message, WPARAM, LPARAM) {
     }
 }
 
+// What waits when a dialog starts comes before it is shown.
 TEST(Owners, AreEnabledBeforeTheDialogIsHiddenAndDestroyedAndBecomeActive) {
     kit::RunAsProgram([] {
         WNDCLASSA windowClass{};
@@ -200,7 +205,8 @@ TEST(Owners, AreEnabledBeforeTheDialogIsHiddenAndDestroyedAndBecomeActive) {
         DialogBoxParamA(windowClass.hInstance, MAKEINTRESOURCEA(IDD_BARE), owner, OwnedProcedure,
                         0);
         EXPECT_EQ(Story(),
-                  "owner disabled, initialised, shown, owner enabled, hidden, destroyed");
+                  "owner disabled, initialised, not yet shown, shown, owner enabled, hidden, "
+                  "destroyed");
         EXPECT_EQ(GetActiveWindow(), owner);
     });
 }

@@ -6,6 +6,7 @@
 
 #include "tests/kit/user_interface.h"
 #include "tests/platform/dialogs.h"
+#include "tests/platform/difference.h"
 #include "tests/platform/recorder.h"
 
 namespace {
@@ -49,8 +50,11 @@ TEST_F(Edits, ProgramTextIgnoresTheLimitAndTypingObeysIt) {
     dialog_.Shown().Type(IDC_LINE, "wxyz");
     EXPECT_EQ(dialog_.Shown().Text(IDC_LINE), "wxy");
     const std::string changed = Changed(IDC_LINE);
-    EXPECT_EQ(dialog_.TakeNotifications(),
-              changed + " " + changed + " " + changed + " " + Code(IDC_LINE, EN_MAXTEXT));
+    const std::string told = dialog_.TakeNotifications();
+    EXPECT_TRUE(kit::HoldsExceptOn(
+        WindowSystem::kWine, "tells of a change also when nothing fits, which Windows does not",
+        told == changed + " " + changed + " " + changed + " " + Code(IDC_LINE, EN_MAXTEXT)))
+        << told;
 }
 
 TEST_F(Edits, OnlyASingleLineTellsOfTextThatTheProgramSets) {
@@ -88,8 +92,8 @@ TEST_F(Edits, KeysMoveTheCaretAndDelete) {
         WPARAM key;
         const char* text;
         int caret;
-    } steps[] = {{VK_END, "abc", 3},   {VK_LEFT, "abc", 2},  {VK_DELETE, "ab", 2},
-                 {VK_DELETE, "ab", 2}, {VK_HOME, "ab", 0},   {VK_LEFT, "ab", 0},
+    } steps[] = {{VK_END, "abc", 3},   {VK_LEFT, "abc", 2}, {VK_DELETE, "ab", 2},
+                 {VK_DELETE, "ab", 2}, {VK_HOME, "ab", 0},  {VK_LEFT, "ab", 0},
                  {VK_RIGHT, "ab", 1},  {VK_DELETE, "a", 1}};
     for (const auto& step : steps) {
         dialog_.Shown().Key(step.key);

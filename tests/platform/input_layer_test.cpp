@@ -114,6 +114,17 @@ TEST(Input, AClickOnTheSelectedRowTellsTheProgramAgain) {
     });
 }
 
+// It is none of the controls that a walk through its group meets, so the walk must know its end.
+TEST(Input, AHiddenRadioButtonCanBeClicked) {
+    kit::StartProgram([] {
+        const HWND radio = MakeControl(MakeWindow(), "Button", BS_AUTORADIOBUTTON);
+        ShowWindow(radio, SW_HIDE);
+        SendMessageA(radio, BM_CLICK, 0, 0);
+        EXPECT_EQ(SendMessageA(radio, BM_GETCHECK, 0, 0), BST_CHECKED);
+        return 0;
+    }).get();
+}
+
 TEST(Input, WaitsForACallerThatTakesIt) {
     RunOnUserInterface([] {
         const HWND window = MakeWindow();

@@ -5,6 +5,7 @@
 
 #include "tests/kit/user_interface.h"
 #include "tests/platform/dialogs.h"
+#include "tests/platform/difference.h"
 #include "tests/platform/recorder.h"
 
 namespace {
@@ -33,6 +34,9 @@ class DialogKeys : public testing::Test {
     std::string Press(WPARAM key) {
         dialog_.TakeNotifications();
         dialog_.Shown().Key(key);
+        // What the key makes a control post, too.
+        for (int settled = 0; settled < 2; ++settled)
+            kit::RunStep([] {});
         return dialog_.TakeNotifications();
     }
 
@@ -51,7 +55,12 @@ TEST_F(DialogKeys, EscapeDoesNothingWhileTheCancelButtonIsDisabled) {
                         dialog_.Shown().Handle(), reinterpret_cast<HMENU>(INT_PTR{IDCANCEL}),
                         nullptr, nullptr);
     });
-    EXPECT_EQ(Press(VK_ESCAPE), "");
+    const std::string told = Press(VK_ESCAPE);
+    EXPECT_TRUE(kit::HoldsExceptOn(WindowSystem::kWine,
+                                   "sends the command of a button that cannot be pressed; no "
+                                   "dialog of the utility has one",
+                                   told.empty()))
+        << told;
     OnUserInterface([&] { EnableWindow(dialog_.Shown().Control(IDCANCEL), TRUE); });
     EXPECT_EQ(Press(VK_ESCAPE), Pressed(IDCANCEL));
 }

@@ -6,6 +6,7 @@
 
 #include "tests/kit/user_interface.h"
 #include "tests/platform/dialogs.h"
+#include "tests/platform/difference.h"
 #include "tests/platform/recorder.h"
 
 namespace {
@@ -168,13 +169,16 @@ TEST_F(Lists, TypingIntoAComboBoxIsToldAndObeysItsLimit) {
     dialog_.Shown().Type(IDC_COMBO, "");
     dialog_.TakeNotifications();
     for (const char character : {'a', 'b', 'c', 'd'})
-        OnUserInterface([&] {
-            SendMessageA(GetFocus(), WM_CHAR, static_cast<WPARAM>(character), 0);
-        });
+        OnUserInterface(
+            [&] { SendMessageA(GetFocus(), WM_CHAR, static_cast<WPARAM>(character), 0); });
     EXPECT_EQ(dialog_.Shown().Text(IDC_COMBO), "abc");
     const std::string typed =
         Code(IDC_COMBO, CBN_EDITUPDATE) + " " + Code(IDC_COMBO, CBN_EDITCHANGE);
-    EXPECT_EQ(dialog_.TakeNotifications(), typed + " " + typed + " " + typed);
+    const std::string told = dialog_.TakeNotifications();
+    EXPECT_TRUE(kit::HoldsExceptOn(
+        WindowSystem::kWine, "tells of a change also when nothing fits, which Windows does not",
+        told == typed + " " + typed + " " + typed))
+        << told;
     EXPECT_EQ(Send(IDC_COMBO, CB_GETCURSEL), CB_ERR);
 }
 
@@ -242,9 +246,8 @@ INT_PTR CALLBACK LookingProcedure(HWND dialog, UINT message, WPARAM wParam, LPAR
 
 TEST(ComboBoxes, TheEditShowsTheOldTextWhileAChoiceIsTold) {
     auto program = kit::StartProgram([] {
-        return static_cast<int>(DialogBoxParamA(GetModuleHandleA(nullptr),
-                                                MAKEINTRESOURCEA(IDD_LISTS), nullptr,
-                                                LookingProcedure, 0));
+        return static_cast<int>(DialogBoxParamA(
+            GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_LISTS), nullptr, LookingProcedure, 0));
     });
     const kit::Dialog dialog = kit::WaitForDialog("Lists");
     OnUserInterface([&] {

@@ -118,9 +118,8 @@ void ChooseBy(std::initializer_list<WPARAM> keys) {
         windowClass.hInstance = GetModuleHandleA(nullptr);
         windowClass.lpszClassName = "Choosing";
         RegisterClassA(&windowClass);
-        const HWND window =
-            CreateWindowExA(0, "Choosing", "", WS_OVERLAPPEDWINDOW, 0, 0, 200, 100, nullptr,
-                            nullptr, windowClass.hInstance, nullptr);
+        const HWND window = CreateWindowExA(0, "Choosing", "", WS_OVERLAPPEDWINDOW, 0, 0, 200, 100,
+                                            nullptr, nullptr, windowClass.hInstance, nullptr);
         ShowWindow(window, SW_SHOW);
         for (const WPARAM key : keys)
             PostMessageA(window, WM_KEYDOWN, key, 0);

@@ -136,8 +136,8 @@ TEST(Queue, LookingLeavesAMessageThereAndARangeTakesOnlyItsOwn) {
         PostMessageA(window, kFirstMessage, 7, 8);
         PostMessageA(window, kFirstMessage + 1, 0, 0);
         MSG message;
-        EXPECT_TRUE(PeekMessageA(&message, window, kFirstMessage + 1, kFirstMessage + 1,
-                                 PM_NOREMOVE));
+        EXPECT_TRUE(
+            PeekMessageA(&message, window, kFirstMessage + 1, kFirstMessage + 1, PM_NOREMOVE));
         EXPECT_EQ(message.message, kFirstMessage + 1);
         EXPECT_TRUE(PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE));
         EXPECT_EQ(message.message, kFirstMessage);

@@ -39,7 +39,7 @@ std::string Controls(const kit::RecordedDialog& dialog) {
 TEST(DialogTemplate, AnExtendedOneMakesItsControlsInOrder) {
     const kit::RecordedDialog dialog(IDD_KEYS, "Keys");
     EXPECT_EQ(Controls(dialog),
-              "Edit 201 '' stop\n"
+              "Edit 201 '' stop group\n"
               "Edit 202 '' stop\n"
               "Edit 203 '' stop\n"
               "Button 211 '&A' stop group\n"

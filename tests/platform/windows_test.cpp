@@ -32,7 +32,6 @@ LRESULT CALLBACK LivingProcedure(HWND window, UINT message, WPARAM wParam, LPARA
                                    Name{WM_MOVE, "move"},           Name{WM_SETFOCUS, "setfocus"},
                                    Name{WM_KILLFOCUS, "killfocus"}, Name{WM_DESTROY, "destroy"},
                                    Name{WM_NCDESTROY, "ncdestroy"}, Name{WM_ENABLE, "enable"}};
-    const LRESULT result = DefWindowProcA(window, message, wParam, lParam);
     for (const Name& name : kNames) {
         std::array<char, 2> title{};
         if (name.message != message)
@@ -43,7 +42,7 @@ LRESULT CALLBACK LivingProcedure(HWND window, UINT message, WPARAM wParam, LPARA
             GetWindowTextA(window, title.data(), static_cast<int>(title.size()));
         Life().push_back(std::string(title.data()) + ":" + name.name);
     }
-    return result;
+    return DefWindowProcA(window, message, wParam, lParam);
 }
 
 HWND MakeLiving(const char* title, DWORD style, HWND parent = nullptr) {
@@ -71,8 +70,7 @@ TEST(Windows, AreToldOfTheirMakingShowingAndEndInOrder) {
         SetWindowPos(parent, nullptr, 40, 40, 180, 140, SWP_NOZORDER);
         EXPECT_EQ(TakeLife(), "") << "nothing changes";
         DestroyWindow(parent);
-        EXPECT_EQ(TakeLife(),
-                  "P:show P:killfocus P:destroy C:destroy C:ncdestroy P:ncdestroy");
+        EXPECT_EQ(TakeLife(), "P:killfocus P:destroy C:destroy C:ncdestroy P:ncdestroy");
     });
 }
 
@@ -166,18 +164,17 @@ TEST(Windows, TopmostIsAStyleThatPlacingSetsAndClears) {
     });
 }
 
+LRESULT CALLBACK LimitingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_GETMINMAXINFO)
+        return DefWindowProcA(window, message, wParam, lParam);
+    reinterpret_cast<MINMAXINFO*>(lParam)->ptMaxTrackSize = {300, 120};
+    return 0;
+}
+
 TEST(Windows, TheProgramsLimitBoundsTheSize) {
     kit::RunAsProgram([] {
-        const auto procedure = [](HWND window, UINT message, WPARAM wParam,
-                                  LPARAM lParam) -> LRESULT {
-            if (message != WM_GETMINMAXINFO)
-                return DefWindowProcA(window, message, wParam, lParam);
-            auto& info = *reinterpret_cast<MINMAXINFO*>(lParam);
-            info.ptMaxTrackSize = {300, 120};
-            return 0;
-        };
         WNDCLASSA windowClass{};
-        windowClass.lpfnWndProc = +procedure;
+        windowClass.lpfnWndProc = LimitingProcedure;
         windowClass.hInstance = GetModuleHandleA(nullptr);
         windowClass.lpszClassName = "Limited";
         ASSERT_NE(RegisterClassA(&windowClass), 0);

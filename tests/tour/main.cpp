@@ -16,8 +16,10 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    vxd::QtScreen screen;
+    auto& screen = *new vxd::QtScreen;  // for good, as the utility has it
     vxd::InstallScreen(screen);
     tour::SetPictureFolder(argc > 1 ? argv[1] : "tour");
-    return kit::RunTests();
+    const int result = kit::RunTests();
+    screen.Retire();
+    return result;
 }

@@ -192,9 +192,7 @@ class ComboBox : public BasicControl {
             MoveCaret(key);
             return;
         }
-        const int row = rows_.RowForKey(key);
-        if (row != rows_.Selected())
-            Choose(row);
+        Choose(rows_.RowForKey(key));
     }
 
     void MoveCaret(WPARAM key) {
@@ -207,9 +205,7 @@ class ComboBox : public BasicControl {
 
     void Type(char character) {
         if (!HasEdit()) {
-            const int row = rows_.RowForCharacter(character);
-            if (row != rows_.Selected())
-                Choose(row);
+            Choose(rows_.RowForCharacter(character));
             return;
         }
         const std::string before = edit_.Text();

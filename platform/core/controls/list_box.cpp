@@ -24,10 +24,10 @@ class ListBox : public BasicControl {
                 TellIfAsked(LBN_KILLFOCUS);
                 return 0;
             case WM_KEYDOWN:
-                Choose(rows_.RowForKey(wParam));
+                OnRowChosen(rows_.RowForKey(wParam));
                 return 0;
             case WM_CHAR:
-                Choose(rows_.RowForCharacter(static_cast<char>(wParam)));
+                OnRowChosen(rows_.RowForCharacter(static_cast<char>(wParam)));
                 return 0;
             case LB_ADDSTRING:
                 return rows_.Add(text);
@@ -65,7 +65,7 @@ class ListBox : public BasicControl {
         }
     }
 
-    // A click counts even on the row that is selected already.
+    // A choice counts even when it is the row that is selected already.
     void OnRowChosen(int row) override {
         if (!rows_.HasRow(row))
             return;
@@ -83,14 +83,6 @@ class ListBox : public BasicControl {
     void TellIfAsked(int code) {
         if (Has(LBS_NOTIFY))
             Tell(code);
-    }
-
-    // A choice by key, which the program hears of unless the row was selected already.
-    void Choose(int row) {
-        if (!rows_.HasRow(row) || row == rows_.Selected())
-            return;
-        rows_.Select(row);
-        TellIfAsked(LBN_SELCHANGE);
     }
 
     LRESULT SelectText(LRESULT after, LPCSTR text) {

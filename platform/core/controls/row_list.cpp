@@ -107,7 +107,7 @@ int RowList::RowForKey(WPARAM key) const {
     switch (key) {
         case VK_UP:
         case VK_LEFT:
-            return std::max(0, selected_ - 1);
+            return std::min(last, std::max(0, selected_ - 1));
         case VK_DOWN:
         case VK_RIGHT:
             return std::min(last, selected_ + 1);
@@ -120,7 +120,7 @@ int RowList::RowForKey(WPARAM key) const {
         case VK_NEXT:
             return std::min(last, selected_ + kRowsOfAPage);
         default:
-            return selected_;
+            return -1;
     }
 }
 

@@ -39,7 +39,7 @@ class RowList {
     LRESULT FindPrefix(LRESULT after, std::string_view text) const;
     LRESULT FindExact(LRESULT after, std::string_view text) const;
 
-    // The row that a movement key leads to; the selected one for any other key.
+    // The row that a movement key leads to; -1 for any other key and in an empty list.
     int RowForKey(WPARAM key) const;
     // Takes in a typed character and gives the row it leads to, -1 for none. Letters typed soon
     // after each other are looked for together; the same letter again leads to the next such row.

@@ -1,0 +1,62 @@
+# Windows on this machine: what compiles for it, and Wine, which runs it. Sourced behind common.sh.
+
+windows_packages=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix cmake ninja-build googletest)
+wine_packages=(wine wine64 xvfb)
+
+# Exports of a DLL, by name.
+exports_of() {
+    x86_64-w64-mingw32-objdump -p "$1" |
+        sed -n '/^\[Ordinal\/Name Pointer\] Table/,/^$/s/^\t.* //p' | sort
+}
+
+# Programs find the driver libraries' operations by their plain names, on 32-bit Windows too.
+check_exports() {
+    local preset=$1 pair library declared
+    for pair in PAPI:papi KORA_DLL32:kora_dll32; do
+        library=${pair%:*}
+        declared=$(sed -n 's/.*WINAPI \([A-Za-z0-9_]*\)(.*/\1/p' "$top/driver/${pair#*:}.h" | sort)
+        if ! diff <(echo "$declared") <(exports_of "$top/build/$preset/bin/$library.dll"); then
+            say "$preset: $library.dll does not export what its header declares"
+            return 1
+        fi
+    done
+    say "$preset: PAPI.dll and KORA_DLL32.dll export every operation under its plain name"
+}
+
+# A new Windows on a display of its own. Both are gone when the script ends.
+start_wine() {
+    wine_folder=$(mktemp -d)
+    trap stop_wine EXIT
+    say "starting Wine"
+    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp \
+        3>"$wine_folder/display" 2>"$wine_folder/xvfb.log" &
+    wine_display=$!
+    local waited
+    for ((waited = 0; waited < 100; ++waited)); do
+        [ -s "$wine_folder/display" ] && break
+        sleep 0.1
+    done
+    DISPLAY=:$(cat "$wine_folder/display")
+    export DISPLAY WINEPREFIX=$wine_folder/prefix
+    local wine=$top/scripts/wine
+    "$wine" wineboot --init
+    # Windows lie on a desktop that Wine draws, frames and all, and that stays between programs:
+    # the first window of each would otherwise have to wait for a new one.
+    local desktop='HKCU\Software\Wine\Explorer'
+    "$wine" reg add "$desktop" /v Desktop /d vxdtest /f >/dev/null
+    "$wine" reg add "$desktop\\Desktops" /v vxdtest /d 1280x1024 /f >/dev/null
+    wineserver -p
+    "$wine" explorer /desktop=vxdtest,1280x1024 >/dev/null 2>&1 &
+}
+
+stop_wine() {
+    wineserver -k 2>/dev/null || true
+    kill "$wine_display" 2>/dev/null || true
+    wait
+    rm -rf "$wine_folder"
+}
+
+# Whether this machine's Wine runs what a preset builds; 32-bit programs need a Wine of their own.
+wine_runs() {
+    "$top/scripts/wine" "$top/build/$1/bin/board_tests.exe" --gtest_list_tests >/dev/null 2>&1
+}
