@@ -456,6 +456,8 @@ HWND WINAPI CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR title, DWORD
     vxd::Size maximum;
     if (vxd::HasSizableFrame(window)) {
         maximum = vxd::MaximumSize(window);
+        if (FindWindowOf(handle) == nullptr)
+            return nullptr;
         window.rect.width = std::min(window.rect.width, maximum.width);
         window.rect.height = std::min(window.rect.height, maximum.height);
     }
