@@ -17,8 +17,12 @@ struct Argument {
     Argument(int32_t argument) : kind(Kind::Value), value(static_cast<uint32_t>(argument)) {}
     Argument(const char* argument) : kind(Kind::Text), text(argument ? argument : "") {}
     Argument(const void* argument)
-        : kind(Kind::Address),
-          value(static_cast<uint32_t>(reinterpret_cast<uintptr_t>(argument))) {}
+        : kind(Kind::Address), value(static_cast<uint32_t>(reinterpret_cast<uintptr_t>(argument))) {
+        // Only an absent address reads as 0, also where another one's low half is 0.
+        if (argument && value == 0) {
+            value = 1;
+        }
+    }
 
     Kind kind;
     uint32_t value = 0;  // of an address the low 32 bits: all of a window's handle, 0 where absent

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cstring>
 
 #include "board/state.h"
@@ -61,12 +62,15 @@ ResultCode ReceiveMonitorBytes(State& state, const MonitorReceiveBlock& block) {
     std::array<uint8_t, kTransmitBytes + 1> answer;
     std::memcpy(answer.data(), FromSlot<const void>(block.transmitData), kTransmitBytes);
     answer[kTransmitBytes] = device->identification;
-    auto* buffer = FromSlot<volatile uint8_t>(block.receiveBuffer);
+    auto* buffer = FromSlot<uint8_t>(block.receiveBuffer);
     state.schedule.After(state.monitor.answersAfter, [=](State& later) {
         if (!IsActive(later, *device)) {
             return;
         }
-        std::ranges::copy(answer, buffer);
+        // The utility may look at its buffer at any time.
+        for (size_t i = 0; i < answer.size(); ++i) {
+            std::atomic_ref(buffer[i]).store(answer[i], std::memory_order_relaxed);
+        }
         ++later.monitor.answers;
         if (later.monitor.window) {
             later.outbox.messages.push_back({later.monitor.window, kBytesReceived});

@@ -10,6 +10,8 @@
 #pragma once
 
 #ifdef _WIN32
+// Without what else Windows' header would bring, names like "byte" among it.
+#define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 #else
 
@@ -20,7 +22,6 @@
 // Everything here has the C calling convention; only 32-bit Windows knows another one.
 #define WINAPI
 #define CALLBACK
-#define APIENTRY WINAPI
 
 #define TRUE 1
 #define FALSE 0
@@ -166,7 +167,6 @@ typedef struct tagMINMAXINFO {
 #define WM_SETFOCUS 0x0007
 #define WM_KILLFOCUS 0x0008
 #define WM_ENABLE 0x000A
-#define WM_SETREDRAW 0x000B
 #define WM_SETTEXT 0x000C
 #define WM_GETTEXT 0x000D
 #define WM_GETTEXTLENGTH 0x000E
@@ -179,7 +179,6 @@ typedef struct tagMINMAXINFO {
 #define WM_NEXTDLGCTL 0x0028
 #define WM_SETFONT 0x0030
 #define WM_GETFONT 0x0031
-#define WM_WINDOWPOSCHANGED 0x0047
 #define WM_CONTEXTMENU 0x007B
 #define WM_NCCREATE 0x0081
 #define WM_NCDESTROY 0x0082
@@ -194,10 +193,7 @@ typedef struct tagMINMAXINFO {
 #define WM_COMMAND 0x0111
 #define WM_SYSCOMMAND 0x0112
 #define WM_TIMER 0x0113
-#define WM_HSCROLL 0x0114
-#define WM_VSCROLL 0x0115
 #define WM_INITMENUPOPUP 0x0117
-#define WM_MOUSEMOVE 0x0200
 #define WM_LBUTTONDOWN 0x0201
 #define WM_LBUTTONUP 0x0202
 #define WM_LBUTTONDBLCLK 0x0203
@@ -222,8 +218,6 @@ typedef struct tagMINMAXINFO {
 #define WS_SYSMENU 0x00080000
 #define WS_HSCROLL 0x00100000
 #define WS_VSCROLL 0x00200000
-#define WS_DLGFRAME 0x00400000
-#define WS_BORDER 0x00800000
 #define WS_CAPTION 0x00C00000
 #define WS_DISABLED 0x08000000
 #define WS_VISIBLE 0x10000000
@@ -231,7 +225,6 @@ typedef struct tagMINMAXINFO {
 #define WS_POPUP 0x80000000u
 #define WS_OVERLAPPEDWINDOW \
     (WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX)
-#define WS_EX_DLGMODALFRAME 0x00000001
 #define WS_EX_TOPMOST 0x00000008
 #define CW_USEDEFAULT ((int)0x80000000)
 #define HWND_TOP ((HWND)0)
@@ -240,7 +233,6 @@ typedef struct tagMINMAXINFO {
 #define SWP_NOSIZE 0x0001
 #define SWP_NOMOVE 0x0002
 #define SWP_NOZORDER 0x0004
-#define SWP_NOACTIVATE 0x0010
 #define SW_HIDE 0
 #define SW_SHOWNORMAL 1
 #define SW_SHOW 5
@@ -264,13 +256,9 @@ typedef struct tagMINMAXINFO {
 #define DS_ABSALIGN 0x0001
 #define DS_SETFONT 0x0040
 #define DS_MODALFRAME 0x0080
-#define DS_NOIDLEMSG 0x0100
 #define DS_CENTER 0x0800
 #define IDOK 1
 #define IDCANCEL 2
-#define IDABORT 3
-#define IDRETRY 4
-#define IDIGNORE 5
 #define IDYES 6
 #define IDNO 7
 #define MB_OK 0x0000
@@ -330,7 +318,6 @@ typedef struct tagMINMAXINFO {
 #define BN_CLICKED 0
 
 // Edit.
-#define ES_LEFT 0x0000
 #define ES_MULTILINE 0x0004
 #define ES_UPPERCASE 0x0008
 #define ES_AUTOVSCROLL 0x0040
@@ -353,7 +340,6 @@ typedef struct tagMINMAXINFO {
 // List box.
 #define LBS_NOTIFY 0x0001
 #define LBS_SORT 0x0002
-#define LBS_NOINTEGRALHEIGHT 0x0100
 #define LB_ADDSTRING 0x0180
 #define LB_INSERTSTRING 0x0181
 #define LB_DELETESTRING 0x0182
@@ -370,7 +356,6 @@ typedef struct tagMINMAXINFO {
 #define LB_FINDSTRINGEXACT 0x01A2
 #define LB_OKAY 0
 #define LB_ERR (-1)
-#define LB_ERRSPACE (-2)
 #define LBN_SELCHANGE 1
 #define LBN_DBLCLK 2
 #define LBN_SETFOCUS 4
@@ -412,7 +397,6 @@ typedef struct tagMINMAXINFO {
 #define CBN_DROPDOWN 7
 #define CBN_CLOSEUP 8
 #define CBN_SELENDOK 9
-#define CBN_SELENDCANCEL 10
 
 // Menus.
 #define MF_BYCOMMAND 0x0000

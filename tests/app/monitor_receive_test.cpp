@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <atomic>
 #include <chrono>
 #include <thread>
 
@@ -19,7 +20,13 @@ using Bytes = std::array<uint8_t, 3>;
 constexpr Bytes kNothing{0xFF, 0xFF, 0xFF};
 
 Bytes Received() {
-    return kit::OnUserInterface([] { return MonitorRxBytes(); });
+    return kit::OnUserInterface([] {
+        Bytes seen;
+        // The board may be writing.
+        for (std::size_t i = 0; i < seen.size(); ++i)
+            seen[i] = std::atomic_ref(MonitorRxBytes()[i]).load();
+        return seen;
+    });
 }
 
 class MonitorReceive : public testing::Test {
