@@ -21,7 +21,7 @@ Handler& TheHandler() {
 LRESULT CALLBACK HandlingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (TheHandler())
         TheHandler()(window, message, wParam);
-    return DefWindowProcA(window, message, wParam, lParam);
+    return message == WM_NCCREATE ? TRUE : DefWindowProcA(window, message, wParam, lParam);
 }
 
 HWND Make(HWND parent, const char* className = "Handling", DWORD style = 0) {
@@ -64,6 +64,20 @@ TEST(Destruction, AChildDestroysItsSiblingWhileTheParentGoes) {
             EXPECT_TRUE(DestroyWindow(parent));
             EXPECT_FALSE(IsWindow(parent) || IsWindow(children[0]) || IsWindow(children[1]));
         }
+    });
+}
+
+TEST(Destruction, AChildThatGoesTakesItsParentAlong) {
+    RunOnUserInterface([] {
+        const HWND parent = MakeShown(nullptr);
+        const HWND child = MakeShown(parent);
+        const HWND sibling = MakeShown(parent);
+        TheHandler() = [&](HWND window, UINT message, WPARAM) {
+            if (message == WM_DESTROY && window == child)
+                DestroyWindow(parent);
+        };
+        EXPECT_TRUE(DestroyWindow(child));
+        EXPECT_FALSE(IsWindow(parent) || IsWindow(child) || IsWindow(sibling));
     });
 }
 

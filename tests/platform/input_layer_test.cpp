@@ -117,10 +117,14 @@ TEST(Input, AClickOnTheSelectedRowTellsTheProgramAgain) {
 // It is none of the controls that a walk through its group meets, so the walk must know its end.
 TEST(Input, AHiddenRadioButtonCanBeClicked) {
     kit::StartProgram([] {
-        const HWND radio = MakeControl(MakeWindow(), "Button", BS_AUTORADIOBUTTON);
+        const HWND window = MakeWindow();
+        const HWND radio = MakeControl(window, "Button", BS_AUTORADIOBUTTON);
+        const HWND shown = MakeControl(window, "Button", BS_AUTORADIOBUTTON);
+        SendMessageA(shown, BM_SETCHECK, BST_CHECKED, 0);
         ShowWindow(radio, SW_HIDE);
         SendMessageA(radio, BM_CLICK, 0, 0);
         EXPECT_EQ(SendMessageA(radio, BM_GETCHECK, 0, 0), BST_CHECKED);
+        EXPECT_EQ(SendMessageA(shown, BM_GETCHECK, 0, 0), BST_UNCHECKED);
         return 0;
     }).get();
 }
