@@ -15,14 +15,14 @@ function(compile_resources target script)
     endif()
 
     get_filename_component(name ${script} NAME_WE)
-    set(input "${CMAKE_CURRENT_SOURCE_DIR}/${script}")
     set(compiled "${CMAKE_CURRENT_BINARY_DIR}/${name}.res")
     set(embedded "${CMAKE_CURRENT_BINARY_DIR}/${name}_res.cpp")
     set(embedder "${PROJECT_SOURCE_DIR}/cmake/EmbedResources.cmake")
-    resource_compiler_commands(${input} ${compiled} commands)
+    resource_compiler_commands("${CMAKE_CURRENT_SOURCE_DIR}/${script}" ${name}.res commands)
     add_custom_command(
         OUTPUT ${compiled}
         ${commands}
+        WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}
         DEPENDS ${script} ${RESOURCES_DEPENDS}
         COMMENT "Compiling resources ${script}"
         VERBATIM)
@@ -36,8 +36,10 @@ function(compile_resources target script)
     target_link_libraries(${target} PUBLIC platform)
 endfunction()
 
-# The command lines that make a .res file of a script. The project's own C compiler preprocesses
-# it: both resource compilers would otherwise look for one particular compiler by name.
+# The command lines that make a .res file, named within the working folder, of a script. The
+# project's own C compiler preprocesses it: both resource compilers would otherwise look for one
+# particular compiler by name. llvm-rc takes a slash for the sign of an option, so what it reads is
+# named within the working folder too: under /c... or /v... a whole path would not be a file's name.
 function(resource_compiler_commands input output result)
     find_program(LLVM_RC NAMES llvm-rc llvm-rc-14 llvm-rc-15 llvm-rc-16 llvm-rc-17 llvm-rc-18
                                llvm-rc-19)
