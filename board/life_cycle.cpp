@@ -53,6 +53,11 @@ const char* LifeCycle::Describe() const {
 
 namespace {
 
+// In the order of the steps.
+constexpr std::array<ResultCode (LifeCycle::*)(), 5> kSteps = {
+    &LifeCycle::Initialize, &LifeCycle::Terminate, &LifeCycle::Reset, &LifeCycle::Activate,
+    &LifeCycle::Deactivate};
+
 void ResetFirstIsac(State& state) {
     state.hardware.isacs[0] = IsacAtPowerOn();
 }
@@ -93,7 +98,7 @@ ResultCode NeedUp(const State& state, Service service) {
 }
 
 ResultCode TakeStep(State& state, Service service, Step step) {
-    const ResultCode result = (state.services.lifeCycles[service].*step)();
+    const ResultCode result = (state.services.lifeCycles[service].*kSteps[step])();
     const ServiceEntry& entry = kServices[static_cast<size_t>(service)];
     if (result == VXD_SUCCESS && step == kReset && entry.reset) {
         entry.reset(state);

@@ -100,13 +100,8 @@ class LifeCycles {
 // VXD_CONFIGURATION_NOT_SET while the service is down.
 ResultCode NeedUp(const State& state, Service service);
 
-// A step of a life cycle.
-using Step = ResultCode (LifeCycle::*)();
-inline constexpr Step kInitialize = &LifeCycle::Initialize;
-inline constexpr Step kTerminate = &LifeCycle::Terminate;
-inline constexpr Step kReset = &LifeCycle::Reset;
-inline constexpr Step kActivate = &LifeCycle::Activate;
-inline constexpr Step kDeactivate = &LifeCycle::Deactivate;
+// A step of a life cycle. Not the member function's address: on Windows each library has its own.
+enum Step { kInitialize, kTerminate, kReset, kActivate, kDeactivate };
 
 // Takes a service one step through its life cycle.
 ResultCode TakeStep(State& state, Service service, Step step);

@@ -22,33 +22,37 @@ void Worker::Attend() {
     }
     static StopAtProcessEnd stopAtProcessEnd;
     if (!thread_.joinable()) {
-        thread_ = std::jthread([this](const std::stop_token& stop) { Run(stop); });
+        thread_ = std::thread([this, turn = turn_] { Run(turn); });
     }
     changed_.notify_all();
 }
 
 void Worker::Stop() {
-    std::jthread ending;
-    std::lock_guard lock(TheSimulation().lock);
-    TheSimulation().state.schedule = {};
-    std::swap(ending, thread_);
-    // The lock is given back first, then `ending` stops and joins the thread.
+    std::thread ending;
+    {
+        std::lock_guard lock(TheSimulation().lock);
+        TheSimulation().state.schedule = {};
+        ++turn_;
+        std::swap(ending, thread_);
+    }
+    changed_.notify_all();
+    if (ending.joinable()) {
+        ending.join();
+    }
 }
 
-void Worker::Run(const std::stop_token& stop) {
+void Worker::Run(unsigned turn) {
     Simulation& simulation = TheSimulation();
     State& state = simulation.state;
     std::unique_lock lock(simulation.lock);
-    while (!stop.stop_requested()) {
+    while (turn == turn_) {
         if (state.schedule.IsEmpty()) {
-            changed_.wait(lock, stop, [&] { return !state.schedule.IsEmpty(); });
+            changed_.wait(lock);
             continue;
         }
         const Schedule::Clock::time_point next = state.schedule.NextTime();
         if (Schedule::Clock::now() < next) {
-            changed_.wait_until(lock, stop, next, [&] {
-                return state.schedule.IsEmpty() || state.schedule.NextTime() != next;
-            });
+            changed_.wait_until(lock, next);
             continue;
         }
         state.schedule.TakeNext()(state);

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <condition_variable>
-#include <stop_token>
 #include <thread>
 
 namespace board {
@@ -18,11 +17,13 @@ class Worker {
     void Stop();
 
   private:
-    void Run(const std::stop_token& stop);
+    void Run(unsigned turn);
 
-    // The board's lock guards the thread's object.
-    std::jthread thread_;
-    std::condition_variable_any changed_;
+    // The board's lock guards the thread's object and whose turn it is; a thread whose turn is over
+    // ends. Waiting for a stop token would be shorter, but MinGW's runtime loses such wake-ups.
+    std::thread thread_;
+    unsigned turn_ = 0;
+    std::condition_variable changed_;
 };
 
 }  // namespace board
