@@ -1,7 +1,7 @@
 # Windows on this machine: what compiles for it, and Wine, which runs it. Sourced behind common.sh.
 
 windows_packages=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix cmake ninja-build googletest)
-wine_packages=(wine wine64 xvfb)
+wine_packages=(wine wine64 xvfb fonts-wine)
 
 # Exports of a DLL, by name.
 exports_of() {
@@ -45,7 +45,6 @@ start_wine() {
     local desktop='HKCU\Software\Wine\Explorer'
     "$wine" reg add "$desktop" /v Desktop /d vxdtest /f >/dev/null
     "$wine" reg add "$desktop\\Desktops" /v vxdtest /d 1280x1024 /f >/dev/null
-    wineserver -p
     "$wine" explorer /desktop=vxdtest,1280x1024 >/dev/null 2>&1 &
 }
 

@@ -95,9 +95,12 @@ bool WaitUntil(Condition condition) {
     return true;
 }
 
-// Lets the program deal with everything posted so far.
+// Lets the program deal with everything posted so far and what that posts in its turn: a key may
+// ask the dialog to close, which posts its cancel button's command.
 void Settle() {
-    RunStep([] {});
+    constexpr int kLongestChain = 3;
+    for (int round = 0; round < kLongestChain; ++round)
+        RunStep([] {});
 }
 
 void Post(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -230,9 +233,7 @@ void Dialog::AltKey(char letter) const {
 }
 
 void Dialog::CloseBox() const {
-    PostMessageA(window_, WM_SYSCOMMAND, SC_CLOSE, 0);
-    Settle();
-    Settle();
+    Post(window_, WM_SYSCOMMAND, SC_CLOSE, 0);
 }
 
 LRESULT Dialog::Send(int id, UINT message, WPARAM wParam, LPARAM lParam) const {
