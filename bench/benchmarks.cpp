@@ -1,16 +1,21 @@
-// How long the utility's everyday steps take.
+// How long the utility's everyday steps take, dialogs on the screen without a display.
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <string>
 
-#include "codec/raw_command.h"
-#include "driver/papi.h"
+#include "bench/dialog_benchmarks.h"
+#include "platform/headless/headless_screen.h"
 #include "platform/win32.h"
-#include "regs/saec_browser.h"
 
 namespace {
+
+// Waits where a dialog is open and has no more to do.
+class OpenDialogSeen : public vxd::HeadlessScreen {
+  public:
+    void Wait(int /*milliseconds*/) override { DialogIsSeen(); }
+};
 
 constexpr int kPaletteKeys = 769;  // three colours of 256 entries, and the entry shown first
 
@@ -35,41 +40,6 @@ BENCHMARK_CAPTURE(StartToFirstPaint, offscreen, "vxdtest_start", "QT_QPA_PLATFOR
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 
-constexpr char kCloserClass[] = "BenchmarkCloser";
-
-// Closes the dialog of the caption that the message carries; the message waits in the queue until
-// the dialog's loop runs.
-LRESULT CALLBACK CloserProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message != WM_APP)
-        return DefWindowProcA(window, message, wParam, lParam);
-    SendMessageA(FindWindowA("#32770", reinterpret_cast<LPCSTR>(lParam)), WM_COMMAND, IDOK, 0);
-    return 0;
-}
-
-HWND MakeCloser() {
-    WNDCLASSA windowClass{};
-    windowClass.lpfnWndProc = CloserProcedure;
-    windowClass.lpszClassName = kCloserClass;
-    RegisterClassA(&windowClass);
-    return CreateWindowExA(0, kCloserClass, "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr,
-                           nullptr);
-}
-
-// With all that opening fills and reads from the board.
-void OpenAndClose(benchmark::State& state, INT_PTR (*open)(HINSTANCE, HWND), const char* caption) {
-    static const HWND closer = MakeCloser();
-    vdapi_Initialize(0);
-    for (auto _ : state) {
-        PostMessageA(closer, WM_APP, 0, reinterpret_cast<LPARAM>(caption));
-        open(GetModuleHandleA(nullptr), nullptr);
-    }
-    vdapi_Terminate();
-}
-BENCHMARK_CAPTURE(OpenAndClose, SendRawCommand, OpenRawCommand, "Send Raw Command")
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(OpenAndClose, SaecPorts, OpenSaecPorts, "Siemens AEC Ports")
-    ->Unit(benchmark::kMicrosecond);
-
 // All keys of the palette, one by one, into a file that holds them already with other values.
 void WriteThePalette(benchmark::State& state) {
     const auto file = (std::filesystem::temp_directory_path() / "vxdtest-benchmark.ini").string();
@@ -89,4 +59,10 @@ BENCHMARK(WriteThePalette)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    OpenDialogSeen screen;
+    vxd::InstallScreen(screen);
+    RegisterDialogBenchmarks();
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+}

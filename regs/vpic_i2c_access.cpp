@@ -17,18 +17,28 @@ namespace {
 // Characters of the value field that count, with the terminator.
 constexpr std::size_t kValueField = 16;
 
+struct OpenLines {
+    bool reading = false;
+};
+
 uint16_t ChosenLine(HWND dialog) {
     return IsDlgButtonChecked(dialog, IDC_VPIC_I2C_DATA) == BST_CHECKED ? VPIC_I2C_LINE_DATA
                                                                         : VPIC_I2C_LINE_CLOCK;
 }
 
-// A failed read shows 0.
+// A failed read shows 0. The box that reports it gives the focus back to the radio button when it
+// closes, which counts as a click there; taken for one, it would open the box again and again.
 void ShowLine(HWND dialog) {
+    auto& open = StateOf<OpenLines>(dialog);
+    if (open.reading)
+        return;
+    open.reading = true;
     const LowObject<uint16_t> level;
     I2cLineGetBlock block{ChosenLine(dialog), level.Address()};
     const ResultCode code = CodeOf(vdapi_Debug(TALVERO_DBG_VPIC_TR_I2C_GET, sizeof block, &block));
     SetDlgItemTextA(dialog, IDC_VPIC_I2C_VALUE, *level != 0 ? "1" : "0");
     ReportFailure(dialog, code, "vdapi_Debug: TALVERO_DBG_VPIC_TR_I2C_GET");
+    open.reading = false;
 }
 
 // Any number but 0 raises the line.
@@ -60,10 +70,10 @@ bool HandleCommand(HWND dialog, int id) {
     }
 }
 
-INT_PTR CALLBACK VpicI2cAccessProcedure(HWND dialog, UINT message, WPARAM wParam,
-                                        LPARAM /*lParam*/) {
+INT_PTR CALLBACK VpicI2cAccessProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_INITDIALOG:
+            KeepState(dialog, lParam);
             CheckRadioButton(dialog, IDC_VPIC_I2C_CLOCK, IDC_VPIC_I2C_DATA, IDC_VPIC_I2C_CLOCK);
             ShowLine(dialog);
             return TRUE;
@@ -77,5 +87,7 @@ INT_PTR CALLBACK VpicI2cAccessProcedure(HWND dialog, UINT message, WPARAM wParam
 }  // namespace
 
 INT_PTR OpenVpicI2cAccess(HINSTANCE instance, HWND owner) {
-    return RunDialog(instance, IDD_VPIC_I2C_ACCESS, owner, VpicI2cAccessProcedure);
+    OpenLines open;
+    return RunDialog(instance, IDD_VPIC_I2C_ACCESS, owner, VpicI2cAccessProcedure,
+                     reinterpret_cast<LPARAM>(&open));
 }

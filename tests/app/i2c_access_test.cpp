@@ -7,6 +7,7 @@
 #include "board/control.h"
 #include "res/resource.h"
 #include "tests/app/received_calls.h"
+#include "tests/kit/user_interface.h"
 #include "tests/kit/utility.h"
 
 namespace {
@@ -198,6 +199,20 @@ TEST_F(VpicI2cAccess, FailuresAreReportedAndAFailedReadShowsZero) {
     EXPECT_EQ(dialog.Text(IDC_VPIC_I2C_VALUE), "0");
     dialog.Key(VK_ESCAPE);
     kit::ExpectNoBox();
+}
+
+TEST_F(VpicI2cAccess, AFailureIsReportedOnceThoughTheRadioButtonIsToldOfAClickMeanwhile) {
+    const kit::Dialog dialog = Shown();
+    board::FailAlways("TALVERO_DBG_VPIC_TR_I2C_GET", VXD_HARDWARE_FAILURE);
+    dialog.Press(IDC_VPIC_I2C_DATA);
+    kit::BeginStep([window = dialog.Handle(), button = dialog.Control(IDC_VPIC_I2C_DATA)] {
+        SendMessageA(window, WM_COMMAND, MAKEWPARAM(IDC_VPIC_I2C_DATA, BN_CLICKED),
+                     reinterpret_cast<LPARAM>(button));
+    });
+    kit::MeetBox("VxD Test - Warning",
+                 "vdapi_Debug: TALVERO_DBG_VPIC_TR_I2C_GET: \nVXD_HARDWARE_FAILURE");
+    EXPECT_EQ(kit::FrontDialog().Handle(), dialog.Handle());
+    dialog.Press(IDOK);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <future>
 #include <ostream>
 #include <set>
 #include <string>
@@ -10,6 +11,7 @@
 #include <vector>
 
 #include "board/control.h"
+#include "regs/vpic_browsers.h"
 #include "res/resource.h"
 #include "tests/kit/user_interface.h"
 #include "tests/kit/utility.h"
@@ -249,6 +251,39 @@ TEST_F(OneBrowser, AListWithoutASelectionLeavesTheRowThatWasUsedLast) {
     EXPECT_EQ(IdOf(OnlyCallOf("vdapi_AUXDEV_SetField")), 5u);
 }
 
+TEST_F(OneBrowser, AFailedWriteFromTheListIsNoReasonToReadTheRowAgain) {
+    Use("VpicPorts");
+    Pick(4);
+    board::FailAlways("vdapi_VPIC_WritePort", VXD_TIMEOUT_FAILURE);
+    board::ForgetCalls();
+    dialog_.Key(VK_RETURN);  // presses "&Set", with the focus on the list
+    kit::MeetBox(kWarning, "vdapi_VPIC_WritePort: \nVXD_TIMEOUT_FAILURE");
+    EXPECT_EQ(CallsOf("vdapi_VPIC_WritePort").size(), 1u);
+    EXPECT_TRUE(CallsOf("vdapi_VPIC_ReadPort").empty());
+}
+
+TEST_F(OneBrowser, ADoubleClickShowsTheRowAnew) {
+    Use("VpicPorts");
+    Pick(4);
+    board::ForgetCalls();
+    kit::OnUserInterface([this] {
+        const HWND list = GetDlgItem(dialog_.Handle(), browser_->list);
+        SendMessageA(dialog_.Handle(), WM_COMMAND, MAKEWPARAM(browser_->list, LBN_DBLCLK),
+                     reinterpret_cast<LPARAM>(list));
+    });
+    EXPECT_EQ(IdOf(OnlyCallOf("vdapi_VPIC_ReadPort")), 0x4u);
+}
+
+TEST_F(OneBrowser, TypingARowsFirstLettersShowsIt) {
+    Use("SaecPorts");
+    const HWND list = dialog_.Control(browser_->list);
+    for (const char letter : {'r', 'e', 'v'})
+        PostMessageA(list, WM_CHAR, static_cast<WPARAM>(letter), 0);
+    EXPECT_EQ(Name(), "0x0000   REVISION                 ");
+    EXPECT_EQ(IdOf(CallsOf(browser_->read).back()), 0x20000u);
+    EXPECT_EQ(Shown(), "0x0013");
+}
+
 TEST_F(OneBrowser, ValuesAreReadBehindTheirPrefixAndCutToTheRegister) {
     struct Case {
         const char* test;
@@ -353,6 +388,17 @@ TEST_F(OneBrowser, TheFeaturesAreTheSameDialogOnBothMenus) {
     EXPECT_EQ(dialog_.Rows(browser_->list), rows);
 }
 
+TEST(RegisterBrowserResult, Is1AfterCloseAnd0AfterCancel) {
+    std::future<int> results = kit::StartProgram([] {
+        const HINSTANCE instance = GetModuleHandleA(nullptr);
+        const INT_PTR closed = OpenVpicPorts(instance, nullptr);
+        return static_cast<int>(closed * 10 + OpenVpicPorts(instance, nullptr));
+    });
+    kit::WaitForDialog("VPIC Port").Press(IDOK);
+    kit::WaitForDialog("VPIC Port").Key(VK_ESCAPE);
+    EXPECT_EQ(results.get(), 10);
+}
+
 // --- Coefficients ---
 
 TEST_F(OneBrowser, CoefficientsHaveAsManyLinesAsTheirCommandTakes) {
@@ -382,6 +428,14 @@ TEST_F(OneBrowser, MissingCoefficientsAre0AndThoseTooManyAreLeftOut) {
     Pick("TONE_FILTER                  ");
     Set("0x1\r0x2\r0x3\r0x4\r0x5");
     EXPECT_EQ(OnlyCallOf("vdapi_ARCOFI_Write").block, (Bytes{1, 2, 3, 4}));
+}
+
+TEST_F(OneBrowser, TheTabKeyLeadsFromTypedCoefficientsToSetAndLeavesThemAsTheyAre) {
+    Use("ArcofiCoefficients");
+    dialog_.Type(IDC_COEFFICIENTS_VALUES, "0x11");
+    dialog_.Key(VK_TAB);
+    EXPECT_EQ(dialog_.FocusedId(), IDC_COEFFICIENTS_SET);
+    EXPECT_EQ(Shown(), "0x11");
 }
 
 TEST_F(OneBrowser, TheCoefficientsOpenOverTheArcofisPorts) {
@@ -426,8 +480,14 @@ TEST_P(IsacChips, CanBeChosenAsTheBoardHasThem) {
 
 INSTANTIATE_TEST_SUITE_P(Boards, IsacChips,
                          testing::Values(ChipsCase{"One", "0x0110", 0, false, false},
-                                         ChipsCase{"Two", "0x0107", 0, true, false},
-                                         ChipsCase{"Three", "0x018D", 0, true, true},
+                                         ChipsCase{"TwoOn05", "0x0105", 0, true, false},
+                                         ChipsCase{"TwoOn07", "0x0107", 0, true, false},
+                                         ChipsCase{"ThreeOn1D", "0x011D", 0, true, true},
+                                         ChipsCase{"ThreeOn2D", "0x012D", 0, true, true},
+                                         ChipsCase{"ThreeOn3D", "0x013D", 0, true, true},
+                                         ChipsCase{"ThreeOn6D", "0x016D", 0, true, true},
+                                         ChipsCase{"ThreeOn7D", "0x017D", 0, true, true},
+                                         ChipsCase{"ThreeOn8D", "0x018D", 0, true, true},
                                          ChipsCase{"RoomForThree", "0x011D", 1, false, false}),
                          [](const auto& each) { return std::string(each.param.name); });
 

@@ -92,6 +92,22 @@ TEST(RegisterCatalogue, VpicBitsAreBits1To16OfPortsThatAreListed) {
     }
 }
 
+TEST(RegisterCatalogue, IsacAddressesRiseThroughTheReadableAndThenTheWriteOnlyRegisters) {
+    int falls = 0;
+    uint32_t last = 0;
+    int unpadded = 0;
+    for (const RegisterRow& row : isac::kRegisters) {
+        const uint32_t address = row.id & 0xFF;
+        falls += row.id != isac::kRegisters.front().id && address <= last;
+        last = address;
+        const std::string_view name = row.name.Text();
+        EXPECT_EQ(name.find(" - "), 5u) << name;
+        unpadded += !name.ends_with(' ');
+    }
+    EXPECT_EQ(falls, 1);
+    EXPECT_EQ(unpadded, 4) << "all others have one blank behind them";
+}
+
 TEST(RegisterCatalogue, IsacBitsAreSingleBitsOfTheRegisterThatTheirNameBeginsWith) {
     for (const RegisterRow& row : isac::kBits) {
         EXPECT_TRUE(std::has_single_bit(row.id >> 16)) << row.name.Text();

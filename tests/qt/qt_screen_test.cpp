@@ -350,6 +350,20 @@ TEST_F(FormTest, AListBoxTellsClicksAndDoubleClicks) {
     EXPECT_EQ(std::count(notices.begin(), notices.end(), Notice{IDC_LIST, LBN_DBLCLK}), 1);
 }
 
+TEST_F(FormTest, LettersTypedIntoAListBoxChooseTheRowThatBeginsWithThem) {
+    const HWND list = Control(IDC_LIST);
+    OnUserInterface([list] {
+        SendMessageA(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>("demand"));
+        SetFocus(list);
+        SendMessageA(list, LB_SETCURSEL, 0, 0);
+    });
+    TakeNotices();
+    native::Type("DEM");
+    EXPECT_EQ(form_.SelectedRow(IDC_LIST), 4);
+    const auto notices = TakeNoticesOf(IDC_LIST);
+    EXPECT_GE(std::count(notices.begin(), notices.end(), Notice{IDC_LIST, LBN_SELCHANGE}), 1);
+}
+
 TEST_F(FormTest, ArrowKeysInTheEditOfASimpleComboBoxChooseFromItsList) {
     const HWND simple = Control(IDC_SIMPLE);
     OnUserInterface([simple] {
