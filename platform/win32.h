@@ -6,7 +6,8 @@
 //
 // Threads: windows, dialogs, menus and drawing belong to the one thread that created its first
 // window. PostMessageA, SendMessageA, OutputDebugStringA and the profile, memory, module and clock
-// functions may be called from any thread. Texts are UTF-8.
+// functions may be called from any thread. Texts are UTF-8 here, and on Windows what the system is
+// set to; the project's own are ASCII.
 #pragma once
 
 #ifdef _WIN32

@@ -40,7 +40,7 @@ need_packages() {
 build_preset() {
     local preset=$1
     shift
-    if [ ! -f "$top/build/$preset/build.ninja" ]; then
+    if [ ! "$top/build/$preset/build.ninja" -nt "$top/CMakePresets.json" ]; then
         say "configuring $preset"
         (cd "$top" && cmake --preset "$preset" -Wno-dev >/dev/null)
     fi

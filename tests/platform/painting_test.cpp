@@ -48,23 +48,6 @@ TEST(Painting, ComesAgainUntilTheUpdateRegionIsTaken) {
     });
 }
 
-TEST(Windows, OwnedOnesGoWithTheirOwner) {
-    RunAsProgram([] {
-        const HWND owner = MakePlainWindow();
-        const HWND other = MakePlainWindow();
-        const auto ownedBy = [](HWND window) {
-            return CreateWindowExA(0, "Telling", "", WS_POPUP, 0, 0, 10, 10, window, nullptr,
-                                   GetModuleHandleA(nullptr), nullptr);
-        };
-        const HWND owned = ownedBy(owner);
-        const HWND ownedByOwned = ownedBy(owned);
-        EXPECT_EQ(GetWindow(owned, GW_OWNER), owner);
-        DestroyWindow(owner);
-        EXPECT_FALSE(IsWindow(owned) || IsWindow(ownedByOwned));
-        EXPECT_TRUE(IsWindow(other));
-    });
-}
-
 TEST(Painting, UpdatingPaintsAtOnceAndOnlyWhatIsDamaged) {
     RunAsProgram([] {
         const HWND window = MakePlainWindow();

@@ -3,6 +3,9 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
+#include <cstdlib>
+#include <set>
 #include <thread>
 #include <vector>
 
@@ -40,13 +43,13 @@ TEST(Queue, PaintingComesAfterPostedMessagesAndTimersComeLast) {
         const HWND window = MakePlainWindow();
         ShowWindow(window, SW_SHOW);
         Drain();
-        SetTimer(window, 1, 10, nullptr);
-        Sleep(30);
+        SetTimer(window, 1, 200, nullptr);
+        Sleep(250);
         InvalidateRect(window, nullptr, TRUE);
         PostMessageA(window, kFirstMessage, 0, 0);
         EXPECT_EQ(Drain(), (std::vector<UINT>{kFirstMessage, WM_PAINT, WM_TIMER}));
         KillTimer(window, 1);
-        Sleep(30);
+        Sleep(250);
         EXPECT_TRUE(Drain().empty());
     });
 }
@@ -55,8 +58,8 @@ TEST(Queue, MissedTimerPeriodsFallTogetherAndSettingAgainReplaces) {
     RunAsProgram([] {
         const HWND window = MakePlainWindow();
         SetTimer(window, 1, 10, nullptr);
-        SetTimer(window, 1, 20, nullptr);
-        Sleep(100);
+        SetTimer(window, 1, 200, nullptr);
+        Sleep(650);
         EXPECT_EQ(Drain(), (std::vector<UINT>{WM_TIMER}));
         EXPECT_TRUE(KillTimer(window, 1));
         EXPECT_FALSE(KillTimer(window, 1));
@@ -155,7 +158,7 @@ TEST(Queue, KillingATimerLeavesAWmTimerThatIsPosted) {
         SetTimer(window, 1, 10, nullptr);
         PostMessageA(window, WM_TIMER, 1, 0);
         KillTimer(window, 1);
-        Sleep(30);
+        Sleep(250);
         EXPECT_EQ(Drain(), std::vector<UINT>{WM_TIMER});
     });
 }

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/platform/plain_window.h"
@@ -169,6 +170,23 @@ LRESULT CALLBACK LimitingProcedure(HWND window, UINT message, WPARAM wParam, LPA
         return DefWindowProcA(window, message, wParam, lParam);
     reinterpret_cast<MINMAXINFO*>(lParam)->ptMaxTrackSize = {300, 120};
     return 0;
+}
+
+TEST(Windows, OwnedOnesGoWithTheirOwner) {
+    RunAsProgram([] {
+        const HWND owner = MakePlainWindow();
+        const HWND other = MakePlainWindow();
+        const auto ownedBy = [](HWND window) {
+            return CreateWindowExA(0, "Telling", "", WS_POPUP, 0, 0, 10, 10, window, nullptr,
+                                   GetModuleHandleA(nullptr), nullptr);
+        };
+        const HWND owned = ownedBy(owner);
+        const HWND ownedByOwned = ownedBy(owned);
+        EXPECT_EQ(GetWindow(owned, GW_OWNER), owner);
+        DestroyWindow(owner);
+        EXPECT_FALSE(IsWindow(owned) || IsWindow(ownedByOwned));
+        EXPECT_TRUE(IsWindow(other));
+    });
 }
 
 TEST(Windows, TheProgramsLimitBoundsTheSize) {
