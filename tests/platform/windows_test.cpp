@@ -173,9 +173,9 @@ LRESULT CALLBACK LimitingProcedure(HWND window, UINT message, WPARAM wParam, LPA
 }
 
 TEST(Windows, OwnedOnesGoWithTheirOwner) {
-    RunAsProgram([] {
-        const HWND owner = MakePlainWindow();
-        const HWND other = MakePlainWindow();
+    kit::RunAsProgram([] {
+        const HWND owner = kit::MakePlainWindow();
+        const HWND other = kit::MakePlainWindow();
         const auto ownedBy = [](HWND window) {
             return CreateWindowExA(0, "Telling", "", WS_POPUP, 0, 0, 10, 10, window, nullptr,
                                    GetModuleHandleA(nullptr), nullptr);
