@@ -1,5 +1,8 @@
 #include "app/monitor_receive.h"
 
+#include <algorithm>
+#include <atomic>
+
 #include "app/services/diagnostics.h"
 #include "driver/debug_command.h"
 #include "driver/low_memory.h"
@@ -11,13 +14,16 @@ namespace {
 constexpr uint16_t kReceiveRequest = 0x0101;
 constexpr uint16_t kTransmitCount = 2;
 
-constexpr std::array<uint8_t, 3> kNothingReceived = {0xFF, 0xFF, 0xFF};
+constexpr uint8_t kNothingReceived = 0xFF;
 
-// The driver uses both after the command has returned.
+// The driver uses both after the command has returned, and writes what it receives from a context
+// of its own. They never move.
 struct Buffers {
     uint32_t transmitWord = 0xA0;
-    std::array<uint8_t, 3> received = kNothingReceived;
+    std::array<std::atomic<uint8_t>, 3> received{kNothingReceived, kNothingReceived,
+                                                 kNothingReceived};
 };
+static_assert(sizeof(Buffers::received) == 3 && std::atomic<uint8_t>::is_always_lock_free);
 
 Buffers& TheBuffers() {
     static Buffers& buffers = LowForRun<Buffers>();
@@ -26,13 +32,14 @@ Buffers& TheBuffers() {
 
 }  // namespace
 
-std::array<uint8_t, 3>& MonitorRxBytes() {
-    return TheBuffers().received;
+std::array<uint8_t, 3> MonitorRxBytes() {
+    const auto& received = TheBuffers().received;
+    return {received[0], received[1], received[2]};
 }
 
 void ReceiveMonitorBytes(HWND window) {
     Buffers& buffers = TheBuffers();
-    buffers.received = kNothingReceived;
+    std::ranges::fill(buffers.received, kNothingReceived);
     MonitorReceiveBlock block{kReceiveRequest, ToSlot(&buffers.transmitWord), kTransmitCount,
                               ToSlot(buffers.received.data())};
     ReportFailure(window, CodeOf(vdapi_Debug(TALVERO_DBG_MON_TR_RCV, sizeof block, &block)),
@@ -40,6 +47,6 @@ void ReceiveMonitorBytes(HWND window) {
 }
 
 void TraceMonitorBytes() {
-    const std::array<uint8_t, 3>& bytes = MonitorRxBytes();
+    const std::array<uint8_t, 3> bytes = MonitorRxBytes();
     DbgMsg(1, "TALVERO_DBG_MON_TR_RCV: [0x%02X] [0x%02X] [0x%02X]\n", bytes[0], bytes[1], bytes[2]);
 }

@@ -10,9 +10,9 @@
 // The message, posted by the driver.
 constexpr UINT kMonitorBytesReceived = WM_USER + 1;
 
-// The driver writes into this from a context of its own; the buffer never moves. 0xFF each before
-// the first bytes.
-std::array<uint8_t, 3>& MonitorRxBytes();
+// The bytes as they stand now, while the driver may be writing; 0xFF each before the first have
+// arrived.
+std::array<uint8_t, 3> MonitorRxBytes();
 
 // Asks the driver for the next bytes and does not wait for them; a failure is reported by name.
 // User-interface thread.
