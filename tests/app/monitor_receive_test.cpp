@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <atomic>
 #include <chrono>
 #include <thread>
 
@@ -20,13 +19,7 @@ using Bytes = std::array<uint8_t, 3>;
 constexpr Bytes kNothing{0xFF, 0xFF, 0xFF};
 
 Bytes Received() {
-    return kit::OnUserInterface([] {
-        Bytes seen;
-        // The board may be writing.
-        for (std::size_t i = 0; i < seen.size(); ++i)
-            seen[i] = std::atomic_ref(MonitorRxBytes()[i]).load();
-        return seen;
-    });
+    return kit::OnUserInterface(MonitorRxBytes);
 }
 
 class MonitorReceive : public testing::Test {
