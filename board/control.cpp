@@ -91,6 +91,10 @@ void SetMonitorDelay(std::chrono::milliseconds delay) {
     Locked([=](Simulation& simulation) { simulation.state.monitor.answersAfter = delay; });
 }
 
+void SetPciAccess(uint8_t access) {
+    Locked([=](Simulation& simulation) { simulation.state.pciAccess = access; });
+}
+
 void PowerOn() {
     Locked([](Simulation& simulation) { simulation.state.PowerOn(); });
 }

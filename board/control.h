@@ -57,6 +57,10 @@ Monitor GetMonitor();
 // How long a monitor device takes to answer, from the next request on.
 void SetMonitorDelay(std::chrono::milliseconds delay);
 
+// Makes the driver read PCI configuration space with this access, whatever it is asked for; 0 for
+// what it is asked for.
+void SetPciAccess(uint8_t access);
+
 // The whole board as at power-on. The libraries stay open and keep the values they have given.
 void PowerOn();
 

@@ -69,7 +69,7 @@ constexpr auto kCommands = std::to_array<DebugCommand>({
     {TALVERO_DBG_ISAC_TR_INIT, "TALVERO_DBG_ISAC_TR_INIT", sizeof(IsacInitializeBlock),
      Handle<InitializeIsacDevice>},
     {TALVERO_DBG_ISAC_TR_TERM, "TALVERO_DBG_ISAC_TR_TERM", sizeof(DeviceBlock),
-     Handle<TakeDeviceStep<IsacDevice, kTerminate>>},
+     Handle<TerminateIsacDevice>},
     {TALVERO_DBG_ISAC_TR_RST, "TALVERO_DBG_ISAC_TR_RST", sizeof(DeviceBlock),
      Handle<TakeDeviceStep<IsacDevice, kReset>>},
     {TALVERO_DBG_ISAC_TR_IOM2_ACTV, "TALVERO_DBG_ISAC_TR_IOM2_ACTV", 0,

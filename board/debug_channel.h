@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 
 #include "driver/result_code.h"
 
@@ -16,26 +17,31 @@ struct DebugCommand {
     const char* name;
     size_t blockSize;  // 0: no block
     // Does the command's work on a block of that size; null where nothing is simulated yet.
-    ResultCode (*handle)(State& state, const void* block) = nullptr;
+    ResultCode (*handle)(State& state, void* block) = nullptr;
 };
 
 // What stands in a command's `handle`: the function that does its work, which takes the state and,
-// where the command has a block, a copy of the block as what it is.
+// where the command has a block, a copy of the block as what it is. A function that takes the copy
+// to change it changes the block.
 //     ResultCode RegisterSequencer(State& state, const SequencerRegisterBlock& block);
 //     {TALVERO_DBG_SEQ_TR_RGSTR, "...", sizeof(SequencerRegisterBlock), Handle<RegisterSequencer>}
 template <typename Block>
-ResultCode HandleCopy(ResultCode (*work)(State&, const Block&), State& state, const void* block) {
-    Block copy;
+ResultCode HandleCopy(ResultCode (*work)(State&, Block&), State& state, void* block) {
+    std::remove_const_t<Block> copy;
     std::memcpy(static_cast<void*>(&copy), block, sizeof copy);
-    return work(state, copy);
+    const ResultCode result = work(state, copy);
+    if constexpr (!std::is_const_v<Block>) {
+        std::memcpy(block, &copy, sizeof copy);
+    }
+    return result;
 }
 
-inline ResultCode HandleCopy(ResultCode (*work)(State&), State& state, const void*) {
+inline ResultCode HandleCopy(ResultCode (*work)(State&), State& state, void*) {
     return work(state);
 }
 
 template <auto kWork>
-ResultCode Handle(State& state, const void* block) {
+ResultCode Handle(State& state, void* block) {
     return HandleCopy(kWork, state, block);
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,11 +33,17 @@ std::string Number(const char* what, uint32_t value) {
     return std::string(what) + ": " + std::to_string(value);
 }
 
+std::string HexNumber(const char* what, uint32_t value) {
+    char text[11];
+    std::snprintf(text, sizeof text, "0x%X", value);
+    return std::string(what) + ": " + text;
+}
+
 void DescribeValidity(const State& state, Lines& lines) {
-    lines.push_back(Number("board revision", state.revisions.board));
-    lines.push_back(Number("VPIC revision", state.revisions.vpic));
-    lines.push_back(Number("driver revision", state.revisions.driver));
-    lines.push_back(Number("JADE revision", state.revisions.jade));
+    lines.push_back(HexNumber("board revision", state.revisions.board));
+    lines.push_back(HexNumber("VPIC revision", state.revisions.vpic));
+    lines.push_back(HexNumber("driver revision", state.revisions.driver));
+    lines.push_back(HexNumber("JADE revision", state.revisions.jade));
 }
 
 void DescribeCore(const State& state, Lines& lines) {

@@ -12,7 +12,7 @@ constexpr uint32_t kReadable = 0x200;
 constexpr uint32_t kWritable = 0x400;
 constexpr uint32_t kCopied = 0x100;
 
-constexpr std::array<uint32_t, kIsacChips> kChipCodes{1, 6, 9};
+constexpr std::array<uint32_t, kIsacChips> kChipCodes{kFirstIsacChip, 6, 9};
 
 // The low bytes of board revisions that have more than one chip.
 constexpr auto kRevisionsForTwo = std::to_array<uint8_t>({0x05, 0x07});

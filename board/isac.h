@@ -18,6 +18,9 @@ struct State;
 
 inline constexpr uint32_t kIsacChips = 3;
 
+// The code of the chip that every board has.
+inline constexpr uint16_t kFirstIsacChip = 1;
+
 // How many ISAC chips a board of that revision can have.
 uint32_t MostIsacChips(uint16_t boardRevision);
 

@@ -4,11 +4,6 @@
 #include "board/state.h"
 
 namespace board {
-namespace {
-
-constexpr uint16_t kFirstChip = 1;
-
-}  // namespace
 
 std::optional<Service> IsacDevice(uint32_t device) {
     switch (device) {
@@ -28,9 +23,22 @@ ResultCode InitializeIsacDevice(State& state, const IsacInitializeBlock& block) 
     }
     const ResultCode result = TakeStep(state, *service, kInitialize);
     if (result == VXD_SUCCESS && block.initializeChip.value) {
-        return InitializeIsacChip(state, {kFirstChip});
+        return InitializeIsacChip(state, {kFirstIsacChip});
     }
     return result;
+}
+
+ResultCode TerminateIsacDevice(State& state, const DeviceBlock& block) {
+    const ResultCode result = TakeDeviceStep<IsacDevice, kTerminate>(state, block);
+    if (!IsIom2Driven(state)) {
+        TakeStep(state, Service::Iom2, kDeactivate);
+    }
+    return result;
+}
+
+bool IsIom2Driven(const State& state) {
+    return NeedUp(state, Service::IsacMonitor) == VXD_SUCCESS ||
+           NeedUp(state, Service::IsacIsdn) == VXD_SUCCESS;
 }
 
 }  // namespace board

@@ -4,7 +4,7 @@
 // - A device is initialised with a value that KORA_DLL32 has given for it, else
 //   VXD_INVALID_PARAMETER; with the flag, the chip is initialised along.
 // - The bus is activated and deactivated while at least one device is up, else
-//   VXD_CONFIGURATION_NOT_SET.
+//   VXD_CONFIGURATION_NOT_SET, and stops with the last one.
 #pragma once
 
 #include <cstdint>
@@ -20,13 +20,15 @@ namespace board {
 std::optional<Service> IsacDevice(uint32_t device);
 
 ResultCode InitializeIsacDevice(State& state, const IsacInitializeBlock& block);
+ResultCode TerminateIsacDevice(State& state, const DeviceBlock& block);
+
+// Whether a device is up.
+bool IsIom2Driven(const State& state);
 
 // Activates or deactivates the IOM-2 bus.
 template <Step kStep>
 ResultCode TakeIom2Step(State& state) {
-    const bool driven = NeedUp(state, Service::IsacMonitor) == VXD_SUCCESS ||
-                        NeedUp(state, Service::IsacIsdn) == VXD_SUCCESS;
-    return driven ? TakeStep(state, Service::Iom2, kStep) : VXD_CONFIGURATION_NOT_SET;
+    return IsIom2Driven(state) ? TakeStep(state, Service::Iom2, kStep) : VXD_CONFIGURATION_NOT_SET;
 }
 
 }  // namespace board

@@ -5,6 +5,7 @@
 #include <atomic>
 #include <cstring>
 
+#include "board/isac.h"
 #include "board/state.h"
 #include "driver/slot.h"
 
@@ -43,7 +44,11 @@ ResultCode InitializeMonitorDevice(State& state, const MonitorInitializeBlock& b
         !state.registrations.IsGiven(Client::Monitor, block.device.value, block.registration)) {
         return VXD_INVALID_PARAMETER;
     }
-    return TakeStep(state, *service, kInitialize);
+    const ResultCode result = TakeStep(state, *service, kInitialize);
+    if (result == VXD_SUCCESS && block.initializeChip) {
+        return InitializeIsacChip(state, {kFirstIsacChip});
+    }
+    return result;
 }
 
 ResultCode ReceiveMonitorBytes(State& state, const MonitorReceiveBlock& block) {

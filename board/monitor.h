@@ -1,7 +1,8 @@
 // The IOM-2 monitor channel, over which the driver speaks to devices 3 (ARCOFI) and 12 (SBCX).
 //
 // - A device is initialised with a value that KORA_DLL32 has given for it, else
-//   VXD_INVALID_PARAMETER.
+//   VXD_INVALID_PARAMETER; with the flag, the first ISAC chip, which carries the channel, is
+//   initialised along.
 // - Receiving sends two bytes and returns at once. Some milliseconds later the first active device
 //   answers with three: the two as it heard them and its identification. They are written where the
 //   command wanted them, and WM_USER + 1 is posted to the window that was named last for either

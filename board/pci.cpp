@@ -105,7 +105,10 @@ ResultCode FindPciClass(State& state, const PciFindClassCodeBlock& block) {
                 [&](const Device& device) { return ClassOf(device) == block.classCode; });
 }
 
-ResultCode ReadPciConfig(State& state, const PciReadConfigBlock& block) {
+ResultCode ReadPciConfig(State& state, PciReadConfigBlock& block) {
+    if (state.pciAccess != 0) {
+        block.access.value = state.pciAccess;
+    }
     const uint32_t bytes = BytesOf(block.access.value);
     const uint32_t first = block.registerNumber.value;
     if (!block.result || bytes == 0 || first % bytes != 0) {

@@ -50,6 +50,7 @@ struct State {
     Outbox outbox;
     Registrations registrations;
     Monitor monitor;
+    uint8_t pciAccess = 0;  // with which configuration space is read; 0: as it is asked for
 
     // The board's hardware and firmware.
     Services services;

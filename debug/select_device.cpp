@@ -27,7 +27,7 @@ void ShowDevices(HWND dialog) {
     SendDlgItemMessageA(dialog, IDC_DEVICE_LIST, CB_SETCURSEL, device, 0);
 }
 
-// A name that was typed and is no device's leaves the choice as it was.
+// Text that stands in place of a row leaves the choice as it was.
 void TakeDevice(HWND dialog) {
     if (SendDlgItemMessageA(dialog, IDC_DEVICE_LIST, CB_GETCURSEL, 0, 0) != CB_ERR)
         device = static_cast<uint16_t>(SelectedNumber(dialog, IDC_DEVICE_LIST));

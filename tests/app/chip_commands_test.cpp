@@ -268,6 +268,17 @@ TEST(ArcofiLoops, AreWrittenOverZerosWhereTheyCannotBeRead) {
     EXPECT_FALSE(utility.IsChecked(IDM_ARCOFI_LOOP_INTERFACE));
 }
 
+TEST(ChipCommands, LeaveTheMarksOfChannelAndDisplayModeAlone) {
+    kit::SettingsFolder settings;
+    settings.Write(kit::kOwnFile, "KORA_TST", "Menu", "3");
+    const kit::Utility utility(settings);
+    utility.Choose(IDM_ARCOFI_CHANNEL_2);
+    EXPECT_TRUE(utility.IsChecked(IDM_ARCOFI_CHANNEL_1));
+    EXPECT_FALSE(utility.IsChecked(IDM_ARCOFI_CHANNEL_2));
+    utility.Choose(IDM_BROOKTREE_PAL);
+    EXPECT_FALSE(utility.IsChecked(IDM_BROOKTREE_NTSC) || utility.IsChecked(IDM_BROOKTREE_PAL));
+}
+
 TEST(TdmRouting, IsMarkedInTheMenuWhateverTheBoardAnswers) {
     kit::SettingsFolder settings;
     settings.Write(kit::kOwnFile, "KORA_TST", "Menu", "3");

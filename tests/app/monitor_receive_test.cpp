@@ -52,6 +52,17 @@ TEST_F(MonitorReceive, ForgetsTheLastBytesBeforeItAsksForMore) {
     EXPECT_EQ(Received(), kNothing);
 }
 
+TEST_F(MonitorReceive, CanBeAskedForWhileBytesArrive) {
+    constexpr int requests = 20;
+    board::SetMonitorDelay(std::chrono::milliseconds(1));
+    for (int request = 0; request < requests; ++request)
+        utility_->Command(IDM_MONITOR_RECEIVE);
+    // A request that comes between bytes and their trace empties the buffer again.
+    for (int request = 0; request < requests; ++request)
+        EXPECT_TRUE(utility_.NextTrace().starts_with("TALVERO_DBG_MON_TR_RCV: [0x"));
+    EXPECT_EQ(Received(), (Bytes{0xA0, 0x00, 0x82}));
+}
+
 TEST_F(MonitorReceive, BytesOnTheirWayWhenTheUtilityClosesAreLost) {
     board::SetMonitorDelay(std::chrono::milliseconds(100));
     utility_->Command(IDM_MONITOR_RECEIVE);

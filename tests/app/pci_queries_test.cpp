@@ -39,4 +39,24 @@ TEST(PciQueries, TraceWhatTheBusAnswersAndZerosWhereItFails) {
     }
 }
 
+TEST(PciQueries, TraceConfigurationSpaceInTheWidthInWhichItWasRead) {
+    TracedUtility utility;
+    struct Reading {
+        uint8_t access;
+        const char* answer;
+    };
+    for (const Reading& reading :
+         {Reading{9, "PCI_READ_CONFIG_WORD: 0x1061\n"},
+          Reading{10, "PCI_READ_CONFIG_DWORD: 0x00011061\n"}, Reading{11, "Invalid command\n"}}) {
+        board::SetPciAccess(reading.access);
+        utility->Command(IDM_PCI_READ_CONFIG_SPACE);
+        if (reading.access == 11) {
+            kit::MeetBox("VxD Test - Warning",
+                         "vdapi_Debug: TALVERO_DBG_PCI_OP_RD_CNFG_SPACE: \nVXD_INVALID_PARAMETER");
+        }
+        EXPECT_EQ(utility.NextTrace(),
+                  std::string("TALVERO_DBG_PCI_OP_RD_CNFG_SPACE: ") + reading.answer);
+    }
+}
+
 }  // namespace

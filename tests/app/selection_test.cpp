@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "board/control.h"
@@ -33,10 +34,66 @@ class Selection : public testing::Test {
     kit::Utility utility_;
 };
 
+using SmallDialogs = Selection;
 using SelectIrq = Selection;
 using IsacDevice = Selection;
 using MonitorDevice = Selection;
 using SelectDevice = Selection;
+
+TEST_F(SmallDialogs, CarryTheirControlsByNumberAndCaption) {
+    using Controls = std::vector<std::pair<int, std::string>>;
+    struct Shown {
+        UINT command;
+        const char* caption;
+        Controls controls;
+        int leave;
+    };
+    const std::pair<int, std::string> ok{1, "OK"};
+    const std::pair<int, std::string> cancel{2, "Cancel"};
+    const std::pair<int, std::string> chip{1019, "&Initialize ISAC Chip"};
+    const Shown dialogs[] = {
+        {40068,
+         "Select IRQ",
+         {{1016, "&VCP"},
+          {1025, "&Master Abort"},
+          {1021, "End Of &Frame"},
+          {1022, "&Address X Boundary"},
+          {1023, "&End of Read"},
+          {1024, "End of &Write"},
+          {1020, "I&CC"},
+          {1019, "&JADE"},
+          {1018, "JADE &Realtime"},
+          {1017, "&Isac"},
+          ok,
+          cancel},
+         2},
+        {40074, "Initialize ISAC  ", {{1017, "&MONITOR"}, {1018, "I&SDN"}, chip, ok, cancel}, 2},
+        {40075, "Select ISAC  Device", {{1017, "&MONITOR"}, {1018, "I&SDN"}, ok, cancel}, 2},
+        {40082,
+         "Initialize IOM2 Monitor",
+         {{1020, "&ARCOFI"}, {1021, "&SBCX"}, chip, ok, cancel},
+         2},
+        {40083, "Select Monitor Device", {{1020, "&ARCOFI"}, {1021, "&SBCX"}, ok, cancel}, 2},
+        {40065, "Select Device", {{1015, "VCP         "}, ok, cancel}, 2},
+        {40096, "GDS Dump Dialog", {{1099, "All modules"}, ok, cancel}, 2},
+        {40276,
+         "Camera Selection",
+         {{1300, "Philips camera"}, {1301, "VCR Input"}, {2, "&Close"}},
+         2},
+        {40195, "Dialog", {{1091, "START"}, {1093, "0"}, cancel}, 2},
+        {40211, "MBE SEND DEMO", {{1094, "&Send"}, {1095, ""}, {1097, "&Exit"}}, 1097},
+    };
+    for (const Shown& shown : dialogs) {
+        SCOPED_TRACE(shown.caption);
+        const kit::Dialog dialog = Ask(shown.command, shown.caption);
+        for (const auto& [id, text] : shown.controls) {
+            EXPECT_NE(dialog.Control(id), nullptr) << id;
+            EXPECT_EQ(dialog.Text(id), text) << id;
+        }
+        dialog.Press(shown.leave);
+        EXPECT_TRUE(ReceivedCalls().empty()) << "opening and leaving asks the board for nothing";
+    }
+}
 
 TEST_F(SelectIrq, EachBoxIsABitOfTheMask) {
     struct Box {
@@ -144,9 +201,13 @@ TEST_F(MonitorDevice, SbcxIsDeviceTwelveInEveryMonitorCommand) {
 
 TEST_F(SelectDevice, TheDeviceOfTheLastCommandIsOfferedAgain) {
     kit::Dialog dialog = Ask(IDM_SEQ_ATOM_ENTER, "Select Device");
-    EXPECT_EQ(dialog.Rows(IDC_DEVICE_LIST), 7);
+    const std::vector<std::string> devices{"VCP         ",  "ISAC         ", "JADE         ",
+                                           "ARCOFI       ", "Video Inlay  ", "Auxilary     ",
+                                           "ICC          "};
+    ASSERT_EQ(dialog.Rows(IDC_DEVICE_LIST), static_cast<int>(devices.size()));
+    for (std::size_t row = 0; row < devices.size(); ++row)
+        EXPECT_EQ(dialog.Row(IDC_DEVICE_LIST, static_cast<int>(row)), devices[row]);
     EXPECT_EQ(dialog.SelectedRow(IDC_DEVICE_LIST), 0);
-    EXPECT_EQ(dialog.Row(IDC_DEVICE_LIST, 4), "Video Inlay  ");
     dialog.Pick(IDC_DEVICE_LIST, "ARCOFI       ");
     dialog.Press(IDOK);
     EXPECT_EQ(ReceivedCalls(), std::vector<std::string>{"vdapi_Debug(3A, 4, address) 03000000"});

@@ -48,6 +48,24 @@ TEST_F(GdsDump, AsksForAllModulesAsItOpensOrForTheChosenOne) {
     }
 }
 
+TEST_F(GdsDump, OffersTheModulesInTheOrderOfTheirNumbers) {
+    const std::vector<std::string> modules{
+        "All modules", "Validity   ", "Core       ", "Debug      ", "Pmapi      ", "Vpic       ",
+        "Seq        ", "Isac       ", "Iom2       ", "Arcofi     ", "Jade       ", "Auxdev     ",
+        "Vcpxi      ", "I2c        ", "Camera     ", "Eprom      ", "Acif       ", "Vidinlay   ",
+        "Stream     ", "LSD        ", "HSD        ", "MLP        ", "Bt85x      ", "vcpregs    ",
+        "VPP        ", "AnnexD     ", "MBE        "};
+    for (std::size_t row = 1; row < modules.size(); ++row) {
+        const kit::Dialog dialog = Open(IDM_DEBUG_DUMP_GDS, "GDS Dump Dialog");
+        dialog.Pick(IDC_GDS_MODULE, static_cast<int>(row));
+        EXPECT_EQ(dialog.Text(IDC_GDS_MODULE), modules[row]);
+        dialog.Press(IDOK);
+        ASSERT_EQ(board::Calls().size(), 1u);
+        EXPECT_EQ(board::Calls()[0].block,
+                  (std::vector<uint8_t>{static_cast<uint8_t>(row - 1), 0, 0, 0}));
+    }
+}
+
 TEST_F(GdsDump, WithoutAChoiceOrCancelledSendsNothing) {
     const kit::Dialog dialog = Open(IDM_DEBUG_DUMP_GDS, "GDS Dump Dialog");
     kit::RunStep([&] {
@@ -66,6 +84,8 @@ TEST_F(GdsDump, ReportsAFailureBeforeItCloses) {
     board::FailAlways("TALVERO_DBG_CORE_TR_DUMP_GDS", VXD_INVALID_SERVICE_ID);
     dialog.Press(IDOK);
     EXPECT_TRUE(dialog.IsOpen());
+    EXPECT_FALSE(kit::OnUserInterface([&] { return IsWindowEnabled(dialog.Handle()); }))
+        << "the box stands over the dialog";
     kit::MeetBox("VxD Test - Warning",
                  "vdapi_Debug: TALVERO_DBG_CORE_TR_DUMP_GDS: \nVXD_INVALID_SERVICE_ID");
     kit::ExpectNoBox();
@@ -95,6 +115,7 @@ TEST_F(AnnexdLoader, LoadsOnceAndCountsAFailureAsNothing) {
     EXPECT_EQ(dialog.Text(IDC_ANNEXD_BYTES), "0");
     EXPECT_TRUE(ReceivedCalls().empty());
     board::FailAlways("vdapi_ANNEXD_Download", VXD_CORRUPT_FILE);
+    kit::RunStep([&] { SetDlgItemTextA(dialog.Handle(), IDC_ANNEXD_BYTES, "2048"); });
     dialog.Press(IDC_ANNEXD_START);
     EXPECT_EQ(ReceivedCalls(),
               std::vector<std::string>{"vdapi_ANNEXD_Download(1, 800, address, address)"});

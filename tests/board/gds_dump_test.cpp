@@ -29,6 +29,12 @@ TEST_F(GdsDumps, TellWhatAModuleHoldsAndHowItWasCalled) {
     DebugMonitor monitor;
     ASSERT_TRUE(monitor.IsListening());
     EXPECT_EQ(Dump(monitor, 25), (std::vector<std::string>{"GDS MBE: unused\n"}));
+    EXPECT_EQ(Dump(monitor, 0), (std::vector<std::string>{
+                                    "GDS Validity: board revision: 0x11D\n",
+                                    "GDS Validity: VPIC revision: 0x8\n",
+                                    "GDS Validity: driver revision: 0x312\n",
+                                    "GDS Validity: JADE revision: 0x21\n",
+                                }));
 
     Debug(TALVERO_DBG_SEQ_TR_INIT);
     Debug(TALVERO_DBG_SEQ_TR_INIT);

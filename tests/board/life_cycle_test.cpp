@@ -37,9 +37,9 @@ uint32_t InitializeIsac(uint16_t device, bool chip = false) {
                  IsacInitializeBlock{device, KORA_DLL_GetIsacHandle(device), chip});
 }
 
-uint32_t InitializeMonitor(uint16_t device) {
+uint32_t InitializeMonitor(uint16_t device, bool chip = false) {
     return Debug(TALVERO_DBG_MON_TR_INIT,
-                 MonitorInitializeBlock{device, KORA_DLL_GetMonitorHandle(device, nullptr), 0});
+                 MonitorInitializeBlock{device, KORA_DLL_GetMonitorHandle(device, nullptr), chip});
 }
 
 Subject Isac(uint16_t device) {
@@ -218,7 +218,7 @@ TEST_F(LifeCycles, InitialiseTheIsacChipsThatTheBoardCarries) {
     }
 }
 
-TEST_F(LifeCycles, InitialiseTheIsacChipAlongWithItsDeviceWhereTheFlagSaysSo) {
+TEST_F(LifeCycles, InitialiseTheIsacChipAlongWithADeviceWhereTheFlagSaysSo) {
     constexpr uint32_t timerRegister = 0x623;
     const auto mark = [=] {
         Debug(TALVERO_DBG_ISAC_TR_REG_WR, IsacRegisterWriteBlock{1, timerRegister, 0x5A});
@@ -232,6 +232,14 @@ TEST_F(LifeCycles, InitialiseTheIsacChipAlongWithItsDeviceWhereTheFlagSaysSo) {
     mark();
     EXPECT_EQ(InitializeIsac(14, true), VXD_OPERATION_ALREADY_DONE);
     EXPECT_EQ(value(), 0x5Au) << "a step that is refused does nothing";
+
+    EXPECT_EQ(InitializeMonitor(3), VXD_SUCCESS);
+    EXPECT_EQ(value(), 0x5Au);
+    EXPECT_EQ(InitializeMonitor(12, true), VXD_SUCCESS);
+    EXPECT_EQ(value(), 0u);
+    mark();
+    EXPECT_EQ(InitializeMonitor(12, true), VXD_OPERATION_ALREADY_DONE);
+    EXPECT_EQ(value(), 0x5Au);
 }
 
 TEST_F(LifeCycles, LetTheIom2BusRunWhileAnIsacDeviceIsUp) {
@@ -244,6 +252,10 @@ TEST_F(LifeCycles, LetTheIom2BusRunWhileAnIsacDeviceIsUp) {
     EXPECT_EQ(Debug(TALVERO_DBG_ISAC_TR_IOM2_ACTV), VXD_CONFIGURATION_NOT_SET);
     EXPECT_EQ(InitializeIsac(14), VXD_SUCCESS);
     EXPECT_EQ(Debug(TALVERO_DBG_ISAC_TR_IOM2_ACTV), VXD_SUCCESS);
+    EXPECT_EQ(Debug(TALVERO_DBG_ISAC_TR_TERM, DeviceBlock{14}), VXD_SUCCESS);
+    EXPECT_EQ(InitializeIsac(13), VXD_SUCCESS);
+    EXPECT_EQ(Debug(TALVERO_DBG_ISAC_TR_IOM2_DEACT), VXD_ILLEGAL_OPERATION)
+        << "the bus stops with the last device";
 }
 
 TEST_F(LifeCycles, KeepWhatChipsAreToldUntilTheirReset) {
