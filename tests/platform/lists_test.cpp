@@ -182,6 +182,15 @@ TEST_F(Lists, TypingIntoAComboBoxIsToldAndObeysItsLimit) {
     EXPECT_EQ(Send(IDC_COMBO, CB_GETCURSEL), CB_ERR);
 }
 
+TEST_F(Lists, TypingIntoAComboBoxLeavesNoRowSelected) {
+    Fill(IDC_COMBO, CB_ADDSTRING);
+    Send(IDC_COMBO, CB_SETCURSEL, 1);
+    dialog_.Shown().Type(IDC_COMBO, "x");
+    EXPECT_EQ(Send(IDC_COMBO, CB_GETCURSEL), CB_ERR);
+    dialog_.Shown().Type(IDC_COMBO, "Banana");
+    EXPECT_EQ(Send(IDC_COMBO, CB_GETCURSEL), CB_ERR) << "not even by a row's whole text";
+}
+
 TEST_F(Lists, AComboBoxsEditTakesAnyTextAndShowsTheRowThatIsSelected) {
     Fill(IDC_COMBO, CB_ADDSTRING);
     dialog_.TakeNotifications();

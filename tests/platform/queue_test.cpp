@@ -22,9 +22,12 @@ using kit::MakePlainWindow;
 using kit::RunAsProgram;
 using kit::Told;
 
-TEST(Queue, PostedMessagesKeepTheirOrderAndQuitComesAfterThem) {
+TEST(Queue, PostedMessagesKeepTheirOrderAndQuitComesAfterThemAndBeforePainting) {
     RunAsProgram([] {
         const HWND window = MakePlainWindow();
+        ShowWindow(window, SW_SHOW);
+        Drain();
+        InvalidateRect(window, nullptr, TRUE);
         PostQuitMessage(3);
         PostMessageA(window, kFirstMessage, 0, 0);
         PostMessageA(window, kFirstMessage + 1, 0, 0);
@@ -35,6 +38,7 @@ TEST(Queue, PostedMessagesKeepTheirOrderAndQuitComesAfterThem) {
         EXPECT_EQ(message.message, kFirstMessage + 1);
         EXPECT_FALSE(GetMessageA(&message, nullptr, 0, 0));
         EXPECT_EQ(message.wParam, 3u);
+        EXPECT_EQ(Drain(), (std::vector<UINT>{WM_PAINT}));
     });
 }
 

@@ -224,7 +224,9 @@ class ComboBox : public BasicControl {
         CurrentScreen().SetTextSelection(window_.Widget(), edit_.Start(), edit_.End());
     }
 
+    // Typed text stands for no row, even where it is one's.
     void TellEdited() {
+        rows_.Select(-1);
         if (Tell(CBN_EDITUPDATE))
             Tell(CBN_EDITCHANGE);
     }
