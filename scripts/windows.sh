@@ -23,12 +23,22 @@ check_exports() {
     say "$preset: PAPI.dll and KORA_DLL32.dll export every operation under its plain name"
 }
 
+# Icon, version and manifest lie in the program itself.
+check_resources() {
+    local preset=$1 resources kind
+    resources=$(x86_64-w64-mingw32-windres -J coff -O rc -i "$top/build/$preset/bin/vxdtest.exe")
+    for kind in RT_GROUP_ICON VERSIONINFO RT_MANIFEST; do
+        grep -q "$kind" <<<"$resources" || { say "$preset: vxdtest.exe has no $kind"; return 1; }
+    done
+}
+
 # Builds everything for 64-bit and 32-bit Windows.
 build_windows() {
     local preset
     for preset in windows windows-i686; do
         build_preset "$preset"
         check_exports "$preset"
+        check_resources "$preset"
     done
 }
 
