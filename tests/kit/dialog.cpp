@@ -96,11 +96,11 @@ bool WaitUntil(Condition condition) {
 }
 
 // Lets the program deal with everything posted so far and what that posts in its turn: a key may
-// ask the dialog to close, which posts its cancel button's command.
+// ask the dialog to close, which posts its cancel button's command, and may end the program by it.
 void Settle() {
     constexpr int kLongestChain = 3;
     for (int round = 0; round < kLongestChain; ++round)
-        RunStep([] {});
+        TryStep([] {});
 }
 
 void Post(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -270,11 +270,11 @@ void MeetBox(const std::string& title, const std::string& text, int answer,
     EXPECT_EQ(BoxStyle(box), style.value_or(BoxStyle(box)));
     // Windows gives an OK that stands alone the number of Cancel.
     box.Press(answer == IDOK && box.Control(IDOK) == nullptr ? IDCANCEL : answer);
-    // A program that has ended takes no steps, and has no box.
-    EXPECT_TRUE(WaitUntil([&box] {
-        return !OnUserInterface([&box] { return IsWindow(box.Handle()) != 0; });
-    })) << "the box \""
-        << title << "\" stays open";
+    const auto isGone = [&box] {
+        bool there = false;
+        return !TryStep([&] { there = IsWindow(box.Handle()) != 0; }) || !there;
+    };
+    EXPECT_TRUE(WaitUntil(isGone)) << "the box \"" << title << "\" stays open";
 }
 
 void ExpectNoBox() {

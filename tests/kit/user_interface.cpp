@@ -109,10 +109,10 @@ std::future<int> StartProgram(std::function<int()> program) {
     return desk.program->get_future();
 }
 
-void RunStep(const std::function<void()>& run) {
+bool TryStep(const std::function<void()>& run) {
     if (std::this_thread::get_id() == TheDesk().userInterface) {
         run();  // a step inside a step
-        return;
+        return true;
     }
     Step step;
     step.run = &run;
@@ -124,12 +124,18 @@ void RunStep(const std::function<void()>& run) {
             posted = PostMessageA(TheDesk().stepWindow, kStepMessage, 0,
                                   reinterpret_cast<LPARAM>(&step)) != 0;
         if (done.wait_for(kLookAgain) == std::future_status::ready)
-            return;
+            return true;
         if (std::chrono::steady_clock::now() - start > kLongestStep) {
             std::fprintf(stderr, "the program takes no messages\n");
             std::abort();
         }
     }
+    return false;
+}
+
+void RunStep(const std::function<void()>& run) {
+    if (!TryStep(run))
+        ADD_FAILURE() << "the program has ended before it could take this step";
 }
 
 void BeginStep(std::function<void()> step) {

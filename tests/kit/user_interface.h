@@ -21,9 +21,12 @@ int RunTests();
 std::future<int> StartProgram(std::function<int()> program);
 
 // Engineer's thread: runs a step on the user-interface thread behind everything posted so far, and
-// waits for it. A program that has ended takes no steps; one that takes no messages for long ends
-// the process with a complaint.
+// waits for it. A program that has ended takes no steps, which fails the test; one that takes no
+// messages for long ends the process with a complaint.
 void RunStep(const std::function<void()>& step);
+
+// The same where the program may have ended; whether it took the step.
+bool TryStep(const std::function<void()>& step);
 
 // Begins a step that may open a dialog, and does not wait for its end.
 void BeginStep(std::function<void()> step);

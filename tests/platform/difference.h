@@ -1,15 +1,23 @@
-// Statements that are known not to hold on one of the systems.
+// What a test expects where one system is known to do otherwise.
 #pragma once
 
-#include <gtest/gtest.h>
+#include <cstdio>
+#include <type_traits>
 
 #include "platform/window_system.h"
 
 namespace kit {
 
-// For EXPECT_TRUE: a statement that holds everywhere but on `exception`. The reason says what that
-// system does instead and why it may. Where the statement has come to hold there too, the mark has
-// to go, and the test fails until it does.
-testing::AssertionResult HoldsExceptOn(WindowSystem exception, const char* reason, bool holds);
+// The value to expect: `there` on the system `exception`, `elsewhere` on all others. The reason
+// says what that system does instead and why it may. A difference that has gone or become another
+// one fails the test's comparison on that system, and the mark has to go with it.
+template <typename Value>
+Value ExceptOn(WindowSystem exception, const std::type_identity_t<Value>& there, const char* reason,
+               const Value& elsewhere) {
+    if (CurrentWindowSystem() != exception)
+        return elsewhere;
+    std::printf("marked difference: %s\n", reason);
+    return there;
+}
 
 }  // namespace kit
