@@ -58,6 +58,7 @@ enum class WidgetKind {
     kDropDownList,  // combo box without an edit
     kComboBox,      // combo box with an edit and a list that drops down
     kSimpleCombo,   // combo box with an edit and a list that is always shown
+    kScrollBar,
 };
 
 struct WidgetSetup {
@@ -146,6 +147,9 @@ class Screen {
     virtual void SelectRow(WidgetId id, int row) = 0;
     virtual void SetDropped(WidgetId id, bool dropped) = 0;
 
+    // Scroll bars. A thumb that a person holds stays with the person.
+    virtual void SetScroll(WidgetId id, int minimum, int maximum, int position) = 0;
+
     // Takes in what the desktop has to tell, at most for `milliseconds` (-1: until something
     // happened), and returns early after any input and after Wake.
     virtual void Wait(int milliseconds) = 0;
@@ -168,6 +172,9 @@ void SelectionMoved(WidgetId edit, int start, int end);
 void RowChosen(WidgetId list, int row);
 void RowDoubleClicked(WidgetId list, int row);
 void Dropped(WidgetId combo, bool dropped);
+// A step of a scroll action as WM_HSCROLL's code, with the thumb's position, which counts for
+// SB_THUMBTRACK and SB_THUMBPOSITION. The last step is SB_ENDSCROLL.
+void Scrolled(WidgetId bar, std::uint32_t code, int position);
 // The focus went to a control by other means than the core's.
 void Focused(WidgetId id);
 void Activated(WidgetId window, bool active);

@@ -194,6 +194,8 @@ typedef struct tagMINMAXINFO {
 #define WM_COMMAND 0x0111
 #define WM_SYSCOMMAND 0x0112
 #define WM_TIMER 0x0113
+#define WM_HSCROLL 0x0114
+#define WM_VSCROLL 0x0115
 #define WM_INITMENUPOPUP 0x0117
 #define WM_LBUTTONDOWN 0x0201
 #define WM_LBUTTONUP 0x0202
@@ -399,6 +401,23 @@ typedef struct tagMINMAXINFO {
 #define CBN_CLOSEUP 8
 #define CBN_SELENDOK 9
 
+// Scroll bar. The codes are those of WM_HSCROLL and WM_VSCROLL.
+#define SBS_HORZ 0x0000
+#define SBS_VERT 0x0001
+#define SBM_SETPOS 0x00E0
+#define SBM_GETPOS 0x00E1
+#define SBM_SETRANGE 0x00E2
+#define SB_CTL 2
+#define SB_LINELEFT 0
+#define SB_LINERIGHT 1
+#define SB_PAGELEFT 2
+#define SB_PAGERIGHT 3
+#define SB_THUMBPOSITION 4
+#define SB_THUMBTRACK 5
+#define SB_LEFT 6
+#define SB_RIGHT 7
+#define SB_ENDSCROLL 8
+
 // Menus.
 #define MF_BYCOMMAND 0x0000
 #define MF_STRING 0x0000
@@ -514,6 +533,11 @@ BOOL WINAPI CheckRadioButton(HWND dialog, int first, int last, int check);
 HWND WINAPI GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous);
 HWND WINAPI GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous);
 int WINAPI MessageBoxA(HWND owner, LPCSTR text, LPCSTR title, UINT style);
+
+// Scroll bars. `bar` is SB_CTL: the window itself; SetScrollPos gives the position before.
+BOOL WINAPI SetScrollRange(HWND window, int bar, int minimum, int maximum, BOOL redraw);
+int WINAPI SetScrollPos(HWND window, int bar, int position, BOOL redraw);
+int WINAPI GetScrollPos(HWND window, int bar);
 
 // Menus.
 HMENU WINAPI LoadMenuA(HINSTANCE instance, LPCSTR name);

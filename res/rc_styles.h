@@ -53,6 +53,10 @@
 #define LBS_SORT 0x0002L
 #endif
 
+#ifndef SBS_VERT
+#define SBS_VERT 0x0001L
+#endif
+
 #ifndef CBS_DROPDOWNLIST
 #define CBS_SIMPLE 0x0001L
 #define CBS_DROPDOWN 0x0002L

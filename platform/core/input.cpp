@@ -55,6 +55,10 @@ void Dropped(WidgetId combo, bool dropped) {
     QueueForControl(combo, [dropped](Control& control) { control.OnDropped(dropped); });
 }
 
+void Scrolled(WidgetId bar, std::uint32_t code, int position) {
+    QueueForControl(bar, [=](Control& control) { control.OnScrolled(code, position); });
+}
+
 void Focused(WidgetId id) {
     Queue(id, [id](Window& window) {
         SetFocus(window.handle);

@@ -34,6 +34,7 @@ class Control {
     virtual void OnRowChosen(int /*row*/) {}
     virtual void OnRowDoubleClicked(int /*row*/) {}
     virtual void OnDropped(bool /*dropped*/) {}
+    virtual void OnScrolled(UINT /*code*/, int /*position*/) {}
 };
 
 struct WindowClass {

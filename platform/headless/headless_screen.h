@@ -46,6 +46,7 @@ class HeadlessScreen : public Screen {
     void ClearRows(WidgetId) override {}
     void SelectRow(WidgetId, int) override {}
     void SetDropped(WidgetId, bool) override {}
+    void SetScroll(WidgetId, int, int, int) override {}
 
     void Wait(int milliseconds) override;
     void Wake() override;

@@ -93,6 +93,8 @@ std::unique_ptr<Control> MakeControl(const WidgetSetup& setup, QWidget& parent, 
             return MakeComboBox(setup, parent, report);
         case WidgetKind::kSimpleCombo:
             return MakeSimpleCombo(setup, parent, report);
+        case WidgetKind::kScrollBar:
+            return MakeScrollBar(setup, parent, report);
     }
     return nullptr;
 }

@@ -54,6 +54,7 @@ class Control {
     virtual void ClearRows() {}
     virtual void SelectRow(int /*row*/) {}
     virtual void SetDropped(bool /*dropped*/) {}
+    virtual void SetScroll(int /*minimum*/, int /*maximum*/, int /*position*/) {}
 
   private:
     WidgetId id_;
@@ -77,6 +78,7 @@ std::unique_ptr<Control> MakeTextEdit(const WidgetSetup& setup, QWidget& parent,
 std::unique_ptr<Control> MakeListBox(const WidgetSetup& setup, QWidget& parent, Report& report);
 std::unique_ptr<Control> MakeComboBox(const WidgetSetup& setup, QWidget& parent, Report& report);
 std::unique_ptr<Control> MakeSimpleCombo(const WidgetSetup& setup, QWidget& parent, Report& report);
+std::unique_ptr<Control> MakeScrollBar(const WidgetSetup& setup, QWidget& parent, Report& report);
 std::unique_ptr<Control> MakeSurface(const WidgetSetup& setup, QWidget& parent, Report& report);
 
 }  // namespace vxd::qt

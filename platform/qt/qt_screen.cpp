@@ -265,6 +265,11 @@ void QtScreen::SetDropped(WidgetId id, bool dropped) {
         control->SetDropped(dropped);
 }
 
+void QtScreen::SetScroll(WidgetId id, int minimum, int maximum, int position) {
+    if (Control* control = Find(id); control != nullptr)
+        control->SetScroll(minimum, maximum, position);
+}
+
 // Native events.
 
 void QtScreen::Wait(int milliseconds) {

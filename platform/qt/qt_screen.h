@@ -75,6 +75,8 @@ class QtScreen final : public Screen {
     void SelectRow(WidgetId id, int row) override;
     void SetDropped(WidgetId id, bool dropped) override;
 
+    void SetScroll(WidgetId id, int minimum, int maximum, int position) override;
+
     void Wait(int milliseconds) override;
     void Wake() override;
 

@@ -95,14 +95,6 @@ bool WaitUntil(Condition condition) {
     return true;
 }
 
-// Lets the program deal with everything posted so far and what that posts in its turn: a key may
-// ask the dialog to close, which posts its cancel button's command, and may end the program by it.
-void Settle() {
-    constexpr int kLongestChain = 3;
-    for (int round = 0; round < kLongestChain; ++round)
-        TryStep([] {});
-}
-
 void Post(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     PostMessageA(window, message, wParam, lParam);
     Settle();

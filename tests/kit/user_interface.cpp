@@ -138,6 +138,12 @@ void RunStep(const std::function<void()>& run) {
         ADD_FAILURE() << "the program has ended before it could take this step";
 }
 
+void Settle() {
+    constexpr int kLongestChain = 3;
+    for (int round = 0; round < kLongestChain; ++round)
+        TryStep([] {});
+}
+
 void BeginStep(std::function<void()> step) {
     RunStep([] {});  // the program runs
     PostMessageA(TheDesk().stepWindow, kBeginMessage, 0,

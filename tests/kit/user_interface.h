@@ -28,6 +28,10 @@ void RunStep(const std::function<void()>& step);
 // The same where the program may have ended; whether it took the step.
 bool TryStep(const std::function<void()>& step);
 
+// Lets the program deal with everything posted so far and what that posts in its turn: a key may
+// ask a dialog to close, which posts its cancel button's command, and may end the program by it.
+void Settle();
+
 // Begins a step that may open a dialog, and does not wait for its end.
 void BeginStep(std::function<void()> step);
 

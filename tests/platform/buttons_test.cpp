@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/kit/person.h"
 #include "tests/kit/user_interface.h"
 #include "tests/platform/dialogs.h"
 #include "tests/platform/recorder.h"
@@ -95,15 +96,23 @@ TEST_F(Buttons, WhatHasNoMarkKeepsNone) {
         UINT{BST_CHECKED});
 }
 
-TEST_F(Buttons, AClickMovesTheFocus) {
+TEST_F(Buttons, AClickMovesTheFocusWhetherAPersonsOrTheProgramsOwn) {
     EXPECT_EQ(Click(IDC_PUSH), Code(IDC_PUSH, BN_CLICKED));
     EXPECT_EQ(dialog_.Shown().FocusedId(), IDC_PUSH);
+    kit::ClickButton(dialog_.Shown().Control(IDC_MIDDLE));
+    EXPECT_EQ(dialog_.TakeNotifications(), Code(IDC_MIDDLE, BN_CLICKED));
+    EXPECT_EQ(dialog_.Shown().FocusedId(), IDC_MIDDLE);
+    EXPECT_EQ(Checked(), std::vector<int>{IDC_MIDDLE});
 }
 
-TEST_F(Buttons, MessagesFromTheProgramWorkOnADisabledOne) {
+TEST_F(Buttons, ADisabledOneTakesMessagesAndNoClicks) {
     OnUserInterface([&] { EnableWindow(dialog_.Shown().Control(IDC_LEFT), FALSE); });
+    dialog_.TakeNotifications();
+    kit::ClickButton(dialog_.Shown().Control(IDC_LEFT));
+    EXPECT_EQ(dialog_.TakeNotifications(), "");
+    EXPECT_EQ(Checked(), std::vector<int>{});
     Send(IDC_LEFT, BM_SETCHECK, BST_CHECKED);
-    EXPECT_TRUE(dialog_.Shown().IsChecked(IDC_LEFT));
+    EXPECT_EQ(Checked(), std::vector<int>{IDC_LEFT});
 }
 
 }  // namespace

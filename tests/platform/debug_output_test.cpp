@@ -9,6 +9,7 @@
 
 #include "platform/debug_monitor.h"
 #include "platform/win32.h"
+#include "tests/platform/difference.h"
 #include "tests/platform/temporary_folder.h"
 
 namespace {
@@ -39,6 +40,24 @@ TEST_F(DebugOutputTest, ALineComesWithItsProcess) {
         EXPECT_EQ(line->processId, GetCurrentProcessId());
     }
     EXPECT_FALSE(monitor.Next(milliseconds(1)));
+}
+
+TEST_F(DebugOutputTest, ALongTextComesInPieces) {
+    constexpr std::size_t kPiece = 4091;
+    std::string text;
+    for (int i = 0; text.size() < 2 * kPiece; ++i)
+        text += std::to_string(i) + " ";
+    DebugMonitor monitor;
+    OutputDebugStringA(text.c_str());
+    OutputDebugStringA("next");
+    std::string received;
+    for (auto line = monitor.Next(kPatience); line && line->text != "next";
+         line = monitor.Next(kPatience)) {
+        EXPECT_LE(line->text.size(), kPiece);
+        received += line->text;
+    }
+    EXPECT_EQ(received, kit::ExceptOn(WindowSystem::kWine, text.substr(0, kPiece),
+                                      "passes on one piece alone", text));
 }
 
 TEST_F(DebugOutputTest, OneMonitorListensAtATime) {

@@ -34,6 +34,10 @@
 #define IDC_LOWER 422
 #define IDC_PUSH 430
 
+#define IDD_SCROLL 104
+#define IDC_ACROSS 501
+#define IDC_DOWN 502
+
 #define IDR_BAR 110
 #define IDM_OPEN 1001
 #define IDM_GREY 1002

@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "tests/kit/person.h"
 #include "tests/kit/user_interface.h"
 #include "tests/platform/dialogs.h"
 #include "tests/platform/difference.h"
@@ -55,6 +56,23 @@ TEST_F(Edits, ProgramTextIgnoresTheLimitAndTypingObeysIt) {
     EXPECT_EQ(dialog_.TakeNotifications(),
               kit::ExceptOn(WindowSystem::kWine, threeTimes + full + " " + changed,
                             "tells of a change also when nothing fits", threeTimes + full));
+}
+
+TEST_F(Edits, WhatIsPastedIsCutAtTheLimitAndToldOnce) {
+    Send(IDC_LINE, EM_LIMITTEXT, 6);
+    SetText(IDC_LINE, "abcdef");
+    Send(IDC_LINE, EM_SETSEL, 1, 3);
+    Focus(IDC_LINE);
+    kit::Paste(dialog_.Shown().Control(IDC_LINE), "UVWXYZ");
+    EXPECT_EQ(dialog_.Shown().Text(IDC_LINE), "aUVdef");
+    EXPECT_EQ(Send(IDC_LINE, EM_GETSEL), MAKELONG(3, 3));
+    EXPECT_EQ(dialog_.TakeNotifications(), Code(IDC_LINE, EN_MAXTEXT) + " " + Changed(IDC_LINE));
+    kit::Paste(dialog_.Shown().Control(IDC_LINE), "z");
+    EXPECT_EQ(dialog_.Shown().Text(IDC_LINE), "aUVdef");
+    const std::string full = Code(IDC_LINE, EN_MAXTEXT);
+    EXPECT_EQ(dialog_.TakeNotifications(),
+              kit::ExceptOn(WindowSystem::kWine, full + " " + Changed(IDC_LINE),
+                            "tells of a change also when nothing fits", full));
 }
 
 TEST_F(Edits, OnlyASingleLineTellsOfTextThatTheProgramSets) {

@@ -53,7 +53,7 @@ TEST_F(DialogKeys, EscapeDoesNothingWhileTheCancelButtonIsDisabled) {
                         nullptr, nullptr);
     });
     EXPECT_EQ(Press(VK_ESCAPE),
-              kit::ExceptOn(WindowSystem::kWine, "2",
+              kit::ExceptOn(WindowSystem::kWine, Pressed(IDCANCEL),
                             "sends the command of a button that cannot be pressed; no dialog of "
                             "the utility has one",
                             std::string()));

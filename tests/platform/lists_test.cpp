@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "tests/kit/person.h"
 #include "tests/kit/user_interface.h"
 #include "tests/platform/dialogs.h"
 #include "tests/platform/difference.h"
@@ -122,6 +123,34 @@ TEST_F(Lists, KeysAndLettersChooseRowsAndTellTheProgram) {
     EXPECT_EQ(dialog_.Shown().SelectedRow(IDC_LIST), 1);
 }
 
+TEST_F(Lists, AClickTakesTheFocusAndChoosesAndADoubleClickIsTold) {
+    Fill(IDC_LIST, LB_ADDSTRING);
+    Focus(IDC_CAPITALS);
+    const HWND list = dialog_.Shown().Control(IDC_LIST);
+    const std::string chosen = Code(IDC_LIST, LBN_SELCHANGE);
+    kit::ClickRow(list, 2);
+    EXPECT_EQ(dialog_.TakeNotifications(),
+              Code(IDC_CAPITALS, EN_KILLFOCUS) + " " + Code(IDC_LIST, LBN_SETFOCUS) + " " + chosen);
+    EXPECT_EQ(Send(IDC_LIST, LB_GETCURSEL), 2);
+    Send(IDC_LIST, LB_SETCURSEL, 0);
+    kit::ClickRow(list, 0);
+    EXPECT_EQ(dialog_.TakeNotifications(), chosen) << "also of the row that is selected already";
+    kit::DoubleClickRow(list, 1);
+    EXPECT_EQ(dialog_.TakeNotifications(), chosen + " " + Code(IDC_LIST, LBN_DBLCLK));
+    EXPECT_EQ(Send(IDC_LIST, LB_GETCURSEL), 1);
+}
+
+TEST_F(Lists, ADisabledOneTakesNoClicks) {
+    Fill(IDC_LIST, LB_ADDSTRING);
+    const HWND list = dialog_.Shown().Control(IDC_LIST);
+    Focus(IDC_CAPITALS);
+    OnUserInterface([list] { EnableWindow(list, FALSE); });
+    kit::ClickRow(list, 1);
+    EXPECT_EQ(dialog_.TakeNotifications(), "");
+    EXPECT_EQ(Send(IDC_LIST, LB_GETCURSEL), LB_ERR);
+    EXPECT_EQ(Send(IDC_LIST, LB_SETCURSEL, 1), 1) << "but messages";
+}
+
 TEST_F(Lists, AUsersChoiceInADropDownListTellsOkThenChange) {
     Fill(IDC_DROP_LIST, CB_ADDSTRING);
     Focus(IDC_DROP_LIST);
@@ -175,9 +204,11 @@ TEST_F(Lists, TypingIntoAComboBoxIsToldAndObeysItsLimit) {
     const std::string typed =
         Code(IDC_COMBO, CBN_EDITUPDATE) + " " + Code(IDC_COMBO, CBN_EDITCHANGE);
     const std::string threeTimes = typed + " " + typed + " " + typed;
+    constexpr WORD kNoSpace = 0xFFFF;
     EXPECT_EQ(dialog_.TakeNotifications(),
-              kit::ExceptOn(WindowSystem::kWine, threeTimes + " " + typed,
-                            "tells of a change also when nothing fits", threeTimes));
+              kit::ExceptOn(
+                  WindowSystem::kWine, threeTimes + " " + Code(IDC_COMBO, kNoSpace) + " " + typed,
+                  "takes a text that does not fit for a lack of memory and a change", threeTimes));
     EXPECT_EQ(Send(IDC_COMBO, CB_GETCURSEL), CB_ERR);
 }
 

@@ -3,11 +3,13 @@
 
 #include <array>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "platform/win32.h"
+#include "tests/platform/difference.h"
 #include "tests/platform/temporary_folder.h"
 
 namespace {
@@ -129,6 +131,9 @@ TEST_F(ProfileTest, WritingKeepsEveryOtherByte) {
          "[s]\r\na=\r\n;  c=2\r\nodd line\r\nb=3\r\n"},
         {"[s]\r\na=1\r\n[t]\r\nb=2\r\n", "s", "k", "v", "[s]\r\na=1\r\nk=v\r\n[t]\r\nb=2\r\n"},
         {"[s]\r\n[t]\r\nb=2\r\n", "s", "k", "v", "[s]\r\nk=v\r\n[t]\r\nb=2\r\n"},
+        {"[s]\r\na=1", "s", "k", "v", "[s]\r\na=1\r\nk=v\r\n"},
+        {"[s]", "s", "k", "v", "[s]\r\nk=v\r\n"},
+        {"a=1", "s", "k", "v", "a=1\r\n[s]\r\nk=v\r\n"},
         {"[s]\r\nk=1\r\nk=2\r\n[s]\r\nk=3\r\n", "s", "k", "v",
          "[s]\r\nk=v\r\nk=2\r\n[s]\r\nk=3\r\n"},
         {"[s]\r\na=1\r\nb=2\r\nc=3\r\n", "s", "B", nullptr, "[s]\r\na=1\r\nc=3\r\n"},
@@ -142,6 +147,45 @@ TEST_F(ProfileTest, WritingKeepsEveryOtherByte) {
         EXPECT_TRUE(Write(c.section, c.key, c.value)) << c.before;
         EXPECT_EQ(Contents(), c.after);
     }
+}
+
+TEST_F(ProfileTest, WritingChangesNothingButTheValueInFilesOfOtherEditors) {
+    struct Case {
+        const char* before;
+        const char* after;
+        const char* onWine;
+    };
+    const auto cases = std::to_array<Case>({
+        // The line keeps its blanks and its line end, or has none as before.
+        {"[s]\n k\t= old \nx=1\n", "[s]\n k\t= new\nx=1\n", "[s]\r\nk=new\r\nx=1\r\n"},
+        {"[s]\rk=old\rx=1\r", "[s]\rk=new\rx=1\r", "[s]\r\nk=new\r\nx=1\r\n"},
+        {"[s]\r\nk=old", "[s]\r\nk=new", "[s]\r\nk=new\r\n"},
+        // So do empty lines and what follows a section's name.
+        {";\r\n\r\n[s] rest\r\nk=old\r\n", ";\r\n\r\n[s] rest\r\nk=new\r\n",
+         ";\r\n[s]\r\nk=new\r\n"},
+        // A new key stands after the last one, before what else closes the section.
+        {"[s]\na=1\nodd\n; end\n\n[t]\n", "[s]\na=1\nk=new\r\nodd\n; end\n\n[t]\n",
+         "[s]\r\na=1\r\nodd\r\n; end\r\nk=new\r\n[t]\r\n"},
+    });
+    for (const Case& c : cases) {
+        SetContents(c.before);
+        EXPECT_TRUE(Write("s", "k", "new")) << c.before;
+        EXPECT_EQ(Contents(),
+                  kit::ExceptOn(WindowSystem::kWine, c.onWine,
+                                "writes the whole file in its own way", std::string(c.after)));
+    }
+}
+
+TEST_F(ProfileTest, AReadOnlyFileStaysAsItIs) {
+    namespace fs = std::filesystem;
+    SetContents("[s]\r\nk=old\r\n");
+    const auto writing = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    fs::permissions(file_, writing, fs::perm_options::remove);
+    const bool canBeWritten = std::ofstream(file_, std::ios::app).is_open();
+    EXPECT_EQ(Write("s", "k", "new"),
+              kit::ExceptOn(WindowSystem::kWine, canBeWritten,
+                            "asks its host, which lets the superuser write everything", false));
+    fs::permissions(file_, writing, fs::perm_options::add);
 }
 
 TEST_F(ProfileTest, TheWriterAddsNoQuotes) {

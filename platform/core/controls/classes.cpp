@@ -9,6 +9,7 @@ void RegisterControls() {
     RegisterControl("Edit", MakeEdit);
     RegisterControl("Static", MakeStatic);
     RegisterControl("ListBox", MakeListBox);
+    RegisterControl("ScrollBar", MakeScrollBar);
     RegisterControl("ComboBox", MakeComboBox);
 }
 

@@ -33,6 +33,7 @@ std::unique_ptr<Control> MakeStatic(Window& window);
 std::unique_ptr<Control> MakeButton(Window& window);
 std::unique_ptr<Control> MakeEdit(Window& window);
 std::unique_ptr<Control> MakeListBox(Window& window);
+std::unique_ptr<Control> MakeScrollBar(Window& window);
 std::unique_ptr<Control> MakeComboBox(Window& window);
 
 }  // namespace vxd

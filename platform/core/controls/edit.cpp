@@ -83,8 +83,7 @@ class Edit : public BasicControl {
         const bool cut = text_.Text().size() < text.size();
         if (!shownRight)
             Show();
-        if ((text_.Text() == before || TellChange()) && cut)
-            Tell(EN_MAXTEXT);
+        TellInserted(text_.Text() != before, !cut);
     }
 
     void OnSelectionMoved(int start, int end) override { text_.Select(start, end); }
@@ -114,8 +113,10 @@ class Edit : public BasicControl {
         CurrentScreen().SetTextSelection(window_.Widget(), text_.Start(), text_.End());
     }
 
-    // False when the program destroyed the control in answer.
-    bool TellChange() { return Tell(EN_UPDATE) && Tell(EN_CHANGE); }
+    void TellChange() {
+        if (Tell(EN_UPDATE))
+            Tell(EN_CHANGE);
+    }
 
     void SetText(LPCSTR text) {
         text_.Set(text);
@@ -127,13 +128,15 @@ class Edit : public BasicControl {
     void Insert(std::string_view text) {
         const std::string before = text_.Text();
         const bool fitted = text_.Replace(text);
-        if (text_.Text() != before) {
+        const bool changed = text_.Text() != before;
+        if (changed)
             Show();
-            if (!TellChange())
-                return;
-        }
-        if (!fitted)
-            Tell(EN_MAXTEXT);
+        TellInserted(changed, fitted);
+    }
+
+    void TellInserted(bool changed, bool fitted) {
+        if ((fitted || Tell(EN_MAXTEXT)) && changed)
+            TellChange();
     }
 
     void Type(char character) {

@@ -1,0 +1,99 @@
+#include <QScrollBar>
+#include <QWheelEvent>
+#include <algorithm>
+#include <utility>
+
+#include "platform/qt/control.h"
+#include "platform/win32.h"
+
+namespace vxd::qt {
+namespace {
+
+// What a person does with the bar, in the codes of WM_HSCROLL. The wheel is left to whoever it is
+// meant for, and Qt's own menu of ways to scroll is not offered.
+class Bar : public QScrollBar {
+  public:
+    Bar(QWidget* parent, WidgetId id, std::uint32_t style, Report& report)
+        : QScrollBar((style & SBS_VERT) != 0 ? Qt::Vertical : Qt::Horizontal, parent),
+          id_(id),
+          report_(report) {
+        setFocusPolicy(Qt::ClickFocus);
+        setContextMenuPolicy(Qt::NoContextMenu);
+        connect(this, &QScrollBar::actionTriggered, this, [this](int action) { Tell(action); });
+        connect(this, &QScrollBar::sliderReleased, this,
+                [this] { report_(input::Scrolled, id_, SB_THUMBPOSITION, sliderPosition()); });
+    }
+
+    void Set(int minimum, int maximum, int position) {
+        // A thumb of one page, as long as the eight pages of a fixed one.
+        constexpr int kPages = 8;
+        setRange(minimum, maximum);
+        setPageStep(std::max(1, (maximum - minimum) / kPages));
+        if (!isSliderDown())
+            setValue(position);
+    }
+
+  protected:
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        QScrollBar::mouseReleaseEvent(event);
+        End();
+    }
+    void keyReleaseEvent(QKeyEvent* event) override {
+        QScrollBar::keyReleaseEvent(event);
+        if (!event->isAutoRepeat())
+            End();
+    }
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+
+  private:
+    void Tell(int action) {
+        scrolling_ = true;
+        report_(input::Scrolled, id_, CodeOf(action), sliderPosition());
+    }
+
+    static std::uint32_t CodeOf(int action) {
+        switch (action) {
+            case SliderSingleStepSub:
+                return SB_LINELEFT;
+            case SliderSingleStepAdd:
+                return SB_LINERIGHT;
+            case SliderPageStepSub:
+                return SB_PAGELEFT;
+            case SliderPageStepAdd:
+                return SB_PAGERIGHT;
+            case SliderToMinimum:
+                return SB_LEFT;
+            case SliderToMaximum:
+                return SB_RIGHT;
+            default:
+                return SB_THUMBTRACK;
+        }
+    }
+
+    void End() {
+        if (std::exchange(scrolling_, false))
+            report_(input::Scrolled, id_, SB_ENDSCROLL, 0);
+    }
+
+    WidgetId id_;
+    Report& report_;
+    bool scrolling_ = false;
+};
+
+class ScrollBar : public Control {
+  public:
+    ScrollBar(const WidgetSetup& setup, QWidget& parent, Report& report)
+        : Control(setup, std::make_unique<Bar>(&parent, setup.id, setup.style, report)) {}
+
+    void SetScroll(int minimum, int maximum, int position) override {
+        static_cast<Bar&>(Widget()).Set(minimum, maximum, position);
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<Control> MakeScrollBar(const WidgetSetup& setup, QWidget& parent, Report& report) {
+    return std::make_unique<ScrollBar>(setup, parent, report);
+}
+
+}  // namespace vxd::qt

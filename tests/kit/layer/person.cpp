@@ -1,0 +1,81 @@
+#include "tests/kit/person.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <functional>
+#include <future>
+
+#include "platform/core/handle_table.h"
+#include "platform/core/queue.h"
+#include "platform/screen.h"
+#include "tests/kit/user_interface.h"
+
+namespace kit {
+namespace {
+
+using vxd::WidgetId;
+
+// Has the screen report something and waits until its turn has come, which is behind all that is
+// posted.
+void Report(const std::function<void()>& report) {
+    std::promise<void> taken;
+    RunStep([&] {
+        report();
+        vxd::QueueInput([&taken] { taken.set_value(); });
+    });
+    constexpr std::chrono::seconds kLongestWait{10};
+    ASSERT_EQ(taken.get_future().wait_for(kLongestWait), std::future_status::ready);
+    Settle();
+}
+
+// A press of the button takes the focus to what is pressed.
+WidgetId Press(HWND window) {
+    if (GetFocus() != window)
+        vxd::input::Focused(vxd::HandleNumber(window));
+    return vxd::HandleNumber(window);
+}
+
+}  // namespace
+
+void ClickButton(HWND button) {
+    Report([=] { vxd::input::Clicked(Press(button)); });
+}
+
+void ClickRow(HWND listBox, int row) {
+    Report([=] { vxd::input::RowChosen(Press(listBox), row); });
+}
+
+void DoubleClickRow(HWND listBox, int row) {
+    ClickRow(listBox, row);
+    Report([=] { vxd::input::RowDoubleClicked(vxd::HandleNumber(listBox), row); });
+}
+
+void Paste(HWND edit, const std::string& text) {
+    Report([&] {
+        std::string all(static_cast<std::size_t>(GetWindowTextLengthA(edit)) + 1, '\0');
+        all.resize(static_cast<std::size_t>(
+            GetWindowTextA(edit, all.data(), static_cast<int>(all.size()))));
+        const LRESULT selection = SendMessageA(edit, EM_GETSEL, 0, 0);
+        const std::size_t start = LOWORD(selection);
+        all.replace(start, HIWORD(selection) - start, text);
+        const int caret = static_cast<int>(start + text.size());
+        vxd::input::Edited(vxd::HandleNumber(edit), all, caret, caret);
+    });
+}
+
+void ClickArrow(HWND scrollBar, bool atEnd) {
+    Report([=] {
+        vxd::input::Scrolled(vxd::HandleNumber(scrollBar), atEnd ? SB_LINERIGHT : SB_LINELEFT, 0);
+        vxd::input::Scrolled(vxd::HandleNumber(scrollBar), SB_ENDSCROLL, 0);
+    });
+}
+
+void DragThumbToEnd(HWND scrollBar, int end) {
+    Report([=] {
+        for (const UINT code : {SB_THUMBTRACK, SB_THUMBPOSITION, SB_ENDSCROLL})
+            vxd::input::Scrolled(vxd::HandleNumber(scrollBar), code, end);
+    });
+}
+
+}  // namespace kit

@@ -1,0 +1,25 @@
+// What a person does with mouse and clipboard. On Windows it is real input, which the system brings
+// to the window under the pointer. The layer gets what a screen reports of such input.
+//
+// Everything belongs to the engineer's thread and returns when the program has dealt with it. What
+// is acted on has to be in front.
+#pragma once
+
+#include <string>
+
+#include "platform/win32.h"
+
+namespace kit {
+
+void ClickButton(HWND button);
+void ClickRow(HWND listBox, int row);
+void DoubleClickRow(HWND listBox, int row);
+// Puts a text in place of an edit's selection.
+void Paste(HWND edit, const std::string& text);
+// The arrow at the end of a horizontal scroll bar, or at its beginning.
+void ClickArrow(HWND scrollBar, bool atEnd);
+// Takes the thumb of a horizontal scroll bar to the bar's end, the last position of its range, and
+// lets it go there.
+void DragThumbToEnd(HWND scrollBar, int end);
+
+}  // namespace kit
