@@ -60,6 +60,12 @@ void LimitSize(MINMAXINFO& limits) {
     limits.ptMaxTrackSize.y = kMaximumHeight;
 }
 
+// On a monitor of another resolution Windows suggests a place that looks the same.
+void FollowResolution(HWND window, const RECT& place) {
+    SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,
+                 place.bottom - place.top, SWP_NOZORDER);
+}
+
 }  // namespace
 
 LRESULT CALLBACK MainWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -80,6 +86,9 @@ LRESULT CALLBACK MainWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lP
             return 0;
         case WM_GETMINMAXINFO:
             LimitSize(*reinterpret_cast<MINMAXINFO*>(lParam));
+            return 0;
+        case WM_DPICHANGED:
+            FollowResolution(window, *reinterpret_cast<const RECT*>(lParam));
             return 0;
         case WM_COMMAND:
             return DispatchCommand(window, static_cast<uint32_t>(wParam));

@@ -203,6 +203,7 @@ typedef struct tagMINMAXINFO {
 #define WM_RBUTTONDOWN 0x0204
 #define WM_RBUTTONUP 0x0205
 #define WM_RBUTTONDBLCLK 0x0206
+#define WM_DPICHANGED 0x02E0  // only Windows sends it; elsewhere the desktop scales by itself
 #define WM_USER 0x0400
 #define WM_APP 0x8000
 

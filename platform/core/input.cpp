@@ -129,7 +129,7 @@ bool KeyPressed(WidgetId id, const KeyPress& key) {
     const char letter = key.character < 0x80 ? static_cast<char>(key.character) : '\0';
     const bool forDialog = IsDialogKey(*window, message, key.virtualKey, letter);
     // Windows of the program's own classes get all keys; a control's own widget handles the rest.
-    if (!forDialog && window->control != nullptr)
+    if (!forDialog && window->control != nullptr && !window->control->TakesKey(key.virtualKey))
         return false;
     QueueInput([key] { SetModifiers(key.shift, key.control, key.alt); });
     QueueInputMessage(window->handle, message, key.virtualKey, KeyDetails(key.character));

@@ -27,6 +27,9 @@ class Control {
     // Called once, when the widget exists and before the window's WM_CREATE.
     virtual void Shown() {}
 
+    // Whether the control itself, and not its widget, is to have a key that is not the dialog's.
+    virtual bool TakesKey(WPARAM /*virtualKey*/) const { return false; }
+
     // What a person did with the widget; controls answer what concerns them.
     virtual void OnClicked() {}
     virtual void OnEdited(const std::string& /*text*/, int /*start*/, int /*end*/) {}

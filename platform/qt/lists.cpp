@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <functional>
 #include <optional>
+#include <utility>
 
 #include "platform/qt/control.h"
 #include "platform/qt/line_text.h"
@@ -16,7 +17,7 @@ namespace vxd::qt {
 namespace {
 
 // A list of which a person chooses one row: with the mouse when the button comes up, with the keys
-// at once.
+// at once. The second click of two tells of nothing but the double click.
 class RowList : public QListWidget {
   public:
     RowList(QWidget* parent, WidgetId id, Report& report)
@@ -24,6 +25,7 @@ class RowList : public QListWidget {
         setUniformItemSizes(true);
         setFocusPolicy(Qt::ClickFocus);
         connect(this, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
+            doubleClicked_ = true;
             report_(input::RowDoubleClicked, id_, row(item));
         });
     }
@@ -54,7 +56,7 @@ class RowList : public QListWidget {
   protected:
     void mouseReleaseEvent(QMouseEvent* event) override {
         QListWidget::mouseReleaseEvent(event);
-        if (event->button() == Qt::LeftButton)
+        if (event->button() == Qt::LeftButton && !std::exchange(doubleClicked_, false))
             Choose(true);
     }
 
@@ -77,6 +79,7 @@ class RowList : public QListWidget {
     WidgetId id_;
     Report& report_;
     int row_ = -1;
+    bool doubleClicked_ = false;
 };
 
 class ListBox : public Control {

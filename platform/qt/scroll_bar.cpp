@@ -9,8 +9,8 @@
 namespace vxd::qt {
 namespace {
 
-// What a person does with the bar, in the codes of WM_HSCROLL. The wheel is left to whoever it is
-// meant for, and Qt's own menu of ways to scroll is not offered.
+// What a person does to the bar with the mouse, in the codes of WM_HSCROLL. The wheel is left to
+// whoever it is meant for, and Qt's own menu of ways to scroll is not offered.
 class Bar : public QScrollBar {
   public:
     Bar(QWidget* parent, WidgetId id, std::uint32_t style, Report& report)
@@ -36,12 +36,8 @@ class Bar : public QScrollBar {
   protected:
     void mouseReleaseEvent(QMouseEvent* event) override {
         QScrollBar::mouseReleaseEvent(event);
-        End();
-    }
-    void keyReleaseEvent(QKeyEvent* event) override {
-        QScrollBar::keyReleaseEvent(event);
-        if (!event->isAutoRepeat())
-            End();
+        if (std::exchange(scrolling_, false))
+            report_(input::Scrolled, id_, SB_ENDSCROLL, 0);
     }
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 
@@ -68,11 +64,6 @@ class Bar : public QScrollBar {
             default:
                 return SB_THUMBTRACK;
         }
-    }
-
-    void End() {
-        if (std::exchange(scrolling_, false))
-            report_(input::Scrolled, id_, SB_ENDSCROLL, 0);
     }
 
     WidgetId id_;

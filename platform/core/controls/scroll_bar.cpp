@@ -60,12 +60,14 @@ class ScrollBar : public BasicControl {
         }
     }
 
+    bool TakesKey(WPARAM virtualKey) const override { return CodeOfKey(virtualKey) != kNoCode; }
+
     void OnScrolled(UINT code, int position) override {
         const bool tellsPosition = code == SB_THUMBPOSITION || code == SB_THUMBTRACK;
         const HWND handle = window_.handle;
-        SendMessageA(window_.parent->handle, Has(SBS_VERT) ? WM_VSCROLL : WM_HSCROLL,
-                     MAKEWPARAM(code, tellsPosition ? position : 0),
-                     reinterpret_cast<LPARAM>(handle));
+        if (window_.parent != nullptr)
+            Call(*window_.parent, Has(SBS_VERT) ? WM_VSCROLL : WM_HSCROLL,
+                 MAKEWPARAM(code, tellsPosition ? position : 0), reinterpret_cast<LPARAM>(handle));
         // The widget has followed the person; a thumb that is still held goes on doing so.
         if (IsLiveWindow(handle) && code != SB_THUMBTRACK)
             Show();
