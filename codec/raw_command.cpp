@@ -194,42 +194,16 @@ void Open(HWND dialog) {
     SendDlgItemMessageA(dialog, IDC_RAW_COMMAND_LIST, CB_SETCURSEL, 0, 0);
 }
 
-bool HandleCommand(HWND dialog, int id, int code) {
-    switch (id) {
-        case IDC_RAW_COMMAND_LIST:
-            if (code == CBN_SELCHANGE)
-                ChooseCommand(dialog);
-            return code == CBN_SELCHANGE;
-        case IDC_RAW_AUDIO_PARAM_LIST:
-            if (code == CBN_SELCHANGE)
-                ShowAudioParameter(dialog);
-            return code == CBN_SELCHANGE;
-        case IDC_RAW_SEND:
-            Send(dialog);
-            return true;
-        case IDOK:
-        case IDCANCEL:
-            EndDialog(dialog, 0);
-            return true;
-        default:
-            return false;
-    }
-}
-
-INT_PTR CALLBACK RawCommandProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM /*lParam*/) {
-    switch (message) {
-        case WM_INITDIALOG:
-            Open(dialog);
-            return TRUE;
-        case WM_COMMAND:
-            return HandleCommand(dialog, LOWORD(wParam), HIWORD(wParam));
-        default:
-            return FALSE;
-    }
-}
+constexpr auto kActions = std::to_array<DialogAction>({
+    {IDC_RAW_COMMAND_LIST, ChooseCommand, CBN_SELCHANGE},
+    {IDC_RAW_AUDIO_PARAM_LIST, ShowAudioParameter, CBN_SELCHANGE},
+    {IDC_RAW_SEND, Send},
+    {IDOK, EndWith<0>},
+    {IDCANCEL, EndWith<0>},
+});
 
 }  // namespace
 
 INT_PTR OpenRawCommand(HINSTANCE instance, HWND owner) {
-    return RunDialog(instance, IDD_RAW_COMMAND, owner, RawCommandProcedure);
+    return RunDialog(instance, IDD_RAW_COMMAND, owner, {Open, kActions});
 }

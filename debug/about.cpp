@@ -50,26 +50,20 @@ void ShowRevisions(HWND dialog) {
     ShowField(dialog, IDC_ABOUT_VPIC, "%s", VpicName(vpic));
 }
 
-INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM /*lParam*/) {
-    switch (message) {
-        case WM_INITDIALOG:
-            ShowField(dialog, IDC_ABOUT_VERSION, "%s", kVersion);
-            ShowField(dialog, IDC_ABOUT_DATE, "%s", kBuildDate);
-            ShowToday(dialog);
-            ShowRevisions(dialog);
-            return TRUE;
-        case WM_COMMAND:
-            if (LOWORD(wParam) != IDOK && LOWORD(wParam) != IDCANCEL)
-                return FALSE;
-            EndDialog(dialog, LOWORD(wParam));
-            return TRUE;
-        default:
-            return FALSE;
-    }
+void Open(HWND dialog) {
+    ShowField(dialog, IDC_ABOUT_VERSION, "%s", kVersion);
+    ShowField(dialog, IDC_ABOUT_DATE, "%s", kBuildDate);
+    ShowToday(dialog);
+    ShowRevisions(dialog);
 }
+
+constexpr auto kActions = std::to_array<DialogAction>({
+    {IDOK, EndWith<IDOK>},
+    {IDCANCEL, EndWith<IDCANCEL>},
+});
 
 }  // namespace
 
 INT_PTR OpenAbout(HINSTANCE instance, HWND owner) {
-    return RunDialog(instance, IDD_ABOUT, owner, AboutProcedure);
+    return RunDialog(instance, IDD_ABOUT, owner, {Open, kActions});
 }

@@ -37,20 +37,13 @@ void DumpSelectedModule(HWND dialog) {
                   "vdapi_Debug: TALVERO_DBG_CORE_TR_DUMP_GDS");
 }
 
-INT_PTR CALLBACK GdsDumpProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM /*lParam*/) {
-    switch (message) {
-        case WM_INITDIALOG:
-            ShowModules(dialog);
-            return TRUE;
-        case WM_COMMAND:
-            return EndSelection(dialog, LOWORD(wParam), DumpSelectedModule);
-        default:
-            return FALSE;
-    }
-}
+constexpr auto kActions = std::to_array<DialogAction>({
+    {IDOK, Accept<DumpSelectedModule>},
+    {IDCANCEL, EndWith<0>},
+});
 
 }  // namespace
 
 INT_PTR OpenGdsDump(HINSTANCE instance, HWND owner) {
-    return RunDialog(instance, IDD_GDS_DUMP, owner, GdsDumpProcedure);
+    return RunDialog(instance, IDD_GDS_DUMP, owner, {ShowModules, kActions});
 }

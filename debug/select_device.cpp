@@ -33,23 +33,15 @@ void TakeDevice(HWND dialog) {
         device = static_cast<uint16_t>(SelectedNumber(dialog, IDC_DEVICE_LIST));
 }
 
-INT_PTR CALLBACK SelectDeviceProcedure(HWND dialog, UINT message, WPARAM wParam,
-                                       LPARAM /*lParam*/) {
-    switch (message) {
-        case WM_INITDIALOG:
-            ShowDevices(dialog);
-            return TRUE;
-        case WM_COMMAND:
-            return EndSelection(dialog, LOWORD(wParam), TakeDevice);
-        default:
-            return FALSE;
-    }
-}
+constexpr auto kActions = std::to_array<DialogAction>({
+    {IDOK, Accept<TakeDevice>},
+    {IDCANCEL, EndWith<0>},
+});
 
 }  // namespace
 
 INT_PTR OpenSelectDevice(HINSTANCE instance, HWND owner) {
-    return RunDialog(instance, IDD_SELECT_DEVICE, owner, SelectDeviceProcedure);
+    return RunDialog(instance, IDD_SELECT_DEVICE, owner, {ShowDevices, kActions});
 }
 
 uint16_t SelectedDevice() {

@@ -1,6 +1,7 @@
 // The Annex-D loader: one download from the service, of which only the number of bytes is shown.
 #include "regs/annexd_loader.h"
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <new>
@@ -26,34 +27,17 @@ void Download(HWND dialog) {
     ShowField(dialog, IDC_ANNEXD_BYTES, "%d", static_cast<int32_t>(byteCount));
 }
 
-bool HandleCommand(HWND dialog, int id) {
-    switch (id) {
-        case IDC_ANNEXD_START:
-            Download(dialog);
-            return true;
-        case IDCANCEL:
-            EndDialog(dialog, 0);
-            return true;
-        default:
-            return false;
-    }
+void Open(HWND dialog) {
+    SetDlgItemTextA(dialog, IDC_ANNEXD_BYTES, "0");
 }
 
-INT_PTR CALLBACK AnnexdLoaderProcedure(HWND dialog, UINT message, WPARAM wParam,
-                                       LPARAM /*lParam*/) {
-    switch (message) {
-        case WM_INITDIALOG:
-            SetDlgItemTextA(dialog, IDC_ANNEXD_BYTES, "0");
-            return TRUE;
-        case WM_COMMAND:
-            return HandleCommand(dialog, LOWORD(wParam));
-        default:
-            return FALSE;
-    }
-}
+constexpr auto kActions = std::to_array<DialogAction>({
+    {IDC_ANNEXD_START, Download},
+    {IDCANCEL, EndWith<0>},
+});
 
 }  // namespace
 
 INT_PTR OpenAnnexdLoader(HINSTANCE instance, HWND owner) {
-    return RunDialog(instance, IDD_ANNEXD_LOADER, owner, AnnexdLoaderProcedure);
+    return RunDialog(instance, IDD_ANNEXD_LOADER, owner, {Open, kActions});
 }

@@ -2,6 +2,7 @@
 // at the click; it does not say which one it uses.
 #include "regs/camera_selection.h"
 
+#include <array>
 #include <cstdint>
 
 #include "app/services/dialog_kit.h"
@@ -14,7 +15,8 @@ namespace {
 constexpr uint32_t kPhilipsCamera = 1;
 constexpr uint32_t kVcr = 2;
 
-void SelectInput(uint32_t input) {
+template <uint32_t input>
+void SelectInput(HWND /*dialog*/) {
     uint32_t response1 = 0;
     uint32_t response2 = 0;
     uint16_t response3 = 0;
@@ -22,35 +24,14 @@ void SelectInput(uint32_t input) {
                       &response3);
 }
 
-bool HandleCommand(HWND dialog, int id, int code) {
-    switch (id) {
-        case IDC_CAMERA_PHILIPS:
-        case IDC_CAMERA_VCR:
-            if (code == BN_CLICKED)
-                SelectInput(id == IDC_CAMERA_PHILIPS ? kPhilipsCamera : kVcr);
-            return code == BN_CLICKED;
-        case IDCANCEL:
-            EndDialog(dialog, 0);
-            return true;
-        default:
-            return false;
-    }
-}
-
-INT_PTR CALLBACK CameraSelectionProcedure(HWND dialog, UINT message, WPARAM wParam,
-                                          LPARAM /*lParam*/) {
-    switch (message) {
-        case WM_INITDIALOG:
-            return TRUE;
-        case WM_COMMAND:
-            return HandleCommand(dialog, LOWORD(wParam), HIWORD(wParam));
-        default:
-            return FALSE;
-    }
-}
+constexpr auto kActions = std::to_array<DialogAction>({
+    {IDC_CAMERA_PHILIPS, SelectInput<kPhilipsCamera>},
+    {IDC_CAMERA_VCR, SelectInput<kVcr>},
+    {IDCANCEL, EndWith<0>},
+});
 
 }  // namespace
 
 INT_PTR OpenCameraSelection(HINSTANCE instance, HWND owner) {
-    return RunDialog(instance, IDD_CAMERA_SELECTION, owner, CameraSelectionProcedure);
+    return RunDialog(instance, IDD_CAMERA_SELECTION, owner, {nullptr, kActions});
 }

@@ -1,10 +1,13 @@
 #include "regs/device_selection.h"
 
+#include <array>
+
 #include "app/services/dialog_kit.h"
 
 namespace {
 
-void ShowSelection(HWND dialog, const DeviceSelection& selection) {
+void ShowSelection(HWND dialog) {
+    const auto& selection = StateOf<DeviceSelection>(dialog);
     const auto& [first, second] = selection.choices;
     CheckRadioButton(dialog, first.radioButton, second.radioButton,
                      selection.device == first.device ? first.radioButton : second.radioButton);
@@ -22,23 +25,14 @@ void TakeSelection(HWND dialog) {
         IsDlgButtonChecked(dialog, selection.initializeChipBox) == BST_CHECKED;
 }
 
-INT_PTR CALLBACK DeviceSelectionProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case WM_INITDIALOG:
-            KeepState(dialog, lParam);
-            ShowSelection(dialog, StateOf<DeviceSelection>(dialog));
-            return TRUE;
-        case WM_COMMAND:
-            return EndSelection(dialog, LOWORD(wParam), TakeSelection);
-        default:
-            return FALSE;
-    }
-}
+constexpr auto kActions = std::to_array<DialogAction>({
+    {IDOK, Accept<TakeSelection>},
+    {IDCANCEL, EndWith<0>},
+});
 
 }  // namespace
 
 INT_PTR OpenDeviceSelection(HINSTANCE instance, int templateId, HWND owner,
                             DeviceSelection& selection) {
-    return RunDialog(instance, templateId, owner, DeviceSelectionProcedure,
-                     reinterpret_cast<LPARAM>(&selection));
+    return RunDialog(instance, templateId, owner, {ShowSelection, kActions}, &selection);
 }

@@ -111,34 +111,14 @@ void Close(HWND dialog) {
     EndDialog(dialog, 0);
 }
 
-bool HandleCommand(HWND dialog, int id) {
-    switch (id) {
-        case IDC_EPROM_APPLY:
-            Apply(dialog);
-            return true;
-        case IDC_EPROM_CLOSE:
-        case IDCANCEL:
-            Close(dialog);
-            return true;
-        default:
-            return false;
-    }
-}
-
-INT_PTR CALLBACK EpromProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM /*lParam*/) {
-    switch (message) {
-        case WM_INITDIALOG:
-            Open(dialog);
-            return TRUE;
-        case WM_COMMAND:
-            return HandleCommand(dialog, LOWORD(wParam));
-        default:
-            return FALSE;
-    }
-}
+constexpr auto kActions = std::to_array<DialogAction>({
+    {IDC_EPROM_APPLY, Apply},
+    {IDC_EPROM_CLOSE, Close},
+    {IDCANCEL, Close},
+});
 
 }  // namespace
 
 INT_PTR OpenEprom(HINSTANCE instance, HWND owner) {
-    return RunDialog(instance, IDD_EPROM, owner, EpromProcedure);
+    return RunDialog(instance, IDD_EPROM, owner, {Open, kActions});
 }

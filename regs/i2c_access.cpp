@@ -81,39 +81,17 @@ void Close(HWND dialog) {
     EndDialog(dialog, 0);
 }
 
-bool HandleCommand(HWND dialog, int id) {
-    switch (id) {
-        case IDC_I2C_READ_REGISTER:
-        case IDC_I2C_WRITE_ADDRESS:
-        case IDC_I2C_WRITE_REGISTER:
-            EnableSecondByte(dialog);
-            return true;
-        case IDC_I2C_APPLY:
-            Apply(dialog);
-            return true;
-        case IDOK:
-        case IDCANCEL:
-            Close(dialog);
-            return true;
-        default:
-            return false;
-    }
-}
-
-INT_PTR CALLBACK I2cAccessProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM /*lParam*/) {
-    switch (message) {
-        case WM_INITDIALOG:
-            Open(dialog);
-            return TRUE;
-        case WM_COMMAND:
-            return HandleCommand(dialog, LOWORD(wParam));
-        default:
-            return FALSE;
-    }
-}
+constexpr auto kActions = std::to_array<DialogAction>({
+    {IDC_I2C_READ_REGISTER, EnableSecondByte},
+    {IDC_I2C_WRITE_ADDRESS, EnableSecondByte},
+    {IDC_I2C_WRITE_REGISTER, EnableSecondByte},
+    {IDC_I2C_APPLY, Apply},
+    {IDOK, Close},
+    {IDCANCEL, Close},
+});
 
 }  // namespace
 
 INT_PTR OpenI2cAccess(HINSTANCE instance, HWND owner) {
-    return RunDialog(instance, IDD_I2C_ACCESS, owner, I2cAccessProcedure);
+    return RunDialog(instance, IDD_I2C_ACCESS, owner, {Open, kActions});
 }

@@ -2,6 +2,7 @@
 // on by itself.
 #include "regs/jade_access.h"
 
+#include <array>
 #include <cstdint>
 
 #include "app/services/dialog_kit.h"
@@ -39,37 +40,19 @@ void Set(HWND dialog) {
     GoOn(dialog, registerNumber);
 }
 
-bool HandleCommand(HWND dialog, int id) {
-    switch (id) {
-        case IDC_JADE_GET:
-            Get(dialog);
-            return true;
-        case IDC_JADE_SET:
-            Set(dialog);
-            return true;
-        case IDCANCEL:
-            EndDialog(dialog, 0);
-            return true;
-        default:
-            return false;
-    }
+void Open(HWND dialog) {
+    SetDlgItemTextA(dialog, IDC_JADE_REGISTER, "0x00");
+    SetDlgItemTextA(dialog, IDC_JADE_VALUE, "0x00");
 }
 
-INT_PTR CALLBACK JadeAccessProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM /*lParam*/) {
-    switch (message) {
-        case WM_INITDIALOG:
-            SetDlgItemTextA(dialog, IDC_JADE_REGISTER, "0x00");
-            SetDlgItemTextA(dialog, IDC_JADE_VALUE, "0x00");
-            return TRUE;
-        case WM_COMMAND:
-            return HandleCommand(dialog, LOWORD(wParam));
-        default:
-            return FALSE;
-    }
-}
+constexpr auto kActions = std::to_array<DialogAction>({
+    {IDC_JADE_GET, Get},
+    {IDC_JADE_SET, Set},
+    {IDCANCEL, EndWith<0>},
+});
 
 }  // namespace
 
 INT_PTR OpenJadeAccess(HINSTANCE instance, HWND owner) {
-    return RunDialog(instance, IDD_JADE_ACCESS, owner, JadeAccessProcedure);
+    return RunDialog(instance, IDD_JADE_ACCESS, owner, {Open, kActions});
 }

@@ -1,6 +1,7 @@
 // "MBE SEND DEMO": sends what is typed over the MBE data channel, as it is, also nothing.
 #include "regs/mbe_send.h"
 
+#include <array>
 #include <cstdint>
 #include <string>
 
@@ -22,32 +23,13 @@ void SendText(HWND dialog) {
 }
 
 // Escape is left unanswered: it must not end a demonstration.
-bool HandleCommand(HWND dialog, int id) {
-    switch (id) {
-        case IDC_MBE_SEND:
-            SendText(dialog);
-            return true;
-        case IDC_MBE_EXIT:
-            EndDialog(dialog, 0);
-            return true;
-        default:
-            return false;
-    }
-}
-
-INT_PTR CALLBACK MbeSendProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM /*lParam*/) {
-    switch (message) {
-        case WM_INITDIALOG:
-            return TRUE;
-        case WM_COMMAND:
-            return HandleCommand(dialog, LOWORD(wParam));
-        default:
-            return FALSE;
-    }
-}
+constexpr auto kActions = std::to_array<DialogAction>({
+    {IDC_MBE_SEND, SendText},
+    {IDC_MBE_EXIT, EndWith<0>},
+});
 
 }  // namespace
 
 INT_PTR OpenMbeSend(HINSTANCE instance, HWND owner) {
-    return RunDialog(instance, IDD_MBE_SEND, owner, MbeSendProcedure);
+    return RunDialog(instance, IDD_MBE_SEND, owner, {nullptr, kActions});
 }

@@ -32,7 +32,8 @@ constexpr Space kPorts{IDC_PORT_ADDRESS, IDC_PORT_VALUE, IDC_PORT_UNIT, vdapi_IO
                        vdapi_IO_Write};
 
 // A failed read shows 0.
-void Get(HWND dialog, const Space& space) {
+template <const Space& space>
+void Get(HWND dialog) {
     const auto address = ReadHexField(dialog, space.address);
     if (!address)
         return;
@@ -41,7 +42,8 @@ void Get(HWND dialog, const Space& space) {
     ShowField(dialog, space.value, "0x%x", value);
 }
 
-void Set(HWND dialog, const Space& space) {
+template <const Space& space>
+void Set(HWND dialog) {
     const auto address = ReadHexField(dialog, space.address);
     const auto value = ReadHexField(dialog, space.value);
     if (address && value)
@@ -54,45 +56,22 @@ void FillUnits(HWND dialog, int id, std::span<const NamedNumber> units) {
     SendDlgItemMessageA(dialog, id, CB_SETCURSEL, units.size() - 1, 0);
 }
 
-// Nothing but "&Close" ends the dialog, neither Escape nor the close box.
-bool HandleCommand(HWND dialog, int id) {
-    switch (id) {
-        case IDC_MEMORY_GET:
-            Get(dialog, kMemory);
-            return true;
-        case IDC_MEMORY_SET:
-            Set(dialog, kMemory);
-            return true;
-        case IDC_PORT_GET:
-            Get(dialog, kPorts);
-            return true;
-        case IDC_PORT_SET:
-            Set(dialog, kPorts);
-            return true;
-        case IDOK:
-            EndDialog(dialog, 0);
-            return true;
-        default:
-            return false;
-    }
+void Open(HWND dialog) {
+    FillUnits(dialog, IDC_MEMORY_UNIT, kMemoryUnits);
+    FillUnits(dialog, IDC_PORT_UNIT, kPortUnits);
 }
 
-INT_PTR CALLBACK MemoryAccessProcedure(HWND dialog, UINT message, WPARAM wParam,
-                                       LPARAM /*lParam*/) {
-    switch (message) {
-        case WM_INITDIALOG:
-            FillUnits(dialog, IDC_MEMORY_UNIT, kMemoryUnits);
-            FillUnits(dialog, IDC_PORT_UNIT, kPortUnits);
-            return TRUE;
-        case WM_COMMAND:
-            return HandleCommand(dialog, LOWORD(wParam));
-        default:
-            return FALSE;
-    }
-}
+// Nothing but "&Close" ends the dialog, neither Escape nor the close box.
+constexpr auto kActions = std::to_array<DialogAction>({
+    {IDC_MEMORY_GET, Get<kMemory>},
+    {IDC_MEMORY_SET, Set<kMemory>},
+    {IDC_PORT_GET, Get<kPorts>},
+    {IDC_PORT_SET, Set<kPorts>},
+    {IDOK, EndWith<0>},
+});
 
 }  // namespace
 
 INT_PTR OpenMemoryAccess(HINSTANCE instance, HWND owner) {
-    return RunDialog(instance, IDD_MEMORY_ACCESS, owner, MemoryAccessProcedure);
+    return RunDialog(instance, IDD_MEMORY_ACCESS, owner, {Open, kActions});
 }

@@ -32,7 +32,8 @@ void FillList(HWND dialog, const RegisterBrowser& browser) {
     SendMessageA(list, LB_SETCURSEL, 0, 0);
 }
 
-void Open(HWND dialog, const RegisterBrowser& browser) {
+void Open(HWND dialog) {
+    const RegisterBrowser& browser = StateOf<OpenBrowser>(dialog).browser;
     FillList(dialog, browser);
     if (browser.open != nullptr)
         browser.open(dialog);
@@ -68,25 +69,11 @@ bool HandleCommand(HWND dialog, int id, int code) {
     return browser.command != nullptr && browser.command(dialog, id);
 }
 
-INT_PTR CALLBACK BrowserProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case WM_INITDIALOG:
-            KeepState(dialog, lParam);
-            Open(dialog, StateOf<OpenBrowser>(dialog).browser);
-            return TRUE;
-        case WM_COMMAND:
-            return HandleCommand(dialog, LOWORD(wParam), HIWORD(wParam));
-        default:
-            return FALSE;
-    }
-}
-
 }  // namespace
 
 INT_PTR RunBrowser(HINSTANCE instance, HWND owner, const RegisterBrowser& browser) {
     OpenBrowser open{browser};
-    return RunDialog(instance, browser.dialog, owner, BrowserProcedure,
-                     reinterpret_cast<LPARAM>(&open));
+    return RunDialog(instance, browser.dialog, owner, {Open, {}, HandleCommand}, &open);
 }
 
 void ShowCurrentRow(HWND dialog) {

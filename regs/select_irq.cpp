@@ -44,22 +44,15 @@ void TakeInterrupts(HWND dialog) {
     }
 }
 
-INT_PTR CALLBACK SelectIrqProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM /*lParam*/) {
-    switch (message) {
-        case WM_INITDIALOG:
-            ShowInterrupts(dialog);
-            return TRUE;
-        case WM_COMMAND:
-            return EndSelection(dialog, LOWORD(wParam), TakeInterrupts);
-        default:
-            return FALSE;
-    }
-}
+constexpr auto kActions = std::to_array<DialogAction>({
+    {IDOK, Accept<TakeInterrupts>},
+    {IDCANCEL, EndWith<0>},
+});
 
 }  // namespace
 
 INT_PTR OpenSelectIrq(HINSTANCE instance, HWND owner) {
-    return RunDialog(instance, IDD_SELECT_IRQ, owner, SelectIrqProcedure);
+    return RunDialog(instance, IDD_SELECT_IRQ, owner, {ShowInterrupts, kActions});
 }
 
 uint32_t SelectedInterrupts() {

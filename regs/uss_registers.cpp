@@ -1,6 +1,7 @@
 // "USS Reg": a register that the newer board's firmware reads and writes by its address.
 #include "regs/uss_registers.h"
 
+#include <array>
 #include <cstdint>
 
 #include "app/services/dialog_kit.h"
@@ -35,29 +36,14 @@ void Set(HWND dialog) {
 }
 
 // Nothing but "CLOSE" ends the dialog, neither Escape nor the close box.
-bool HandleCommand(HWND dialog, int id) {
-    switch (id) {
-        case IDC_USS_GET:
-            Get(dialog);
-            return true;
-        case IDC_USS_SET:
-            Set(dialog);
-            return true;
-        case IDOK:
-            EndDialog(dialog, 0);
-            return true;
-        default:
-            return false;
-    }
-}
-
-INT_PTR CALLBACK UssRegistersProcedure(HWND dialog, UINT message, WPARAM wParam,
-                                       LPARAM /*lParam*/) {
-    return message == WM_COMMAND ? HandleCommand(dialog, LOWORD(wParam)) : message == WM_INITDIALOG;
-}
+constexpr auto kActions = std::to_array<DialogAction>({
+    {IDC_USS_GET, Get},
+    {IDC_USS_SET, Set},
+    {IDOK, EndWith<0>},
+});
 
 }  // namespace
 
 INT_PTR OpenUssRegisters(HINSTANCE instance, HWND owner) {
-    return RunDialog(instance, IDD_USS_REGISTERS, owner, UssRegistersProcedure);
+    return RunDialog(instance, IDD_USS_REGISTERS, owner, {nullptr, kActions});
 }

@@ -1,6 +1,7 @@
 // "VPIC I2C Access": the levels of the VPIC's I2C clock and data lines, one line at a time.
 #include "regs/vpic_i2c_access.h"
 
+#include <array>
 #include <cstdint>
 #include <cstdlib>
 
@@ -50,44 +51,22 @@ void SetLine(HWND dialog) {
                   "vdapi_Debug: TALVERO_DBG_VPIC_TR_I2C_SET");
 }
 
-bool HandleCommand(HWND dialog, int id) {
-    switch (id) {
-        case IDC_VPIC_I2C_CLOCK:
-        case IDC_VPIC_I2C_DATA:
-            ShowLine(dialog);
-            return true;
-        case IDC_VPIC_I2C_SET:
-            SetLine(dialog);
-            return true;
-        case IDOK:
-            EndDialog(dialog, 1);
-            return true;
-        case IDCANCEL:
-            EndDialog(dialog, 0);
-            return true;
-        default:
-            return false;
-    }
+void Open(HWND dialog) {
+    CheckRadioButton(dialog, IDC_VPIC_I2C_CLOCK, IDC_VPIC_I2C_DATA, IDC_VPIC_I2C_CLOCK);
+    ShowLine(dialog);
 }
 
-INT_PTR CALLBACK VpicI2cAccessProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case WM_INITDIALOG:
-            KeepState(dialog, lParam);
-            CheckRadioButton(dialog, IDC_VPIC_I2C_CLOCK, IDC_VPIC_I2C_DATA, IDC_VPIC_I2C_CLOCK);
-            ShowLine(dialog);
-            return TRUE;
-        case WM_COMMAND:
-            return HandleCommand(dialog, LOWORD(wParam));
-        default:
-            return FALSE;
-    }
-}
+constexpr auto kActions = std::to_array<DialogAction>({
+    {IDC_VPIC_I2C_CLOCK, ShowLine},
+    {IDC_VPIC_I2C_DATA, ShowLine},
+    {IDC_VPIC_I2C_SET, SetLine},
+    {IDOK, EndWith<1>},
+    {IDCANCEL, EndWith<0>},
+});
 
 }  // namespace
 
 INT_PTR OpenVpicI2cAccess(HINSTANCE instance, HWND owner) {
     OpenLines open;
-    return RunDialog(instance, IDD_VPIC_I2C_ACCESS, owner, VpicI2cAccessProcedure,
-                     reinterpret_cast<LPARAM>(&open));
+    return RunDialog(instance, IDD_VPIC_I2C_ACCESS, owner, {Open, kActions}, &open);
 }

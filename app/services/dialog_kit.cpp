@@ -8,24 +8,54 @@ namespace {
 
 constexpr std::size_t kFieldBuffer = 256;
 
+struct OpenDialog {
+    const DialogRules& rules;
+    void* state;
+};
+
+// Null until the dialog is initialised.
+OpenDialog* OpenDialogOf(HWND dialog) {
+    return reinterpret_cast<OpenDialog*>(GetWindowLongPtrA(dialog, DWLP_USER));
+}
+
+bool Answer(HWND dialog, int id, int code) {
+    const OpenDialog* open = OpenDialogOf(dialog);
+    if (open == nullptr)
+        return false;
+    for (const DialogAction& action : open->rules.actions) {
+        if (action.id == id && action.code == code) {
+            action.run(dialog);
+            return true;
+        }
+    }
+    return open->rules.otherwise != nullptr && open->rules.otherwise(dialog, id, code);
+}
+
+INT_PTR CALLBACK DialogProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_INITDIALOG:
+            SetWindowLongPtrA(dialog, DWLP_USER, lParam);
+            if (const auto open = OpenDialogOf(dialog)->rules.open; open != nullptr)
+                open(dialog);
+            return TRUE;
+        case WM_COMMAND:
+            return Answer(dialog, LOWORD(wParam), HIWORD(wParam));
+        default:
+            return FALSE;
+    }
+}
+
 }  // namespace
 
-INT_PTR RunDialog(HINSTANCE instance, int templateId, HWND owner, DLGPROC procedure,
-                  LPARAM parameter) {
-    return DialogBoxParamA(instance, MAKEINTRESOURCEA(templateId), owner, procedure, parameter);
+INT_PTR RunDialog(HINSTANCE instance, int templateId, HWND owner, const DialogRules& rules,
+                  void* state) {
+    OpenDialog open{rules, state};
+    return DialogBoxParamA(instance, MAKEINTRESOURCEA(templateId), owner, DialogProcedure,
+                           reinterpret_cast<LPARAM>(&open));
 }
 
-void KeepState(HWND dialog, LPARAM parameter) {
-    SetWindowLongPtrA(dialog, DWLP_USER, parameter);
-}
-
-bool EndSelection(HWND dialog, int id, void (*accept)(HWND dialog)) {
-    if (id != IDOK && id != IDCANCEL)
-        return false;
-    if (id == IDOK)
-        accept(dialog);
-    EndDialog(dialog, id == IDOK ? 1 : 0);
-    return true;
+void* StateBehind(HWND dialog) {
+    return OpenDialogOf(dialog)->state;
 }
 
 std::string FieldText(HWND dialog, int id, std::size_t capacity) {

@@ -7,22 +7,44 @@
 
 #include "platform/win32.h"
 
-// Runs a dialog of the program's resources; gives what it was ended with, -1 if it cannot be shown.
-// The parameter comes with WM_INITDIALOG.
-INT_PTR RunDialog(HINSTANCE instance, int templateId, HWND owner, DLGPROC procedure,
-                  LPARAM parameter = 0);
+// What a control's notification makes a dialog do.
+struct DialogAction {
+    int id;
+    void (*run)(HWND dialog);
+    int code = BN_CLICKED;  // also the code of Enter and Escape
+};
 
-// What a dialog keeps while it is open: its procedure hands in the parameter of WM_INITDIALOG, an
-// address, and finds the state there from then on.
-void KeepState(HWND dialog, LPARAM parameter);
+// What a dialog does. What it does not name is left to Windows.
+struct DialogRules {
+    // Fills the controls before the dialog is shown; null where the template says it all.
+    void (*open)(HWND dialog) = nullptr;
+    std::span<const DialogAction> actions = {};
+    // Answers the notifications that `actions` does not name; whether there was an answer.
+    bool (*otherwise)(HWND dialog, int id, int code) = nullptr;
+};
+
+// Runs a dialog of the program's resources; gives what it was ended with, -1 if it cannot be shown.
+// What the dialog keeps while it is open is the caller's.
+INT_PTR RunDialog(HINSTANCE instance, int templateId, HWND owner, const DialogRules& rules,
+                  void* state = nullptr);
+
+// The state that RunDialog was given.
+void* StateBehind(HWND dialog);
 template <typename State>
 State& StateOf(HWND dialog) {
-    return *reinterpret_cast<State*>(GetWindowLongPtrA(dialog, DWLP_USER));
+    return *static_cast<State*>(StateBehind(dialog));
 }
 
-// Ends a dialog that asks for a choice: OK has `accept` take it and gives 1, Cancel gives 0. False
-// for any other control.
-bool EndSelection(HWND dialog, int id, void (*accept)(HWND dialog));
+// Actions that end a dialog: with a result, or with 1 once it has taken the choice in its fields.
+template <INT_PTR result>
+void EndWith(HWND dialog) {
+    EndDialog(dialog, result);
+}
+template <void (*take)(HWND dialog)>
+void Accept(HWND dialog) {
+    take(dialog);
+    EndDialog(dialog, 1);
+}
 
 // A field's text, cut to `capacity` - 1 characters.
 std::string FieldText(HWND dialog, int id, std::size_t capacity);
