@@ -1,20 +1,14 @@
 // The About box.
-#include <gtest/gtest.h>
-
 #include <ctime>
 
-#include "board/control.h"
-#include "debug/about.h"
 #include "res/resource.h"
-#include "tests/kit/user_interface.h"
-#include "tests/kit/utility.h"
+#include "tests/app/dialog_test.h"
 
 namespace {
 
-kit::Dialog Open(const kit::Utility& utility) {
-    utility.Choose(IDM_HELP_ABOUT);
-    return kit::WaitForDialog("About  VxD Test  Utility");
-}
+using About = CommandTest;
+
+constexpr char kCaption[] = "About  VxD Test  Utility";
 
 // "Mar 5 2026" for the fifth of March.
 std::string Today() {
@@ -27,69 +21,38 @@ std::string Today() {
     return text;
 }
 
-TEST(About, ShowsTheUtilityAndTheDayAndKeepsTheFixedTexts) {
-    const kit::Utility utility;
+TEST_F(About, ShowsTheUtilityAndTheDayAndKeepsTheFixedTexts) {
     const std::string before = Today();
-    const kit::Dialog about = Open(utility);
+    const kit::Dialog about = Ask(IDM_HELP_ABOUT, kCaption);
     const std::string after = Today();
-    EXPECT_EQ(about.Text(IDC_ABOUT_TITLE), "VxD\nTest\nUtility");
-    EXPECT_EQ(about.Text(IDC_ABOUT_VERSION), "1.2");
-    EXPECT_EQ(about.Text(IDC_ABOUT_DATE), "Apr 15 2003");
+    EXPECT_EQ(Shown(about, {IDC_ABOUT_TITLE, IDC_ABOUT_VERSION, IDC_ABOUT_DATE, IDC_ABOUT_PROCESSOR,
+                            IDC_ABOUT_DISK_FREE}),
+              (Texts{"VxD\nTest\nUtility", "1.2", "Apr 15 2003", "80486", "240MB"}));
     const std::string updated = about.Text(IDC_ABOUT_UPDATED);
     EXPECT_TRUE(updated == before || updated == after) << updated << " on " << after;
-    EXPECT_EQ(about.Text(IDC_ABOUT_PROCESSOR), "80486");
-    EXPECT_EQ(about.Text(IDC_ABOUT_DISK_FREE), "240MB");
     about.Press(IDOK);
     kit::ExpectNoBox();
 }
 
-TEST(About, GivesTheButtonThatClosedIt) {
-    const kit::Utility utility;
-    INT_PTR given = 0;
-    const auto open = [&] {
-        kit::BeginStep([&] { given = OpenAbout(GetModuleHandleA(nullptr), utility.Window()); });
-        return kit::WaitForDialog("About  VxD Test  Utility");
-    };
-    const auto result = [&] { return kit::OnUserInterface([&] { return given; }); };
-    open().Press(IDOK);
-    EXPECT_EQ(result(), 1);
-    open().Key(VK_ESCAPE);
-    EXPECT_EQ(result(), 2);
-    kit::ExpectNoBox();
-}
-
-TEST(About, ShowsTheBoardsRevisions) {
+TEST_F(About, ShowsTheBoardsRevisionsAndZeroesWithoutAReportWhereTheDriverFails) {
     struct Case {
         board::Revisions revisions;
-        const char* hardware;
-        const char* driver;
-        const char* vpic;
-        const char* jade;
+        ResultCode answer;
+        Texts shown;
     };
-    const kit::Utility utility;
-    for (const Case& each : {Case{{0x011D, 8, 0x0312, 0x21}, "0x1D", "3.18", "AD", "0x21"},
-                             Case{{0x0005, 2, 0x0105, 0x0A}, "0x5", "1.5", "AB", "0x0A"},
-                             Case{{0xFFFF, 3, 0xFFFF, 0xFF}, "0xFF", "255.255", "??", "0xFF"},
-                             Case{{0, 0, 0, 0}, "0x0", "0.0", "*OldVxD*", "0x00"}}) {
+    for (const Case& each :
+         {Case{{0x011D, 8, 0x0312, 0x21}, VXD_SUCCESS, {"0x1D", "3.18", "AD", "0x21"}},
+          Case{{0x0005, 2, 0x0105, 0x0A}, VXD_SUCCESS, {"0x5", "1.5", "AB", "0x0A"}},
+          Case{{0xFFFF, 3, 0xFFFF, 0xFF}, VXD_SUCCESS, {"0xFF", "255.255", "??", "0xFF"}},
+          Case{{1, 8, 1, 1}, VXD_HARDWARE_FAILURE, {"0x0", "0.0", "*OldVxD*", "0x00"}},
+          Case{{0, 0, 0, 0}, VXD_SUCCESS, {"0x0", "0.0", "*OldVxD*", "0x00"}}}) {
         board::SetRevisions(each.revisions);
-        const kit::Dialog about = Open(utility);
-        EXPECT_EQ(about.Text(IDC_ABOUT_HARDWARE), each.hardware);
-        EXPECT_EQ(about.Text(IDC_ABOUT_VXD), each.driver);
-        EXPECT_EQ(about.Text(IDC_ABOUT_VPIC), each.vpic);
-        EXPECT_EQ(about.Text(IDC_ABOUT_JADE), each.jade);
+        board::FailAlways("vdapi_GetVersion", each.answer);
+        const kit::Dialog about = Ask(IDM_HELP_ABOUT, kCaption);
+        EXPECT_EQ(Shown(about, {IDC_ABOUT_HARDWARE, IDC_ABOUT_VXD, IDC_ABOUT_VPIC, IDC_ABOUT_JADE}),
+                  each.shown);
         about.Press(IDOK);
     }
-}
-
-TEST(About, AFailureIsNotReportedAndShowsZeroes) {
-    const kit::Utility utility;
-    board::FailAlways("vdapi_GetVersion", VXD_HARDWARE_FAILURE);
-    const kit::Dialog about = Open(utility);
-    EXPECT_EQ(about.Text(IDC_ABOUT_HARDWARE), "0x0");
-    EXPECT_EQ(about.Text(IDC_ABOUT_VXD), "0.0");
-    EXPECT_EQ(about.Text(IDC_ABOUT_VPIC), "*OldVxD*");
-    EXPECT_EQ(about.Text(IDC_ABOUT_JADE), "0x00");
-    about.Press(IDOK);
 }
 
 }  // namespace

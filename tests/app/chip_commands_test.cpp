@@ -1,7 +1,11 @@
 // The older board's commands that bring chips through their life cycle.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdint>
+#include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "board/control.h"
@@ -20,20 +24,48 @@ struct Case {
     const char* dialog = nullptr;       // what asks for a choice first
 };
 
+// A command of the debug channel: its number and name, and the words of its block.
+Case Debug(UINT command, uint32_t number, const std::string& name, const std::string& block = "",
+           const char* dialog = nullptr) {
+    const auto words = block.empty() ? 0 : std::ranges::count(block, ' ') + 1;
+    std::ostringstream call;
+    call << std::hex << std::uppercase << "vdapi_Debug(" << number << ", " << 4 * words
+         << (words != 0 ? ", address) " : ", null)") << block;
+    return {command, {call.str()}, {"vdapi_Debug: TALVERO_DBG_" + name}, dialog};
+}
+
+// The same behind a call that has no failure of its own to report.
+Case After(const char* first, Case then) {
+    then.received.insert(then.received.begin(), first);
+    return then;
+}
+
+// Operations of the command library, each reported under its name.
+Case Calls(UINT command, const std::vector<std::string>& calls) {
+    Case each{command, calls, {}};
+    for (const std::string& call : calls)
+        each.names.push_back(call.substr(0, call.find('(')));
+    return each;
+}
+
+Case ArcofiLoop(UINT command, const std::string& written) {
+    return {command,
+            {"vdapi_ARCOFI_Read(91F, address)", "vdapi_ARCOFI_Write(91F, address) " + written},
+            {"vdapi_ARCOFI_Read : LIST", "vdapi_ARCOFI_Write : LIST"}};
+}
+
+constexpr char kAnyDevice[] = "Select Device";
+constexpr char kIsacDevice[] = "Select ISAC  Device";
+constexpr char kMonitorDevice[] = "Select Monitor Device";
+
 // Every command by its number in the menu, in an order in which a board takes them all.
 const std::vector<Case> kCases = {
-    {40049, {"vdapi_Debug(2, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_PCI_OP_INIT"}},
-    {40050, {"vdapi_Debug(4, C, address) * * *"}, {"vdapi_Debug: TALVERO_DBG_PCI_OP_BIOS_PRST"}},
-    {40051,
-     {"vdapi_Debug(5, 14, address) 02000000 61100000 00000000 * *"},
-     {"vdapi_Debug: TALVERO_DBG_PCI_OP_FINDDEV"}},
-    {40052,
-     {"vdapi_Debug(6, 10, address) 00000000 00000000 * *"},
-     {"vdapi_Debug: TALVERO_DBG_PCI_OP_FIND_CLS_CODE"}},
-    {40053,
-     {"vdapi_Debug(7, 14, address) 08000000 00000000 00000000 00000000 *"},
-     {"vdapi_Debug: TALVERO_DBG_PCI_OP_RD_CNFG_SPACE"}},
-    {40067, {"vdapi_Debug(15, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_PCI_OP_SIM_INTERRUPT"}},
+    Debug(40049, 0x02, "PCI_OP_INIT"),
+    Debug(40050, 0x04, "PCI_OP_BIOS_PRST", "* * *"),
+    Debug(40051, 0x05, "PCI_OP_FINDDEV", "02000000 61100000 00000000 * *"),
+    Debug(40052, 0x06, "PCI_OP_FIND_CLS_CODE", "00000000 00000000 * *"),
+    Debug(40053, 0x07, "PCI_OP_RD_CNFG_SPACE", "08000000 00000000 00000000 00000000 *"),
+    Debug(40067, 0x15, "PCI_OP_SIM_INTERRUPT"),
     {40054, {}, {"TALVERO_DBG_PCI_OP_WR_CNFG_SPACE - "}},
     {40055, {}, {"TALVERO_DBG_VPIC_OP_PORT_RD - "}},
     {40056, {}, {"TALVERO_DBG_VPIC_OP_PORT_WR - "}},
@@ -45,148 +77,89 @@ const std::vector<Case> kCases = {
     {40062, {}, {"TALVERO_DBG_PCI_OP_RD_IO_DWORD - "}},
 
     {40114, {}, {"TALVERO_DBG_VPIC_TR_INIT"}},
-    {40116, {"vdapi_Debug(22, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_VPIC_TR_RST"}},
+    Debug(40116, 0x22, "VPIC_TR_RST"),
     {40141, {}, {"TALVERO_DBG_VPIC_TR_DMA_CHAN_RST - "}},
     {40142, {}, {"TALVERO_DBG_VPIC_TR_VCP_PORT_RD - "}},
     {40143, {}, {"TALVERO_DBG_VPIC_TR_VCP_PORT_WR - "}},
     {40144, {}, {"TALVERO_DBG_VPIC_TR_VID_PORT_RD - "}},
 
-    {40200, {"vdapi_Debug(33, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_SEQ_TR_INIT"}},
-    {40202, {"vdapi_Debug(35, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_SEQ_TR_RST"}},
-    {40205,
-     {"KORA_DLL_GetSeqHandle(0)", "vdapi_Debug(36, 8, address) 00000000 *"},
-     {"vdapi_Debug: TALVERO_DBG_SEQ_TR_RGSTR"}},
-    {40206, {"vdapi_Debug(37, 4, address) 00000000"}, {"vdapi_Debug: TALVERO_DBG_SEQ_TR_UNREG"}},
-    {40063, {"vdapi_Debug(38, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_SEQ_TR_CRITENTER"}},
-    {40064, {"vdapi_Debug(39, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_SEQ_TR_CRITLEAVE"}},
-    {40065,
-     {"vdapi_Debug(3A, 4, address) 00000000"},
-     {"vdapi_Debug: TALVERO_DBG_SEQ_TR_ATOMENTER"},
-     "Select Device"},
-    {40066,
-     {"vdapi_Debug(3B, 4, address) 00000000"},
-     {"vdapi_Debug: TALVERO_DBG_SEQ_TR_ATOMLEAVE"},
-     "Select Device"},
-    {40068,
-     {"vdapi_Debug(3F, 4, address) 00000000"},
-     {"vdapi_Debug: TALVERO_DBG_SEQ_OP_INTERRUPT"},
-     "Select IRQ"},
+    Debug(40200, 0x33, "SEQ_TR_INIT"),
+    Debug(40202, 0x35, "SEQ_TR_RST"),
+    After("KORA_DLL_GetSeqHandle(0)", Debug(40205, 0x36, "SEQ_TR_RGSTR", "00000000 *")),
+    Debug(40206, 0x37, "SEQ_TR_UNREG", "00000000"),
+    Debug(40063, 0x38, "SEQ_TR_CRITENTER"),
+    Debug(40064, 0x39, "SEQ_TR_CRITLEAVE"),
+    Debug(40065, 0x3A, "SEQ_TR_ATOMENTER", "00000000", kAnyDevice),
+    Debug(40066, 0x3B, "SEQ_TR_ATOMLEAVE", "00000000", kAnyDevice),
+    Debug(40068, 0x3F, "SEQ_OP_INTERRUPT", "00000000", "Select IRQ"),
     {40207, {}, {"TALVERO_DBG_SEQ_TR_REG_RD - "}},
     {40208, {}, {"TALVERO_DBG_SEQ_TR_REG_WR - "}},
     {40209, {}, {"TALVERO_DBG_SEQ_TR_ACCESS_VPIC - "}},
-    {40201, {"vdapi_Debug(34, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_SEQ_TR_TERM"}},
+    Debug(40201, 0x34, "SEQ_TR_TERM"),
 
-    {40228,
-     {"vdapi_Debug(45, 4, address) 01000000"},
-     {"vdapi_Debug: TALVERO_DBG_ISAC_OP_INITCHIP"}},
-    {40229,
-     {"vdapi_Debug(45, 4, address) 06000000"},
-     {"vdapi_Debug: TALVERO_DBG_ISAC_OP_INITCHIP"}},
-    {40259,
-     {"vdapi_Debug(45, 4, address) 09000000"},
-     {"vdapi_Debug: TALVERO_DBG_ISAC_OP_INITCHIP"}},
-    {40074,
-     {"KORA_DLL_GetIsacHandle(D)", "vdapi_Debug(46, C, address) 0D000000 * 00000000"},
-     {"vdapi_Debug: TALVERO_DBG_ISAC_TR_INIT"},
-     "Initialize ISAC  "},
-    {40076,
-     {"vdapi_Debug(48, 4, address) 0D000000"},
-     {"vdapi_Debug: TALVERO_DBG_ISAC_TR_RST"},
-     "Select ISAC  Device"},
-    {40078, {"vdapi_Debug(49, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_ISAC_TR_IOM2_ACTV"}},
-    {40079, {"vdapi_Debug(4A, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_ISAC_TR_IOM2_DEACT"}},
-    {40075,
-     {"vdapi_Debug(47, 4, address) 0D000000"},
-     {"vdapi_Debug: TALVERO_DBG_ISAC_TR_TERM"},
-     "Select ISAC  Device"},
+    Debug(40228, 0x45, "ISAC_OP_INITCHIP", "01000000"),
+    Debug(40229, 0x45, "ISAC_OP_INITCHIP", "06000000"),
+    Debug(40259, 0x45, "ISAC_OP_INITCHIP", "09000000"),
+    After("KORA_DLL_GetIsacHandle(D)",
+          Debug(40074, 0x46, "ISAC_TR_INIT", "0D000000 * 00000000", "Initialize ISAC  ")),
+    Debug(40076, 0x48, "ISAC_TR_RST", "0D000000", kIsacDevice),
+    Debug(40078, 0x49, "ISAC_TR_IOM2_ACTV"),
+    Debug(40079, 0x4A, "ISAC_TR_IOM2_DEACT"),
+    Debug(40075, 0x47, "ISAC_TR_TERM", "0D000000", kIsacDevice),
 
-    {40082,
-     {"KORA_DLL_GetMonitorHandle(3, address)", "vdapi_Debug(52, C, address) 03000000 * 00000000"},
-     {"vdapi_Debug: TALVERO_DBG_MON_TR_INIT"},
-     "Initialize IOM2 Monitor"},
-    {40084,
-     {"vdapi_Debug(54, 4, address) 03000000"},
-     {"vdapi_Debug: TALVERO_DBG_MON_TR_RST"},
-     "Select Monitor Device"},
-    {40085,
-     {"vdapi_Debug(55, 4, address) 03000000"},
-     {"vdapi_Debug: TALVERO_DBG_MON_TR_ACTV"},
-     "Select Monitor Device"},
-    {40087,
-     {"vdapi_Debug(58, 10, address) 01010000 * 02000000 *"},
-     {"vdapi_Debug: TALVERO_DBG_MON_TR_RCV"}},
-    {40088,
-     {"vdapi_Debug(58, 10, address) 01010000 * 02000000 *"},
-     {"vdapi_Debug: TALVERO_DBG_MON_TR_RCV"}},
-    {40086,
-     {"vdapi_Debug(56, 4, address) 03000000"},
-     {"vdapi_Debug: TALVERO_DBG_MON_TR_DEACT"},
-     "Select Monitor Device"},
-    {40083,
-     {"vdapi_Debug(53, 4, address) 03000000"},
-     {"vdapi_Debug: TALVERO_DBG_MON_TR_TERM"},
-     "Select Monitor Device"},
+    After("KORA_DLL_GetMonitorHandle(3, address)",
+          Debug(40082, 0x52, "MON_TR_INIT", "03000000 * 00000000", "Initialize IOM2 Monitor")),
+    Debug(40084, 0x54, "MON_TR_RST", "03000000", kMonitorDevice),
+    Debug(40085, 0x55, "MON_TR_ACTV", "03000000", kMonitorDevice),
+    Debug(40087, 0x58, "MON_TR_RCV", "01010000 * 02000000 *"),
+    Debug(40088, 0x58, "MON_TR_RCV", "01010000 * 02000000 *"),
+    Debug(40086, 0x56, "MON_TR_DEACT", "03000000", kMonitorDevice),
+    Debug(40083, 0x53, "MON_TR_TERM", "03000000", kMonitorDevice),
 
-    {40089, {"vdapi_Debug(59, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_ARCF_TR_INIT"}},
-    {40091, {"vdapi_Debug(5B, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_ARCF_TR_RST"}},
-    {40092, {"vdapi_Debug(5C, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_ARCF_TR_ACTV"}},
-    {40095, {"vdapi_Debug(64, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_ARCF_OP_INIT_SHADOW"}},
-    {40130, {"vdapi_ARCOFI_SelectChannel(0)"}, {"vdapi_ARCOFI_SelectChannel"}},
-    {40131, {"vdapi_ARCOFI_SelectChannel(40)"}, {"vdapi_ARCOFI_SelectChannel"}},
-    {40098,
-     {"vdapi_ARCOFI_Read(91F, address)", "vdapi_ARCOFI_Write(91F, address) 000B22"},
-     {"vdapi_ARCOFI_Read : LIST", "vdapi_ARCOFI_Write : LIST"}},
-    {40099,
-     {"vdapi_ARCOFI_Read(91F, address)", "vdapi_ARCOFI_Write(91F, address) 080B22"},
-     {"vdapi_ARCOFI_Read : LIST", "vdapi_ARCOFI_Write : LIST"}},
-    {40100,
-     {"vdapi_ARCOFI_Read(91F, address)", "vdapi_ARCOFI_Write(91F, address) 100B22"},
-     {"vdapi_ARCOFI_Read : LIST", "vdapi_ARCOFI_Write : LIST"}},
-    {40101,
-     {"vdapi_ARCOFI_Read(91F, address)", "vdapi_ARCOFI_Write(91F, address) 180B22"},
-     {"vdapi_ARCOFI_Read : LIST", "vdapi_ARCOFI_Write : LIST"}},
-    {40102,
-     {"vdapi_ARCOFI_Read(91F, address)", "vdapi_ARCOFI_Write(91F, address) 200B22"},
-     {"vdapi_ARCOFI_Read : LIST", "vdapi_ARCOFI_Write : LIST"}},
-    {40093, {"vdapi_Debug(5D, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_ARCF_TR_DEACT"}},
-    {40090, {"vdapi_Debug(5A, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_ARCF_TR_TERM"}},
+    Debug(40089, 0x59, "ARCF_TR_INIT"),
+    Debug(40091, 0x5B, "ARCF_TR_RST"),
+    Debug(40092, 0x5C, "ARCF_TR_ACTV"),
+    Debug(40095, 0x64, "ARCF_OP_INIT_SHADOW"),
+    Calls(40130, {"vdapi_ARCOFI_SelectChannel(0)"}),
+    Calls(40131, {"vdapi_ARCOFI_SelectChannel(40)"}),
+    ArcofiLoop(40098, "000B22"),
+    ArcofiLoop(40099, "080B22"),
+    ArcofiLoop(40100, "100B22"),
+    ArcofiLoop(40101, "180B22"),
+    ArcofiLoop(40102, "200B22"),
+    Debug(40093, 0x5D, "ARCF_TR_DEACT"),
+    Debug(40090, 0x5A, "ARCF_TR_TERM"),
 
-    {40250, {"vdapi_Debug(65, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_SAEC_TR_INIT"}},
-    {40252, {"vdapi_Debug(67, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_SAEC_TR_RST"}},
-    {40251, {"vdapi_Debug(66, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_SAEC_TR_TERM"}},
+    Debug(40250, 0x65, "SAEC_TR_INIT"),
+    Debug(40252, 0x67, "SAEC_TR_RST"),
+    Debug(40251, 0x66, "SAEC_TR_TERM"),
 
-    {40105,
-     {"vdapi_Debug(6A, 8, address) 00000000 00000000"},
-     {"vdapi_Debug: TALVERO_DBG_VCPXI_REGISTER"}},
-    {40106, {"vdapi_Debug(6B, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_VCPXI_UNREGISTER"}},
+    Debug(40105, 0x6A, "VCPXI_REGISTER", "00000000 00000000"),
+    Debug(40106, 0x6B, "VCPXI_UNREGISTER"),
 
-    {40107,
-     {"vdapi_AUXDEV_Deactivate(1)", "vdapi_AUXDEV_Activate(0)"},
-     {"vdapi_AUXDEV_Deactivate", "vdapi_AUXDEV_Activate"}},
-    {40108,
-     {"vdapi_AUXDEV_Deactivate(0)", "vdapi_AUXDEV_Activate(1)"},
-     {"vdapi_AUXDEV_Deactivate", "vdapi_AUXDEV_Activate"}},
-    {40167, {"vdapi_JADE_Reset(32)"}, {"vdapi_JADE_Reset"}},
+    Calls(40107, {"vdapi_AUXDEV_Deactivate(1)", "vdapi_AUXDEV_Activate(0)"}),
+    Calls(40108, {"vdapi_AUXDEV_Deactivate(0)", "vdapi_AUXDEV_Activate(1)"}),
+    Calls(40167, {"vdapi_JADE_Reset(32)"}),
 
-    {40124, {"vdapi_CAM_Digit_Initialize()"}, {"vdapi_CAM_Digit_Initialize"}},
-    {40126, {"vdapi_Debug(7B, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_CAM_DIGIT_TR_RST"}},
-    {40125, {"vdapi_CAM_Digit_Terminate()"}, {"vdapi_CAM_Digit_Terminate"}},
-    {40161, {"vdapi_CAM_ACIF_Initialize()"}, {"vdapi_CAM_ACIF_Initialize"}},
-    {40162, {"vdapi_CAM_ACIF_Terminate()"}, {"vdapi_CAM_ACIF_Terminate"}},
+    Calls(40124, {"vdapi_CAM_Digit_Initialize()"}),
+    Debug(40126, 0x7B, "CAM_DIGIT_TR_RST"),
+    Calls(40125, {"vdapi_CAM_Digit_Terminate()"}),
+    Calls(40161, {"vdapi_CAM_ACIF_Initialize()"}),
+    Calls(40162, {"vdapi_CAM_ACIF_Terminate()"}),
 
-    {40172, {"vdapi_BT85X_Initialize()"}, {"vdapi_BT85X_Initialize"}},
-    {40174, {"vdapi_BT85X_Reset()"}, {"vdapi_BT85X_Reset"}},
-    {40180, {"vdapi_Debug(BE, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_BT85X_OP_RESET"}},
-    {40182, {"vdapi_BT85X_SetDisplayType(0)"}, {"vdapi_BT85X_SetDisplayType"}},
-    {40183, {"vdapi_BT85X_SetDisplayType(1)"}, {"vdapi_BT85X_SetDisplayType"}},
-    {40173, {"vdapi_BT85X_Terminate()"}, {"vdapi_BT85X_Terminate"}},
+    Calls(40172, {"vdapi_BT85X_Initialize()"}),
+    Calls(40174, {"vdapi_BT85X_Reset()"}),
+    Debug(40180, 0xBE, "BT85X_OP_RESET"),
+    Calls(40182, {"vdapi_BT85X_SetDisplayType(0)"}),
+    Calls(40183, {"vdapi_BT85X_SetDisplayType(1)"}),
+    Calls(40173, {"vdapi_BT85X_Terminate()"}),
 
-    {40185, {"vdapi_EPROM_Initialize()"}, {"vdapi_EPROM_Initialize"}},
-    {40186, {"vdapi_EPROM_Terminate()"}, {"vdapi_EPROM_Terminate"}},
-    {40109, {"vdapi_I2C_Initialize()"}, {"vdapi_I2C_Initialize"}},
-    {40111, {"vdapi_Debug(6F, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_I2C_TR_RST"}},
-    {40110, {"vdapi_I2C_Terminate()"}, {"vdapi_I2C_Terminate"}},
-    {40115, {"vdapi_Debug(21, 0, null)"}, {"vdapi_Debug: TALVERO_DBG_VPIC_TR_TERM"}},
+    Calls(40185, {"vdapi_EPROM_Initialize()"}),
+    Calls(40186, {"vdapi_EPROM_Terminate()"}),
+    Calls(40109, {"vdapi_I2C_Initialize()"}),
+    Debug(40111, 0x6F, "I2C_TR_RST"),
+    Calls(40110, {"vdapi_I2C_Terminate()"}),
+    Debug(40115, 0x21, "VPIC_TR_TERM"),
 };
 
 constexpr char kWarning[] = "VxD Test - Warning";
@@ -235,31 +208,16 @@ TEST(ChipCommands, NameWhatFailsAndGoOn) {
     }
 }
 
-TEST(ArcofiLoops, KeepTheTopBitsOfTheFirstByteAndSetTheRest) {
-    const kit::Utility utility;
-    struct Loop {
-        UINT command;
-        const char* written;
-    };
-    for (const Loop& loop :
-         {Loop{IDM_ARCOFI_LOOP_NONE, "C00B22"}, Loop{IDM_ARCOFI_LOOP_FRONT_END, "C80B22"},
-          Loop{IDM_ARCOFI_LOOP_CONVERTER, "D00B22"}, Loop{IDM_ARCOFI_LOOP_NOISE_SHAPER, "D80B22"},
-          Loop{IDM_ARCOFI_LOOP_INTERFACE, "E00B22"}}) {
-        kit::RunStep([] {
-            const uint8_t ones[] = {0xFF, 0xFF, 0xFF, 0xFF};
-            vdapi_ARCOFI_Write(0x91F, ones);
-        });
-        board::ForgetCalls();
-        utility.Command(loop.command);
-        EXPECT_EQ(ReceivedCalls().back(),
-                  std::string("vdapi_ARCOFI_Write(91F, address) ") + loop.written);
-    }
-}
-
-TEST(ArcofiLoops, AreWrittenOverZerosWhereTheyCannotBeRead) {
+TEST(ArcofiLoops, KeepTheTopBitsOfTheFirstByteAndAreWrittenOverZerosWhereItCannotBeRead) {
     kit::SettingsFolder settings;
     settings.Write(kit::kOwnFile, "KORA_TST", "Menu", "3");
     const kit::Utility utility(settings);
+    kit::RunStep([] {
+        const uint8_t ones[] = {0xFF, 0xFF, 0xFF, 0xFF};
+        vdapi_ARCOFI_Write(0x91F, ones);
+    });
+    utility.Choose(IDM_ARCOFI_LOOP_CONVERTER);
+    EXPECT_EQ(ReceivedCalls().back(), "vdapi_ARCOFI_Write(91F, address) D00B22");
     board::FailAlways("vdapi_ARCOFI_Read", VXD_HARDWARE_FAILURE);
     utility.Choose(IDM_ARCOFI_LOOP_INTERFACE);
     kit::MeetBox(kWarning, "vdapi_ARCOFI_Read : LIST: \nVXD_HARDWARE_FAILURE");

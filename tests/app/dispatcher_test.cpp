@@ -1,7 +1,12 @@
-// Commands that act without a dialog, and those that do nothing.
+// Commands that act without a dialog, those that do nothing, and what dialogs answer.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "board/control.h"
+#include "codec/raw_command.h"
+#include "debug/about.h"
+#include "regs/vpic_browsers.h"
 #include "res/resource.h"
 #include "tests/kit/user_interface.h"
 #include "tests/kit/utility.h"
@@ -39,6 +44,49 @@ TEST(Dispatcher, ExitClosesTheUtility) {
     kit::Utility utility;
     utility.Choose(IDM_FILE_EXIT);
     EXPECT_EQ(utility.Close(), 0);
+}
+
+TEST(Dialogs, TellHowTheyWereClosedWhereItMatters) {
+    struct Case {
+        INT_PTR (*open)(HINSTANCE instance, HWND owner);
+        const char* caption;
+        INT_PTR afterButton;
+        INT_PTR afterEscape;
+    };
+    const kit::Utility utility;
+    for (const Case& each :
+         {Case{OpenAbout, "About  VxD Test  Utility", 1, 2}, Case{OpenVpicPorts, "VPIC Port", 1, 0},
+          Case{OpenRawCommand, "Send Raw Command", 0, 0}}) {
+        INT_PTR answer = -1;
+        const auto open = [&] {
+            kit::BeginStep(
+                [&] { answer = each.open(GetModuleHandleA(nullptr), utility.Window()); });
+            return kit::WaitForDialog(each.caption);
+        };
+        const auto answered = [&] { return kit::OnUserInterface([&] { return answer; }); };
+        open().Press(IDOK);
+        EXPECT_EQ(answered(), each.afterButton) << each.caption;
+        answer = -1;
+        open().Key(VK_ESCAPE);
+        EXPECT_EQ(answered(), each.afterEscape) << each.caption;
+        kit::ExpectNoBox();
+    }
+}
+
+TEST(Dialogs, SomeAreLeftByTheirButtonsAlone) {
+    const kit::Utility utility;
+    for (const auto& [command, caption, button] :
+         {std::tuple{IDM_486, "Access Mem/IO Address", IDOK},
+          std::tuple{IDM_USS_REGISTERS, "USS Reg", IDOK},
+          std::tuple{IDM_MBE_SEND, "MBE SEND DEMO", IDC_MBE_EXIT}}) {
+        utility.Command(command);
+        const kit::Dialog dialog = kit::WaitForDialog(caption);
+        dialog.Key(VK_ESCAPE);
+        dialog.CloseBox();
+        EXPECT_TRUE(dialog.IsOpen()) << caption;
+        dialog.Press(button);
+        kit::ExpectNoBox();
+    }
 }
 
 }  // namespace

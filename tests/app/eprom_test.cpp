@@ -1,51 +1,27 @@
 // "EPROM DLG".
-#include <gtest/gtest.h>
-
 #include <array>
 #include <chrono>
-#include <string>
 #include <thread>
-#include <vector>
 
-#include "board/control.h"
 #include "res/resource.h"
-#include "tests/app/received_calls.h"
-#include "tests/kit/utility.h"
+#include "tests/app/dialog_test.h"
 
 namespace {
 
 using namespace std::chrono_literals;
 
-constexpr char kSection[] = "EPROM DLG";
-constexpr std::array kData = {IDC_EPROM_DATA_1, IDC_EPROM_DATA_2, IDC_EPROM_DATA_3,
-                              IDC_EPROM_DATA_4, IDC_EPROM_DATA_5, IDC_EPROM_DATA_6,
-                              IDC_EPROM_DATA_7, IDC_EPROM_DATA_8};
-
-class Eprom : public testing::Test {
+class Eprom : public DialogTest {
   protected:
-    Eprom() { Open(); }
-    ~Eprom() override { dialog_.Press(IDC_EPROM_CLOSE); }
+    Eprom() : DialogTest(IDM_EEPROM_ACCESS, "EPROM DLG", IDC_EPROM_CLOSE) {}
 
-    void Open() {
-        utility_.Command(IDM_EEPROM_ACCESS);
-        dialog_ = kit::WaitForDialog("EPROM DLG");
-    }
-
-    std::string Stored(const std::string& key) const {
-        return settings_.Read(kit::kOwnFile, kSection, key.c_str());
-    }
+    std::string Stored(const char* key) const { return DialogTest::Stored("EPROM DLG", key); }
 
     void TypeData(const std::array<const char*, 8>& texts) const {
-        for (std::size_t i = 0; i < kData.size(); ++i)
+        for (std::size_t i = 0; i < texts.size(); ++i)
             dialog_.Type(kData[i], texts[i]);
     }
 
-    std::vector<std::string> Data() const {
-        std::vector<std::string> texts;
-        for (const int field : kData)
-            texts.push_back(dialog_.Text(field));
-        return texts;
-    }
+    Texts Data() const { return Shown(kData); }
 
     // Puts bytes where they are read from address 0x20 on.
     static void FillBoard() {
@@ -55,17 +31,15 @@ class Eprom : public testing::Test {
         board::SetEeprom(contents);
     }
 
-    kit::SettingsFolder settings_;
-    kit::Utility utility_{settings_};
-    kit::Dialog dialog_{nullptr};
+  private:
+    const std::vector<int> kData{IDC_EPROM_DATA_1, IDC_EPROM_DATA_2, IDC_EPROM_DATA_3,
+                                 IDC_EPROM_DATA_4, IDC_EPROM_DATA_5, IDC_EPROM_DATA_6,
+                                 IDC_EPROM_DATA_7, IDC_EPROM_DATA_8};
 };
 
-using Texts = std::vector<std::string>;
-
 TEST_F(Eprom, OpensForTheFirstTimeReadyToReadOneByte) {
-    EXPECT_EQ(dialog_.Text(IDC_EPROM_ADDRESS), "0x00");
+    EXPECT_EQ(Shown({IDC_EPROM_ADDRESS, IDC_EPROM_LENGTH}), (Texts{"0x00", "0x01"}));
     EXPECT_EQ(Data(), Texts(8, "0x00"));
-    EXPECT_EQ(dialog_.Text(IDC_EPROM_LENGTH), "0x01");
     EXPECT_TRUE(dialog_.IsChecked(IDC_EPROM_READ));
     EXPECT_FALSE(dialog_.IsChecked(IDC_EPROM_WRITE));
 }
@@ -73,12 +47,9 @@ TEST_F(Eprom, OpensForTheFirstTimeReadyToReadOneByte) {
 TEST_F(Eprom, ReadsAsManyBytesAsAskedForAndShowsTheOthersAsZero) {
     FillBoard();
     TypeData({"0x11", "0x22", "0x33", "0x44", "0x55", "0x66", "0x77", "0x88"});
-    dialog_.Type(IDC_EPROM_ADDRESS, "0x20");
-    dialog_.Type(IDC_EPROM_LENGTH, "0x03");
-    board::ForgetCalls();
-    dialog_.Press(IDC_EPROM_APPLY);
+    Type({{IDC_EPROM_ADDRESS, "0x20"}, {IDC_EPROM_LENGTH, "0x03"}});
+    EXPECT_EQ(ReceivedOn(IDC_EPROM_APPLY), Texts{"vdapi_EPROM_Read(20, address, 3, 1E)"});
     EXPECT_EQ(Data(), (Texts{"0xA1", "0xA2", "0xA3", "0x00", "0x00", "0x00", "0x00", "0x00"}));
-    EXPECT_EQ(ReceivedCalls(), Texts{"vdapi_EPROM_Read(20, address, 3, 1E)"});
 
     dialog_.Type(IDC_EPROM_LENGTH, "0x8");
     dialog_.Press(IDC_EPROM_APPLY);
@@ -88,38 +59,33 @@ TEST_F(Eprom, ReadsAsManyBytesAsAskedForAndShowsTheOthersAsZero) {
 TEST_F(Eprom, WritesTheLowBytesOfItsFieldsAndReadsNothingBack) {
     FillBoard();
     TypeData({"0x101", "0x2", "03", "0x4G", "", "0xFF", "0xff", "0x88"});
-    dialog_.Type(IDC_EPROM_ADDRESS, "0x1F8");
-    dialog_.Type(IDC_EPROM_LENGTH, "0x08");
+    Type({{IDC_EPROM_ADDRESS, "0x1F8"}, {IDC_EPROM_LENGTH, "0x08"}});
     dialog_.Press(IDC_EPROM_WRITE);
-    board::ForgetCalls();
-    dialog_.Press(IDC_EPROM_APPLY);
-    EXPECT_EQ(ReceivedCalls(), Texts{"vdapi_EPROM_Write(1F8, address, 8, 1E) 01020004 00FFFF88"});
-    EXPECT_EQ(dialog_.Text(IDC_EPROM_DATA_1), "0x101");
+    EXPECT_EQ(ReceivedOn(IDC_EPROM_APPLY),
+              Texts{"vdapi_EPROM_Write(1F8, address, 8, 1E) 01020004 00FFFF88"});
+    EXPECT_EQ(Data()[0], "0x101");
     const board::EepromContents contents = board::GetEeprom();
     EXPECT_EQ(contents[0x1F8], 0x01);
     EXPECT_EQ(contents[0x1FF], 0x88);
     EXPECT_EQ(contents[0x20], 0xA1) << "the rest stays";
-    EXPECT_EQ(kit::FrontDialog().Handle(), dialog_.Handle());
+    EXPECT_TRUE(IsInFront());
     EXPECT_EQ(Stored("Length"), "(none)") << "nothing is remembered before the end";
 }
 
 TEST_F(Eprom, RemembersFieldsAndOperationHoweverItIsClosed) {
     dialog_.Press(IDC_EPROM_WRITE);
     TypeData({"0x1", "0xFFFF", "0x12345", "4", "0x5", "0x6", "0x7", "0xABC"});
-    dialog_.Type(IDC_EPROM_ADDRESS, "0x1FF");
-    dialog_.Type(IDC_EPROM_LENGTH, "0x02");
+    Type({{IDC_EPROM_ADDRESS, "0x1FF"}, {IDC_EPROM_LENGTH, "0x02"}});
     dialog_.Key(VK_ESCAPE);
-    EXPECT_EQ(Stored("Address"), "511");
-    EXPECT_EQ(Stored("Data2"), "65535");
-    EXPECT_EQ(Stored("Data3"), "9029") << "of 16 bits";
-    EXPECT_EQ(Stored("Data8"), "2748");
-    EXPECT_EQ(Stored("Length"), "2");
-    EXPECT_EQ(Stored("Operation"), "1071");
+    for (const auto& [key, stored] :
+         {std::pair{"Address", "511"}, std::pair{"Data2", "65535"},
+          std::pair{"Data3", "9029"},  // of 16 bits
+          std::pair{"Data8", "2748"}, std::pair{"Length", "2"}, std::pair{"Operation", "1071"}})
+        EXPECT_EQ(Stored(key), stored) << key;
 
     Open();
-    EXPECT_EQ(dialog_.Text(IDC_EPROM_ADDRESS), "0x1FF");
+    EXPECT_EQ(Shown({IDC_EPROM_ADDRESS, IDC_EPROM_LENGTH}), (Texts{"0x1FF", "0x02"}));
     EXPECT_EQ(Data(), (Texts{"0x01", "0xFFFF", "0x2345", "0x00", "0x05", "0x06", "0x07", "0xABC"}));
-    EXPECT_EQ(dialog_.Text(IDC_EPROM_LENGTH), "0x02");
     EXPECT_TRUE(dialog_.IsChecked(IDC_EPROM_WRITE));
     dialog_.Press(IDC_EPROM_READ);
     dialog_.Press(IDC_EPROM_CLOSE);
@@ -130,20 +96,18 @@ TEST_F(Eprom, RemembersFieldsAndOperationHoweverItIsClosed) {
 TEST_F(Eprom, AReadThatTakesTooLongIsReportedAndDoesNoHarmWhenItEndsAfterAll) {
     FillBoard();
     board::SetEepromBehaviour({.millisecondsPerByte = 600});
-    dialog_.Type(IDC_EPROM_ADDRESS, "0x20");
-    dialog_.Type(IDC_EPROM_LENGTH, "0x08");
-    dialog_.Type(IDC_EPROM_DATA_1, "0x55");
+    Type({{IDC_EPROM_ADDRESS, "0x20"}, {IDC_EPROM_LENGTH, "0x08"}, {IDC_EPROM_DATA_1, "0x55"}});
     const auto start = std::chrono::steady_clock::now();
     dialog_.Press(IDC_EPROM_APPLY);
     kit::MeetBox("VxD Test - Warning",
                  "vdapi_Debug: TALVERO_DBG_EPROM_READ: \nVXD_TIMEOUT_FAILURE");
     EXPECT_GE(std::chrono::steady_clock::now() - start, 4000ms);
-    EXPECT_EQ(dialog_.Text(IDC_EPROM_DATA_1), "0x55");
+    EXPECT_EQ(Data()[0], "0x55");
 
     std::this_thread::sleep_until(start + 8 * 600ms + 300ms);
     board::SetEepromBehaviour({.millisecondsPerByte = 1});
     dialog_.Press(IDC_EPROM_APPLY);
-    EXPECT_EQ(dialog_.Text(IDC_EPROM_DATA_8), "0xA8");
+    EXPECT_EQ(Data()[7], "0xA8");
 }
 
 TEST_F(Eprom, AWriteThatNeverEndsIsReportedAndTheProgramGoesOn) {
@@ -155,7 +119,7 @@ TEST_F(Eprom, AWriteThatNeverEndsIsReportedAndTheProgramGoesOn) {
                  "vdapi_Debug: TALVERO_DBG_EPROM_WRITE: \nVXD_TIMEOUT_FAILURE");
     board::SetEepromBehaviour({});
     dialog_.Press(IDC_EPROM_APPLY);
-    EXPECT_EQ(kit::FrontDialog().Handle(), dialog_.Handle());
+    EXPECT_TRUE(IsInFront());
     EXPECT_EQ(board::GetEeprom()[0], 0x77);
 }
 

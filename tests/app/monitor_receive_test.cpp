@@ -35,6 +35,8 @@ class MonitorReceive : public testing::Test {
 
 TEST_F(MonitorReceive, ReturnsAtOnceAndTracesTheBytesWhenTheyArrive) {
     EXPECT_EQ(board::GetMonitor().window, utility_->Window());
+    PostMessageA(utility_->Window(), WM_USER + 1, 0, 0);
+    EXPECT_EQ(utility_.NextTrace(), "TALVERO_DBG_MON_TR_RCV: [0xFF] [0xFF] [0xFF]\n");
     board::SetMonitorDelay(std::chrono::milliseconds(300));
     utility_->Command(IDM_MONITOR_RECEIVE);
     EXPECT_EQ(Received(), kNothing) << "the utility has waited";

@@ -1,6 +1,9 @@
 // What the PCI queries tell.
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+
 #include "board/control.h"
 #include "tests/app/traced_utility.h"
 #include "tests/kit/dialog.h"
@@ -41,21 +44,15 @@ TEST(PciQueries, TraceWhatTheBusAnswersAndZerosWhereItFails) {
 
 TEST(PciQueries, TraceConfigurationSpaceInTheWidthInWhichItWasRead) {
     TracedUtility utility;
-    struct Reading {
-        uint8_t access;
-        const char* answer;
-    };
-    for (const Reading& reading :
-         {Reading{9, "PCI_READ_CONFIG_WORD: 0x1061\n"},
-          Reading{10, "PCI_READ_CONFIG_DWORD: 0x00011061\n"}, Reading{11, "Invalid command\n"}}) {
-        board::SetPciAccess(reading.access);
+    for (const auto& [access, answer] : {std::pair{9, "PCI_READ_CONFIG_WORD: 0x1061\n"},
+                                         std::pair{10, "PCI_READ_CONFIG_DWORD: 0x00011061\n"},
+                                         std::pair{11, "Invalid command\n"}}) {
+        board::SetPciAccess(static_cast<uint8_t>(access));
         utility->Command(IDM_PCI_READ_CONFIG_SPACE);
-        if (reading.access == 11) {
+        if (access == 11)
             kit::MeetBox("VxD Test - Warning",
                          "vdapi_Debug: TALVERO_DBG_PCI_OP_RD_CNFG_SPACE: \nVXD_INVALID_PARAMETER");
-        }
-        EXPECT_EQ(utility.NextTrace(),
-                  std::string("TALVERO_DBG_PCI_OP_RD_CNFG_SPACE: ") + reading.answer);
+        EXPECT_EQ(utility.NextTrace(), std::string("TALVERO_DBG_PCI_OP_RD_CNFG_SPACE: ") + answer);
     }
 }
 

@@ -1,102 +1,73 @@
 // "Send Raw Command".
-#include <gtest/gtest.h>
-
-#include <cstdint>
 #include <map>
 #include <set>
-#include <string>
-#include <vector>
 
-#include "board/control.h"
-#include "codec/raw_command.h"
 #include "res/resource.h"
-#include "tests/kit/user_interface.h"
-#include "tests/kit/utility.h"
+#include "tests/app/dialog_test.h"
 
 namespace {
 
-class RawCommand : public testing::Test {
+class RawCommand : public DialogTest {
   protected:
-    RawCommand() {
-        utility_.Choose(IDM_FILE_SEND_RAW_COMMAND);
-        dialog_ = kit::WaitForDialog("Send Raw Command");
-        board::ForgetCalls();
-    }
-    ~RawCommand() override { dialog_.Press(IDOK); }
+    RawCommand() : DialogTest(IDM_FILE_SEND_RAW_COMMAND, "Send Raw Command", IDOK) {}
 
-    // What the board received: the command and its three parameters.
-    static std::vector<uint32_t> Received() {
-        const auto calls = board::Calls();
-        if (calls.size() != 1 || calls.front().operation != "vdapi_SendCommand")
-            return {};
-        std::vector<uint32_t> values;
-        for (std::size_t argument = 0; argument < 4; ++argument)
-            values.push_back(calls.front().arguments[argument].value);
-        return values;
+    // A list's rows in their order from `first` on, each of which shows a number of its own in a
+    // field when it is chosen.
+    std::map<std::string, std::string> ExpectNumbers(int list, int first, const std::string& prefix,
+                                                     int field) const {
+        std::map<std::string, std::string> numbers;
+        std::set<std::string> taken;
+        for (int row = first; row < dialog_.Rows(list); ++row) {
+            const std::string name = dialog_.Row(list, row);
+            EXPECT_TRUE(name.starts_with(prefix)) << name;
+            EXPECT_TRUE(numbers.empty() || numbers.rbegin()->first < name) << "in order";
+            dialog_.Pick(list, row);
+            numbers[name] = dialog_.Text(field);
+            EXPECT_TRUE(taken.insert(numbers[name]).second) << name << " has another's number";
+        }
+        return numbers;
     }
-
-    kit::Utility utility_;
-    kit::Dialog dialog_{nullptr};
 };
 
+// What the board receives of a command and its three parameters.
+Texts Sent(const std::string& values) {
+    return {"vdapi_SendCommand(" + values + ", address, address, address)"};
+}
+
 TEST_F(RawCommand, OpensOnThePromptWithTheAudioListGrey) {
-    EXPECT_EQ(dialog_.Text(IDC_RAW_COMMAND), "0");
+    EXPECT_EQ(Shown({IDC_RAW_COMMAND, IDC_RAW_COMMAND_LIST}),
+              (Texts{"0", "Enter your command number or select it from this combo box"}));
     EXPECT_EQ(dialog_.SelectedRow(IDC_RAW_COMMAND_LIST), 0);
     EXPECT_EQ(dialog_.SelectedRow(IDC_RAW_AUDIO_PARAM_LIST), -1);
     EXPECT_TRUE(dialog_.IsEnabled(IDC_RAW_COMMAND));
     EXPECT_TRUE(dialog_.IsEnabled(IDC_RAW_PARAM_1));
     EXPECT_FALSE(dialog_.IsEnabled(IDC_RAW_AUDIO_PARAM_LIST));
-    EXPECT_EQ(dialog_.Text(IDC_RAW_COMMAND_LIST),
-              "Enter your command number or select it from this combo box");
 }
 
 TEST_F(RawCommand, EachNamedCommandSendsTheNumberThatItShows) {
+    const auto numbers = ExpectNumbers(IDC_RAW_COMMAND_LIST, 1, "PELLAN_COMMAND_", IDC_RAW_COMMAND);
+    EXPECT_EQ(numbers.size(), 76u);
     // One of each end of the list, and of families between.
-    std::map<std::string, uint32_t> known{{"486_READ_IO", 402},    {"AUDIO_SET_PARAM", 602},
-                                          {"GET_USS_REG", 4000},   {"GET_VER", 4},
-                                          {"JADE_WRITE_REG", 301}, {"SET_LED_STATE", 2100},
-                                          {"STANDBY", 0},          {"WRITE_PORT", 901}};
-    const std::string prefix = "PELLAN_COMMAND_";
-    ASSERT_EQ(dialog_.Rows(IDC_RAW_COMMAND_LIST), 77);
-    std::set<uint32_t> numbers;
-    std::string last;
-    for (int row = 1; row < 77; ++row) {
-        const std::string name = dialog_.Row(IDC_RAW_COMMAND_LIST, row);
-        EXPECT_TRUE(name.starts_with(prefix)) << name;
-        EXPECT_LT(last, name) << "the list is in order";
-        last = name;
+    for (const auto& [name, number] :
+         {std::pair{"486_READ_IO", 402}, std::pair{"AUDIO_SET_PARAM", 602},
+          std::pair{"GET_USS_REG", 4000}, std::pair{"GET_VER", 4}, std::pair{"JADE_WRITE_REG", 301},
+          std::pair{"SET_LED_STATE", 2100}, std::pair{"STANDBY", 0},
+          std::pair{"WRITE_PORT", 901}}) {
+        const std::string row = std::string("PELLAN_COMMAND_") + name;
+        EXPECT_EQ(numbers.at(row), std::to_string(number)) << row;
         dialog_.Pick(IDC_RAW_COMMAND_LIST, row);
-        board::ForgetCalls();
-        dialog_.Press(IDC_RAW_SEND);
-        ASSERT_EQ(Received().size(), 4u) << name;
-        const uint32_t number = Received()[0];
-        EXPECT_EQ(dialog_.Text(IDC_RAW_COMMAND), std::to_string(number)) << name;
-        EXPECT_TRUE(numbers.insert(number).second) << name << " has another's number";
-        if (const auto entry = known.find(name.substr(prefix.size())); entry != known.end()) {
-            EXPECT_EQ(number, entry->second) << name;
-            known.erase(entry);
-        }
+        EXPECT_EQ(ReceivedOn(IDC_RAW_SEND).size(), 1u);
+        EXPECT_EQ(board::Calls()[0].arguments[0].value, static_cast<uint32_t>(number));
     }
-    EXPECT_TRUE(known.empty());
 }
 
 TEST_F(RawCommand, EachAudioParameterShowsItsNumber) {
     dialog_.Pick(IDC_RAW_COMMAND_LIST, "PELLAN_COMMAND_AUDIO_GET_PARAM");
-    ASSERT_EQ(dialog_.Rows(IDC_RAW_AUDIO_PARAM_LIST), 26);
-    std::set<std::string> numbers;
-    std::string last;
-    for (int row = 0; row < 26; ++row) {
-        const std::string name = dialog_.Row(IDC_RAW_AUDIO_PARAM_LIST, row);
-        EXPECT_TRUE(name.starts_with("VC_AUDIOPARAM_")) << name;
-        EXPECT_LT(last, name) << "the list is in order";
-        last = name;
-        dialog_.Pick(IDC_RAW_AUDIO_PARAM_LIST, row);
-        EXPECT_TRUE(numbers.insert(dialog_.Text(IDC_RAW_PARAM_1)).second) << name;
-    }
-    dialog_.Pick(IDC_RAW_AUDIO_PARAM_LIST, "VC_AUDIOPARAM_AEC");
-    EXPECT_EQ(dialog_.Text(IDC_RAW_PARAM_1), "73");
-    dialog_.Pick(IDC_RAW_AUDIO_PARAM_LIST, "VC_AUDIOPARAM_VOLUME");
-    EXPECT_EQ(dialog_.Text(IDC_RAW_PARAM_1), "0");
+    const auto numbers =
+        ExpectNumbers(IDC_RAW_AUDIO_PARAM_LIST, 0, "VC_AUDIOPARAM_", IDC_RAW_PARAM_1);
+    EXPECT_EQ(numbers.size(), 26u);
+    EXPECT_EQ(numbers.at("VC_AUDIOPARAM_AEC"), "73");
+    EXPECT_EQ(numbers.at("VC_AUDIOPARAM_VOLUME"), "0");
 }
 
 TEST_F(RawCommand, ANamedCommandFillsTheNumberAndEmptiesTheFirstParameter) {
@@ -127,53 +98,36 @@ TEST_F(RawCommand, TheAudioCommandsTakeTheirParameterFromTheSecondList) {
 }
 
 TEST_F(RawCommand, NumbersAreReadInTheirOwnBaseAsFarAsTheyGo) {
-    struct Case {
-        const char* typed;
-        uint32_t sent;
-    };
-    for (const Case& each :
-         {Case{"0x3E8", 1000}, Case{"010", 8}, Case{"12abc", 12}, Case{"", 0}, Case{"word", 0},
-          Case{"  7", 7}, Case{"-1", 0xFFFFFFFF}, Case{"0XFFFFFFFF", 0xFFFFFFFF},
+    for (const auto& [typed, sent] :
+         {std::pair{"0x3E8", "3E8"}, std::pair{"010", "8"}, std::pair{"12abc", "C"},
+          std::pair{"", "0"}, std::pair{"word", "0"}, std::pair{"  7", "7"},
+          std::pair{"-1", "FFFFFFFF"}, std::pair{"0XFFFFFFFF", "FFFFFFFF"},
           // Only fifteen characters count.
-          Case{"0000000000000017", 1}}) {
-        board::ForgetCalls();
-        dialog_.Type(IDC_RAW_PARAM_2, each.typed);
-        dialog_.Press(IDC_RAW_SEND);
-        ASSERT_EQ(Received().size(), 4u);
-        EXPECT_EQ(Received()[2], each.sent) << each.typed;
+          std::pair{"0000000000000017", "1"}}) {
+        dialog_.Type(IDC_RAW_PARAM_2, typed);
+        EXPECT_EQ(ReceivedOn(IDC_RAW_SEND), Sent(std::string("0, 0, ") + sent + ", 0")) << typed;
     }
 }
 
 TEST_F(RawCommand, SendsWhatIsTypedAndShowsWhatComesBackInAllDigits) {
-    dialog_.Type(IDC_RAW_COMMAND, "2000");
-    dialog_.Type(IDC_RAW_PARAM_1, "50");
-    dialog_.Type(IDC_RAW_PARAM_2, "0xABCD1234");
-    dialog_.Type(IDC_RAW_PARAM_3, "7");
-    dialog_.Press(IDC_RAW_SEND);
-    EXPECT_EQ(Received(), (std::vector<uint32_t>{2000, 50, 0xABCD1234, 7}));
+    const std::vector<int> responses{IDC_RAW_RESPONSE_1, IDC_RAW_RESPONSE_2, IDC_RAW_RESPONSE_3};
+    Type({{IDC_RAW_COMMAND, "2000"},
+          {IDC_RAW_PARAM_1, "50"},
+          {IDC_RAW_PARAM_2, "0xABCD1234"},
+          {IDC_RAW_PARAM_3, "7"}});
+    EXPECT_EQ(ReceivedOn(IDC_RAW_SEND), Sent("7D0, 32, ABCD1234, 7"));
     dialog_.Type(IDC_RAW_COMMAND, "2001");
     dialog_.Press(IDC_RAW_SEND);
-    EXPECT_EQ(dialog_.Text(IDC_RAW_RESPONSE_1), "0xABCD1234");
-    EXPECT_EQ(dialog_.Text(IDC_RAW_RESPONSE_2), "0x00000000");
-    EXPECT_EQ(dialog_.Text(IDC_RAW_RESPONSE_3), "0x0000");
+    EXPECT_EQ(Shown(responses), (Texts{"0xABCD1234", "0x00000000", "0x0000"}));
     // Three different ones: the board's and the driver's revision, and those of its two chips.
     board::SetRevisions({0x011D, 0x08, 0x0312, 0x21});
     dialog_.Type(IDC_RAW_COMMAND, "4");
     dialog_.Press(IDC_RAW_SEND);
-    EXPECT_EQ(dialog_.Text(IDC_RAW_RESPONSE_1), "0x0000011D");
-    EXPECT_EQ(dialog_.Text(IDC_RAW_RESPONSE_2), "0x00000312");
-    EXPECT_EQ(dialog_.Text(IDC_RAW_RESPONSE_3), "0x0821");
-    EXPECT_TRUE(dialog_.IsOpen());
-}
-
-TEST_F(RawCommand, AFailureIsNotReportedAndTheResponsesAreZero) {
-    dialog_.Type(IDC_RAW_COMMAND, "4");
-    dialog_.Press(IDC_RAW_SEND);
-    EXPECT_NE(dialog_.Text(IDC_RAW_RESPONSE_1), "0x00000000");
+    EXPECT_EQ(Shown(responses), (Texts{"0x0000011D", "0x00000312", "0x0821"}));
     board::FailAlways("PELLAN_COMMAND_GET_VER", VXD_TIMEOUT_FAILURE);
     dialog_.Press(IDC_RAW_SEND);
-    EXPECT_EQ(kit::FrontDialog().Handle(), dialog_.Handle());
-    EXPECT_EQ(dialog_.Text(IDC_RAW_RESPONSE_1), "0x00000000");
+    EXPECT_EQ(Shown(responses), (Texts{"0x00000000", "0x00000000", "0x0000"}));
+    EXPECT_TRUE(IsInFront()) << "a failure is not reported";
 }
 
 TEST_F(RawCommand, IsDrivenByKeysAlone) {
@@ -182,25 +136,7 @@ TEST_F(RawCommand, IsDrivenByKeysAlone) {
     EXPECT_EQ(dialog_.FocusedId(), IDC_RAW_COMMAND);
     dialog_.Type(IDC_RAW_COMMAND, "4");
     dialog_.Key(VK_RETURN);
-    EXPECT_EQ(Received(), (std::vector<uint32_t>{4, 0, 0, 0}));
-}
-
-TEST(RawCommandEnd, CloseAndEscapeGiveZero) {
-    const kit::Utility utility;
-    INT_PTR given = -1;
-    const auto open = [&] {
-        kit::BeginStep([&] {
-            given = -1;
-            given = OpenRawCommand(GetModuleHandleA(nullptr), utility.Window());
-        });
-        return kit::WaitForDialog("Send Raw Command");
-    };
-    const auto result = [&] { return kit::OnUserInterface([&] { return given; }); };
-    open().Press(IDOK);
-    EXPECT_EQ(result(), 0);
-    open().Key(VK_ESCAPE);
-    EXPECT_EQ(result(), 0);
-    kit::ExpectNoBox();
+    EXPECT_EQ(ReceivedCalls(), Sent("4, 0, 0, 0"));
 }
 
 }  // namespace

@@ -50,6 +50,13 @@ std::string Written(const board::Call& call) {
     return text;
 }
 
+std::string WordText(uint32_t value) {
+    std::string text;
+    for (int shift = 0; shift < 32; shift += 8)
+        text += Hex(value >> shift & 0xFF, 2);
+    return text;
+}
+
 std::vector<std::string> ReceivedCalls() {
     std::vector<std::string> calls;
     for (const board::Call& call : board::Calls())

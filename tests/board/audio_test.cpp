@@ -3,7 +3,9 @@
 #include <array>
 #include <chrono>
 #include <cstdlib>
+#include <numeric>
 #include <thread>
+#include <utility>
 
 #include "tests/board/board_test.h"
 
@@ -82,51 +84,37 @@ TEST_F(ArcofiRegisters, RefuseTheIdentificationAndWhatTheChipDoesNotHave) {
 }
 
 TEST_F(ArcofiRegisters, KeepTheBytesOfEachListAndMoveNoMore) {
-    struct Case {
-        uint32_t id;
-        size_t bytes;
-    };
-    constexpr auto kCases = std::to_array<Case>({{0x920, 8}, {0x523, 4}, {0x92F, 8}, {0x91F, 3}});
     using Buffer = std::array<uint8_t, 8>;
-    Buffer written{};
-    uint8_t next = 0x10;
-    for (const Case& tried : kCases) {
-        Buffer empty;
-        empty.fill(0xA5);
-        EXPECT_EQ(vdapi_ARCOFI_Read(tried.id, empty.data()), VXD_SUCCESS);
-        EXPECT_EQ(std::count(empty.begin(), empty.end(), 0), static_cast<int>(tried.bytes));
-        std::ranges::generate(written, [&] { return next++; });
-        EXPECT_EQ(vdapi_ARCOFI_Write(tried.id, written.data()), VXD_SUCCESS);
+    constexpr std::array kLists{std::pair{0x920u, 8}, std::pair{0x523u, 4}, std::pair{0x92Fu, 8},
+                                std::pair{0x91Fu, 3}};
+    const auto read = [](uint32_t id) {
+        Buffer buffer;
+        buffer.fill(0xA5);
+        EXPECT_EQ(vdapi_ARCOFI_Read(id, buffer.data()), VXD_SUCCESS) << std::hex << id;
+        return buffer;
+    };
+    const auto numbersFrom = [](uint32_t first) {
+        Buffer buffer;
+        std::iota(buffer.begin(), buffer.end(), static_cast<uint8_t>(first));
+        return buffer;
+    };
+    for (const auto& [id, bytes] : kLists) {
+        EXPECT_EQ(std::ranges::count(read(id), 0), bytes) << std::hex << id;
+        EXPECT_EQ(vdapi_ARCOFI_Write(id, numbersFrom(id).data()), VXD_SUCCESS);
     }
-    next = 0x10;
-    for (const Case& tried : kCases) {
-        Buffer expected;
-        std::ranges::generate(expected, [&] { return next++; });
-        std::fill(expected.begin() + static_cast<std::ptrdiff_t>(tried.bytes), expected.end(),
-                  uint8_t{0xA5});
-        Buffer read;
-        read.fill(0xA5);
-        EXPECT_EQ(vdapi_ARCOFI_Read(tried.id, read.data()), VXD_SUCCESS);
-        EXPECT_EQ(read, expected) << std::hex << tried.id;
+    for (const auto& [id, bytes] : kLists) {
+        Buffer expected = numbersFrom(id);
+        std::fill(expected.begin() + bytes, expected.end(), uint8_t{0xA5});
+        EXPECT_EQ(read(id), expected) << std::hex << id;
     }
 }
 
 TEST_F(SaecRegisters, KeepWhatWasWrittenAsFarAsTheyAreWide) {
-    struct Case {
-        uint32_t id;
-        uint32_t kept;
-    };
-    constexpr auto kCases = std::to_array<Case>({
-        {0x10000, 0xEF},
-        {0x10300, 0xEF},
-        {0x20001, 0xCDEF},
-        {0x20078, 0xCDEF},
-        {0x2008B, 0xCDEF},
-        {0x200AD, 0xCDEF},
-    });
-    for (const Case& tried : kCases) {
-        EXPECT_EQ(WriteSaec(tried.id, 0x89ABCDEF), VXD_SUCCESS) << std::hex << tried.id;
-        EXPECT_EQ(ReadSaec(tried.id), tried.kept) << std::hex << tried.id;
+    for (const auto& [id, kept] : {std::pair{0x10000u, 0xEFu}, std::pair{0x10300u, 0xEFu},
+                                   std::pair{0x20001u, 0xCDEFu}, std::pair{0x20078u, 0xCDEFu},
+                                   std::pair{0x2008Bu, 0xCDEFu}, std::pair{0x200ADu, 0xCDEFu}}) {
+        EXPECT_EQ(WriteSaec(id, 0x89ABCDEF), VXD_SUCCESS) << std::hex << id;
+        EXPECT_EQ(ReadSaec(id), kept) << std::hex << id;
     }
     EXPECT_EQ(ReadSaec(0x10100), 0u);
     EXPECT_EQ(ReadSaec(0x20002), 0u);

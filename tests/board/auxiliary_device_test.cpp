@@ -31,6 +31,8 @@ TEST_F(AuxiliaryDevices, StayDownAfterAStartThatFailed) {
 
 TEST_F(AuxiliaryDevices, PutTheWholeBoardBackToPowerOnByAHardwareReset) {
     Send(PELLAN_COMMAND_AKM_WRITE_REGISTER, 5, 0x11);
+    uint32_t screenWidth = 1;
+    vdapi_VPIC_WritePort(0xA000, &screenWidth);
     for (int again = 0; again < 2; ++again) {
         EXPECT_EQ(vdapi_AUXDEV_Initialize(), VXD_SUCCESS);
         vdapi_AUXDEV_Activate(AUXDEV_FEATURE_LED);
@@ -38,6 +40,8 @@ TEST_F(AuxiliaryDevices, PutTheWholeBoardBackToPowerOnByAHardwareReset) {
         EXPECT_FALSE(board::IsLedLit());
     }
     EXPECT_EQ(Send(PELLAN_COMMAND_AKM_READ_REGISTER, 5).first, 0u);
+    vdapi_VPIC_ReadPort(0xA000, &screenWidth);
+    EXPECT_EQ(screenWidth, 640u);
 }
 
 TEST_F(AuxiliaryDevices, KeepTheirRegistersWhenOnlyTheDriverIsReset) {

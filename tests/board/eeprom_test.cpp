@@ -7,6 +7,7 @@
 #include <iterator>
 #include <string>
 #include <thread>
+#include <utility>
 
 #include "driver/shared_words.h"
 #include "platform/win32.h"
@@ -116,14 +117,12 @@ TEST_F(Eeproms, TakeTheirTimeWhileTheCallReturnsAtOnce) {
 
 TEST_F(Eeproms, RefuseLengthsAndAddressesThatTheyDoNotHave) {
     Bytes bytes{0xA5};
-    struct Case {
-        uint32_t address;
-        uint32_t length;
-    };
-    for (const Case& tried : {Case{0, 0}, Case{0, 9}, Case{0x1F9, 8}, Case{0x200, 1},
-                              Case{0xFFFFFFFF, 2}, Case{0, 0xFFFFFFFF}}) {
-        EXPECT_EQ(StartRead(tried.address, bytes, tried.length), VXD_INVALID_PARAMETER);
-        EXPECT_EQ(StartWrite(tried.address, bytes, tried.length), VXD_INVALID_PARAMETER);
+    using Range = std::pair<uint32_t, uint32_t>;
+    for (const auto& [address, length] :
+         {Range{0, 0}, Range{0, 9}, Range{0x1F9, 8}, Range{0x200, 1}, Range{0xFFFFFFFF, 2},
+          Range{0, 0xFFFFFFFF}}) {
+        EXPECT_EQ(StartRead(address, bytes, length), VXD_INVALID_PARAMETER);
+        EXPECT_EQ(StartWrite(address, bytes, length), VXD_INVALID_PARAMETER);
     }
     EXPECT_EQ(vdapi_EPROM_Read(0, nullptr, 1, kConstant), VXD_INVALID_PARAMETER);
     EXPECT_EQ(vdapi_EPROM_Write(0, nullptr, 1, kConstant), VXD_INVALID_PARAMETER);
@@ -143,14 +142,4 @@ TEST_F(Eeproms, WorkAgainAfterTransfersThatNeverEnded) {
 
     board::SetEepromBehaviour({.millisecondsPerByte = 0, .hangs = false});
     EXPECT_EQ(Read(0, 1), (Bytes{0xFF}));
-}
-
-TEST_F(Eeproms, TouchNoMemoryOnceTheLibraryIsClosed) {
-    board::SetEepromBehaviour({.millisecondsPerByte = 20});
-    Bytes bytes{0xA5};
-    EXPECT_EQ(StartRead(0, bytes, 1), VXD_SUCCESS);
-    KORA_DLL_Terminate();
-    std::this_thread::sleep_for(60ms);
-    EXPECT_EQ(bytes[0], 0xA5);
-    EXPECT_TRUE(IsPending());
 }

@@ -1,5 +1,5 @@
 // The I2C bus and the two cameras on it.
-#include <array>
+#include <utility>
 #include <vector>
 
 #include "driver/firmware_command.h"
@@ -25,15 +25,10 @@ Reading Transfer(const std::vector<uint16_t>& items) {
     return {code, result};
 }
 
-Reading ReadCamera(uint32_t id) {
+// Reads a camera's register with the operation for it.
+Reading Read(uint32_t(WINAPI* operation)(uint32_t id, uint8_t* value), uint32_t id) {
     uint8_t value = 0xA5;
-    const ResultCode code = CodeOf(vdapi_CAM_Digit_Read(id, &value));
-    return {code, value};
-}
-
-Reading ReadDecoder(uint32_t id) {
-    uint8_t value = 0xA5;
-    const ResultCode code = CodeOf(vdapi_CAM_ACIF_Read(id, &value));
+    const ResultCode code = CodeOf(operation(id, &value));
     return {code, value};
 }
 
@@ -63,24 +58,16 @@ TEST_F(I2cTransfers, LeaveEachChipAtItsOwnRegister) {
 }
 
 TEST_F(I2cTransfers, AreRefusedWhereNoChipAnswersOrTheOrderIsWrong) {
-    struct Case {
-        std::vector<uint16_t> items;
-        ResultCode code;
-    };
-    const auto cases = std::to_array<Case>({
-        {{0x60, 0x00}, VXD_HARDWARE_FAILURE},
-        {{0x61, kRead}, VXD_HARDWARE_FAILURE},
-        {{}, VXD_INVALID_PARAMETER},
-        {{kRead}, VXD_INVALID_PARAMETER},
-        {{0x148, 0x00}, VXD_INVALID_PARAMETER},
-        {{0x48, kRead}, VXD_INVALID_PARAMETER},
-        {{0x49, 0x00}, VXD_INVALID_PARAMETER},
-        {{0x48, 0x1F, 0x00}, VXD_ILLEGAL_OPERATION},
-        {{0x48, 0x20, 0x00}, VXD_INVALID_PARAMETER},
-    });
-    for (const Case& tried : cases) {
-        const Reading reading = Transfer(tried.items);
-        EXPECT_EQ(reading.code, tried.code) << testing::PrintToString(tried.items);
+    using Case = std::pair<std::vector<uint16_t>, ResultCode>;
+    for (const auto& [items, code] :
+         {Case{{0x60, 0x00}, VXD_HARDWARE_FAILURE}, Case{{0x61, kRead}, VXD_HARDWARE_FAILURE},
+          Case{{}, VXD_INVALID_PARAMETER}, Case{{kRead}, VXD_INVALID_PARAMETER},
+          Case{{0x148, 0x00}, VXD_INVALID_PARAMETER}, Case{{0x48, kRead}, VXD_INVALID_PARAMETER},
+          Case{{0x49, 0x00}, VXD_INVALID_PARAMETER},
+          Case{{0x48, 0x1F, 0x00}, VXD_ILLEGAL_OPERATION},
+          Case{{0x48, 0x20, 0x00}, VXD_INVALID_PARAMETER}}) {
+        const Reading reading = Transfer(items);
+        EXPECT_EQ(reading.code, code) << testing::PrintToString(items);
         EXPECT_EQ(reading.value, kUntouched);
     }
     const uint16_t items[]{0x49, kRead};
@@ -97,37 +84,37 @@ TEST_F(I2cTransfers, FailWhileTheBusIsDown) {
 }
 
 TEST_F(Cameras, AreReachedByTheirRegisterIdsAndOverTheBus) {
-    EXPECT_EQ(ReadCamera(0x302).value, 0x80u);
+    EXPECT_EQ(Read(vdapi_CAM_Digit_Read, 0x302).value, 0x80u);
     EXPECT_EQ(vdapi_CAM_Digit_Write(0x302, 0x55), VXD_SUCCESS);
-    EXPECT_EQ(ReadCamera(0x302).value, 0x55u);
+    EXPECT_EQ(Read(vdapi_CAM_Digit_Read, 0x302).value, 0x55u);
     Transfer({0x20, 0x02});
     EXPECT_EQ(Transfer({0x21, kRead}).value, 0x55u);
 
-    EXPECT_EQ(ReadDecoder(0x30A).value, 0x8Bu);
+    EXPECT_EQ(Read(vdapi_CAM_ACIF_Read, 0x30A).value, 0x8Bu);
     EXPECT_EQ(vdapi_CAM_ACIF_Write(0x30A, 0x77), VXD_SUCCESS);
-    EXPECT_EQ(ReadDecoder(0x30A).value, 0x77u);
+    EXPECT_EQ(Read(vdapi_CAM_ACIF_Read, 0x30A).value, 0x77u);
     EXPECT_EQ(Send(PELLAN_COMMAND_SAA7111_READ_REG, 0x0A).first, 0x77u);
-    EXPECT_EQ(ReadCamera(0x300).value, 0u) << "the other camera is another chip";
+    EXPECT_EQ(Read(vdapi_CAM_Digit_Read, 0x300).value, 0u) << "the other camera is another chip";
 }
 
 TEST_F(Cameras, RefuseWhatCannotBeReadOrWritten) {
-    const Reading version = ReadCamera(0x20E);
+    const Reading version = Read(vdapi_CAM_Digit_Read, 0x20E);
     EXPECT_EQ(version.code, VXD_SUCCESS);
     EXPECT_EQ(vdapi_CAM_Digit_Write(0x20E, ~version.value), VXD_ILLEGAL_OPERATION);
-    EXPECT_EQ(ReadCamera(0x20E).value, version.value);
-    EXPECT_EQ(ReadCamera(0x30F).code, VXD_ILLEGAL_OPERATION);
-    EXPECT_EQ(ReadCamera(0x30F).value, 0xA5u);
+    EXPECT_EQ(Read(vdapi_CAM_Digit_Read, 0x20E).value, version.value);
+    EXPECT_EQ(Read(vdapi_CAM_Digit_Read, 0x30F).code, VXD_ILLEGAL_OPERATION);
+    EXPECT_EQ(Read(vdapi_CAM_Digit_Read, 0x30F).value, 0xA5u);
 
     for (const uint32_t id : {0x200u, 0x61Fu}) {
-        const uint32_t before = ReadDecoder(id).value;
+        const uint32_t before = Read(vdapi_CAM_ACIF_Read, id).value;
         EXPECT_EQ(vdapi_CAM_ACIF_Write(id, ~before), VXD_ILLEGAL_OPERATION);
-        EXPECT_EQ(ReadDecoder(id).value, before);
+        EXPECT_EQ(Read(vdapi_CAM_ACIF_Read, id).value, before);
     }
     for (const uint32_t id : {0x309u, 0x000u, 0x102u, 0x1302u}) {
-        EXPECT_EQ(ReadCamera(id).code, VXD_INVALID_PARAMETER) << std::hex << id;
+        EXPECT_EQ(Read(vdapi_CAM_Digit_Read, id).code, VXD_INVALID_PARAMETER) << std::hex << id;
         EXPECT_EQ(vdapi_CAM_Digit_Write(id, 0), VXD_INVALID_PARAMETER) << std::hex << id;
     }
-    EXPECT_EQ(ReadDecoder(0x320).code, VXD_INVALID_PARAMETER);
+    EXPECT_EQ(Read(vdapi_CAM_ACIF_Read, 0x320).code, VXD_INVALID_PARAMETER);
 }
 
 TEST_F(Cameras, AreAsAtPowerOnAfterAMasterResetOrADriversReset) {
@@ -138,11 +125,12 @@ TEST_F(Cameras, AreAsAtPowerOnAfterAMasterResetOrADriversReset) {
     };
     disturb();
     EXPECT_EQ(vdapi_CAM_Digit_Write(0x30F, 0), VXD_SUCCESS);
-    EXPECT_EQ(ReadCamera(0x302).value, 0x80u);
-    EXPECT_EQ(ReadCamera(0x300).value, 0x00u);
-    EXPECT_EQ(ReadDecoder(0x30A).value, 0x77u) << "the other camera keeps its registers";
+    EXPECT_EQ(Read(vdapi_CAM_Digit_Read, 0x302).value, 0x80u);
+    EXPECT_EQ(Read(vdapi_CAM_Digit_Read, 0x300).value, 0x00u);
+    EXPECT_EQ(Read(vdapi_CAM_ACIF_Read, 0x30A).value, 0x77u)
+        << "the other camera keeps its registers";
 
     disturb();
     EXPECT_EQ(Debug(TALVERO_DBG_CAM_DIGIT_TR_RST), VXD_SUCCESS);
-    EXPECT_EQ(ReadCamera(0x302).value, 0x80u);
+    EXPECT_EQ(Read(vdapi_CAM_Digit_Read, 0x302).value, 0x80u);
 }

@@ -1,4 +1,5 @@
 #include <array>
+#include <tuple>
 
 #include "driver/low_memory.h"
 #include "tests/board/driver_test.h"
@@ -81,44 +82,27 @@ TEST_F(IsacChips, ShowTheirBitsInTheRegisterAndOnThatChipOnly) {
 }
 
 TEST_F(IsacChips, AreAsManyAsTheBoardsRevisionHasUnlessFewerAreFitted) {
-    struct Case {
-        uint16_t revision;
-        uint32_t fitted;  // 0: all
-        uint32_t chips;
-    };
-    constexpr auto kCases = std::to_array<Case>({
-        {0x0100, 0, 1},
-        {0x0105, 0, 2},
-        {0x0207, 0, 2},
-        {0x011D, 0, 3},
-        {0xFF8D, 0, 3},
-        {0x1D01, 0, 1},
-        {0x013D, 1, 1},
-        {0x016D, 2, 2},
-        {0x0107, 3, 2},
-    });
     constexpr std::array<uint16_t, 3> kChips{1, 6, 9};
-    for (const Case& tried : kCases) {
-        board::SetRevisions({.board = tried.revision});
-        board::SetIsacChipsFitted(tried.fitted);
+    using Board = std::tuple<uint16_t, uint32_t, uint32_t>;
+    for (const auto& [revision, fitted, chips] :  // 0 fitted: all
+         {Board{0x0100, 0, 1}, Board{0x0105, 0, 2}, Board{0x0207, 0, 2}, Board{0x011D, 0, 3},
+          Board{0xFF8D, 0, 3}, Board{0x1D01, 0, 1}, Board{0x013D, 1, 1}, Board{0x016D, 2, 2},
+          Board{0x0107, 3, 2}}) {
+        board::SetRevisions({.board = revision});
+        board::SetIsacChipsFitted(fitted);
         uint16_t beyondTheFirst = 99;
         EXPECT_EQ(vdapi_AUXDEV_GetField(10, &beyondTheFirst), VXD_SUCCESS);
-        EXPECT_EQ(beyondTheFirst, tried.chips - 1);
+        EXPECT_EQ(beyondTheFirst, chips - 1);
         for (uint32_t i = 0; i < kChips.size(); ++i) {
-            EXPECT_EQ(Read(kChips[i], kMode).code,
-                      i < tried.chips ? VXD_SUCCESS : VXD_HARDWARE_FAILURE)
-                << std::hex << tried.revision << " chip " << kChips[i];
+            SCOPED_TRACE(testing::Message() << std::hex << revision << ' ' << kChips[i]);
+            const ResultCode code = i < chips ? VXD_SUCCESS : VXD_HARDWARE_FAILURE;
+            EXPECT_EQ(Read(kChips[i], kMode).code, code);
+            EXPECT_EQ(Debug(TALVERO_DBG_ISAC_OP_INITCHIP, IsacChipBlock{kChips[i]}), code);
         }
     }
     for (const uint16_t code : {0, 2, 13}) {
         EXPECT_EQ(Read(code, kMode).code, VXD_INVALID_PARAMETER);
+        EXPECT_EQ(Debug(TALVERO_DBG_ISAC_OP_INITCHIP, IsacChipBlock{code}), VXD_INVALID_PARAMETER);
         EXPECT_EQ(SendBit(TALVERO_DBG_ISAC_OP_BIT_SET, code, kMode, 1), VXD_INVALID_PARAMETER);
     }
-}
-
-TEST_F(IsacChips, AreFittedAsTheSettingsFileSays) {
-    settings_.Write(kit::kBoardFile, "Board", "IsacChips", "2");
-    vdapi_Initialize(0);
-    EXPECT_EQ(Read(6, kMode).code, VXD_SUCCESS);
-    EXPECT_EQ(Read(9, kMode).code, VXD_HARDWARE_FAILURE);
 }

@@ -102,17 +102,6 @@ TEST_F(LifeCycles, AnswerEachStepByWhatWentBefore) {
     }
 }
 
-TEST_F(LifeCycles, AreUpAndActiveAtPowerOn) {
-    for (const Subject& subject : Subjects()) {
-        SCOPED_TRACE(subject.name);
-        board::PowerOn();
-        if (subject.deactivate) {
-            EXPECT_EQ(subject.deactivate(), VXD_SUCCESS);
-        }
-        EXPECT_EQ(subject.terminate(), VXD_SUCCESS);
-    }
-}
-
 TEST_F(LifeCycles, ActivateWhatIsUpOnce) {
     for (const Subject& subject : Subjects()) {
         if (!subject.activate) {
@@ -165,57 +154,42 @@ TEST_F(LifeCycles, KnowTheDevicesThatThereAre) {
         EXPECT_EQ(KORA_DLL_GetIsacHandle(device), 0u);
         EXPECT_EQ(Debug(TALVERO_DBG_ISAC_TR_RST, DeviceBlock{device}), VXD_INVALID_PARAMETER);
     }
+    const auto first = reinterpret_cast<HWND>(1);
+    const auto second = reinterpret_cast<HWND>(2);
+    KORA_DLL_GetMonitorHandle(12, first);
+    KORA_DLL_GetMonitorHandle(3, second);
     for (const uint16_t device : {0, 4, 13, 14}) {
-        EXPECT_EQ(KORA_DLL_GetMonitorHandle(device, nullptr), 0u);
+        EXPECT_EQ(KORA_DLL_GetMonitorHandle(device, first), 0u);
         EXPECT_EQ(Debug(TALVERO_DBG_MON_TR_ACTV, DeviceBlock{device}), VXD_INVALID_PARAMETER);
     }
+    EXPECT_EQ(board::GetMonitor().window, second) << "named last for a device that is there";
     EXPECT_EQ(KORA_DLL_GetSeqHandle(1), 0u);
 }
 
 TEST_F(LifeCycles, TakeOnlyRegistrationValuesThatWereGivenForThem) {
-    EXPECT_EQ(Debug(TALVERO_DBG_ISAC_TR_INIT, IsacInitializeBlock{13, 0, 0}),
-              VXD_INVALID_PARAMETER);
+    const auto initialize = [](uint16_t device, uint32_t registration) {
+        return Debug(TALVERO_DBG_ISAC_TR_INIT, IsacInitializeBlock{device, registration, 0});
+    };
+    EXPECT_EQ(initialize(13, 0), VXD_INVALID_PARAMETER);
     const uint32_t first = KORA_DLL_GetIsacHandle(13);
-    EXPECT_EQ(Debug(TALVERO_DBG_ISAC_TR_INIT, IsacInitializeBlock{14, first, 0}),
-              VXD_INVALID_PARAMETER);
-    EXPECT_EQ(Debug(TALVERO_DBG_ISAC_TR_INIT, IsacInitializeBlock{13, first + 1, 0}),
-              VXD_INVALID_PARAMETER);
+    EXPECT_EQ(initialize(14, first), VXD_INVALID_PARAMETER);
+    EXPECT_EQ(initialize(13, first + 1), VXD_INVALID_PARAMETER);
     EXPECT_EQ(Debug(TALVERO_DBG_MON_TR_INIT, MonitorInitializeBlock{3, first, 0}),
               VXD_INVALID_PARAMETER);
     EXPECT_EQ(KORA_DLL_GetIsacHandle(13), first) << "the same each time";
-    EXPECT_EQ(Debug(TALVERO_DBG_ISAC_TR_INIT, IsacInitializeBlock{13, first, 0}), VXD_SUCCESS);
+    EXPECT_EQ(initialize(13, first), VXD_SUCCESS);
 
-    const std::set<uint32_t> values{
-        first, KORA_DLL_GetIsacHandle(14), KORA_DLL_GetMonitorHandle(3, nullptr),
-        KORA_DLL_GetMonitorHandle(12, nullptr), KORA_DLL_GetSeqHandle(0)};
-    EXPECT_EQ(values.size(), 5u);
-    EXPECT_FALSE(values.contains(0));
+    const std::set<uint32_t> values{0,
+                                    first,
+                                    KORA_DLL_GetIsacHandle(14),
+                                    KORA_DLL_GetMonitorHandle(3, nullptr),
+                                    KORA_DLL_GetMonitorHandle(12, nullptr),
+                                    KORA_DLL_GetSeqHandle(0)};
+    EXPECT_EQ(values.size(), 6u);
 
     KORA_DLL_Terminate();
     EXPECT_EQ(KORA_DLL_GetIsacHandle(13), 0u);
-    EXPECT_EQ(Debug(TALVERO_DBG_ISAC_TR_INIT, IsacInitializeBlock{14, first + 1, 0}),
-              VXD_INVALID_PARAMETER)
-        << "a library that was closed has given nothing";
-}
-
-TEST_F(LifeCycles, InitialiseTheIsacChipsThatTheBoardCarries) {
-    struct Carried {
-        uint16_t revision;
-        std::array<ResultCode, 3> answers;  // for chips 1, 6, 9
-    };
-    constexpr ResultCode none = VXD_HARDWARE_FAILURE;
-    for (const Carried& carried : {Carried{0x0102, {VXD_SUCCESS, none, none}},
-                                   Carried{0x0105, {VXD_SUCCESS, VXD_SUCCESS, none}},
-                                   Carried{0x011D, {VXD_SUCCESS, VXD_SUCCESS, VXD_SUCCESS}}}) {
-        board::SetRevisions({.board = carried.revision});
-        const std::array<uint16_t, 3> chips{1, 6, 9};
-        for (size_t chip = 0; chip < chips.size(); ++chip) {
-            EXPECT_EQ(Debug(TALVERO_DBG_ISAC_OP_INITCHIP, IsacChipBlock{chips[chip]}),
-                      carried.answers[chip])
-                << carried.revision << ' ' << chips[chip];
-        }
-        EXPECT_EQ(Debug(TALVERO_DBG_ISAC_OP_INITCHIP, IsacChipBlock{2}), VXD_INVALID_PARAMETER);
-    }
+    EXPECT_EQ(initialize(14, first + 1), VXD_INVALID_PARAMETER) << "closed, it has given nothing";
 }
 
 TEST_F(LifeCycles, InitialiseTheIsacChipAlongWithADeviceWhereTheFlagSaysSo) {
@@ -279,17 +253,6 @@ TEST_F(LifeCycles, KeepWhatChipsAreToldUntilTheirReset) {
     EXPECT_EQ(vdapi_ARCOFI_SelectChannel(0), VXD_CONFIGURATION_NOT_SET);
     EXPECT_EQ(Debug(TALVERO_DBG_ARCF_OP_INIT_SHADOW), VXD_CONFIGURATION_NOT_SET);
     EXPECT_EQ(vdapi_BT85X_SetDisplayType(0), VXD_CONFIGURATION_NOT_SET);
-}
-
-TEST_F(LifeCycles, ResetTheJadesRegistersByItsCodeAlone) {
-    vdapi_JADE_Write(0x40, 0x99);
-    EXPECT_EQ(vdapi_JADE_Reset(0x33), VXD_INVALID_PARAMETER);
-    uint32_t value = 0;
-    vdapi_JADE_Read(0x40, &value);
-    EXPECT_EQ(value, 0x99u);
-    EXPECT_EQ(vdapi_JADE_Reset(0x32), VXD_SUCCESS);
-    vdapi_JADE_Read(0x40, &value);
-    EXPECT_EQ(value, 0u);
 }
 
 TEST_F(LifeCycles, RegisterTheCodecProcessorsClientOnce) {

@@ -143,32 +143,12 @@ TEST_F(Operations, RefuseADebugCommandThatIsUnknownOrMisshapen) {
     EXPECT_EQ(Debug(TALVERO_DBG_ISAC_OP_BIT_SET, sizeof block, &block), VXD_SUCCESS);
 }
 
-TEST_F(Operations, GiveTheRevisionsOfTheBoardThatIsThere) {
-    board::SetRevisions({.board = 0x0105, .vpic = 2, .driver = 0x0209, .jade = 0x7F});
-    uint16_t boardRevision = 0;
-    uint16_t driverRevision = 0;
-    uint8_t vpicRevision = 0;
-    uint8_t jadeRevision = 0;
-    EXPECT_EQ(vdapi_GetVersion(&boardRevision, &vpicRevision, &driverRevision, &jadeRevision),
-              VXD_SUCCESS);
-    EXPECT_EQ(boardRevision, 0x0105);
-    EXPECT_EQ(vpicRevision, 2);
-    EXPECT_EQ(driverRevision, 0x0209);
-    EXPECT_EQ(jadeRevision, 0x7F);
-    EXPECT_EQ(vdapi_GetVersion(nullptr, &vpicRevision, &driverRevision, &jadeRevision),
-              VXD_INVALID_PARAMETER);
-
-    const Answer answer = Send(PELLAN_COMMAND_GET_VER);
-    EXPECT_EQ(answer.first, 0x0105u);
-    EXPECT_EQ(answer.second, 0x0209u);
-    EXPECT_EQ(answer.third, 0x027F);
-}
-
 TEST_F(Operations, TakeTheBoardFromTheSettingsFile) {
     const char* file = kit::kBoardFile;
     settings_.Write(file, "Board", "Revision", "0x0107");
     settings_.Write(file, "Board", "DriverRevision", "1026");
     settings_.Write(file, "Board", "VpicRevision", "010");
+    settings_.Write(file, "Board", "IsacChips", "1");
     board::SetRevisions({.board = 1, .vpic = 1, .driver = 1, .jade = 0x31});
     vdapi_Initialize(0);
     board::Revisions revisions = board::GetRevisions();
@@ -176,6 +156,9 @@ TEST_F(Operations, TakeTheBoardFromTheSettingsFile) {
     EXPECT_EQ(revisions.driver, 0x0402);
     EXPECT_EQ(revisions.vpic, 10);
     EXPECT_EQ(revisions.jade, 0x31) << "a key that is absent changes nothing";
+    uint16_t chipsBeyondTheFirst = 99;
+    EXPECT_EQ(vdapi_AUXDEV_GetField(10, &chipsBeyondTheFirst), VXD_SUCCESS);
+    EXPECT_EQ(chipsBeyondTheFirst, 0);
 
     settings_.Write(file, "Fail", "vdapi_AUXDEV_Terminate", "0x4");
     settings_.Write(file, "Fail", "PELLAN_COMMAND_GET_VER", "14");

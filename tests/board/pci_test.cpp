@@ -1,5 +1,5 @@
 // The PCI bus as the debug channel's queries find it.
-#include <array>
+#include <tuple>
 
 #include "driver/low_memory.h"
 #include "tests/board/driver_test.h"
@@ -54,35 +54,21 @@ Reading Read(uint8_t access, uint8_t bus, uint8_t deviceAndFunction, uint8_t num
 
 }  // namespace
 
-TEST_F(PciQueries, FindTheBoardAndReadItsConfigurationInEveryWidth) {
+TEST_F(PciQueries, FindTheBoardBehindTheBridgeAndReadItsConfigurationInEveryWidth) {
     EXPECT_EQ(Debug(TALVERO_DBG_PCI_OP_INIT), VXD_SUCCESS);
-    const Place board = FindDevice(0x1061, 0x0002);
-    ASSERT_EQ(board.code, VXD_SUCCESS);
-    const auto read = [&](uint8_t access, uint8_t number) {
-        return Read(access, board.bus, board.deviceAndFunction, number);
-    };
-    EXPECT_EQ(read(PCI_READ_CONFIG_DWORD, 0), (Reading{VXD_SUCCESS, 0x00021061}));
-    EXPECT_EQ(read(PCI_READ_CONFIG_WORD, 0), (Reading{VXD_SUCCESS, 0x1061}));
-    EXPECT_EQ(read(PCI_READ_CONFIG_WORD, 2), (Reading{VXD_SUCCESS, 0x0002}));
-    EXPECT_EQ(read(PCI_READ_CONFIG_BYTE, 0), (Reading{VXD_SUCCESS, 0x61}));
-    EXPECT_EQ(read(PCI_READ_CONFIG_BYTE, 1), (Reading{VXD_SUCCESS, 0x10}));
-    EXPECT_EQ(read(PCI_READ_CONFIG_BYTE, 8), (Reading{VXD_SUCCESS, 0x1D})) << "the revision";
-    EXPECT_EQ(read(PCI_READ_CONFIG_DWORD, 0xFC), (Reading{VXD_SUCCESS, 0}));
-    EXPECT_EQ(FindClass(0), board);
-}
-
-TEST_F(PciQueries, SeeTheBridgeInFrontOfTheBoard) {
-    EXPECT_EQ(Read(PCI_READ_CONFIG_BYTE, 0, 0, 0), (Reading{VXD_SUCCESS, 0x61}));
     EXPECT_EQ(FindClass(0x060400), (Place{VXD_SUCCESS, 0, 0}));
-    const LowObject<uint8_t> mechanism;
-    const LowObject<uint16_t> version;
-    const LowObject<uint8_t> lastBus;
-    EXPECT_EQ(Debug(TALVERO_DBG_PCI_OP_BIOS_PRST,
-                    PciBiosPresentBlock{mechanism.Address(), version.Address(), lastBus.Address()}),
-              VXD_SUCCESS);
-    EXPECT_EQ(*mechanism, 1);
-    EXPECT_EQ(*version, 0x0210);
-    EXPECT_EQ(*lastBus, FindDevice(0x1061, 0x0002).bus) << "the board is on the last bus";
+    const Place board = FindDevice(0x1061, 0x0002);
+    ASSERT_EQ(board, FindClass(0));
+    using Register = std::tuple<uint8_t, uint8_t, uint32_t>;
+    for (const auto& [access, number, value] :
+         {Register{PCI_READ_CONFIG_DWORD, 0, 0x00021061}, Register{PCI_READ_CONFIG_WORD, 0, 0x1061},
+          Register{PCI_READ_CONFIG_WORD, 2, 0x0002}, Register{PCI_READ_CONFIG_BYTE, 0, 0x61},
+          Register{PCI_READ_CONFIG_BYTE, 1, 0x10},
+          Register{PCI_READ_CONFIG_BYTE, 8, 0x1D},  // the revision
+          Register{PCI_READ_CONFIG_DWORD, 0xFC, 0}})
+        EXPECT_EQ(Read(access, board.bus, board.deviceAndFunction, number),
+                  (Reading{VXD_SUCCESS, value}))
+            << int{number};
 }
 
 TEST_F(PciQueries, FindNothingWhereNothingIs) {

@@ -30,13 +30,6 @@ ResultCode SendBit(uint32_t command, uint32_t bit) {
     return Debug(command, BitBlock{0, bit});
 }
 
-uint16_t Line(uint16_t line) {
-    const LowObject<uint16_t> level(99);
-    EXPECT_EQ(Debug(TALVERO_DBG_VPIC_TR_I2C_GET, I2cLineGetBlock{line, level.Address()}),
-              VXD_SUCCESS);
-    return *level;
-}
-
 }  // namespace
 
 TEST_F(VpicPorts, KeepAllBitsApartFromEachOther) {
@@ -131,28 +124,7 @@ TEST_F(VpicPorts, ShowTheStatusThatTheHardwareHas) {
     EXPECT_EQ(Read(0x44A28 | kMark), 0x9u) << "the interrupt inputs";
 }
 
-TEST_F(VpicPorts, AreAsAtPowerOnAfterAHardwareReset) {
-    const uint32_t width = Read(0xA000);
-    EXPECT_NE(width, 0u);
-    Write(0xA000, 1);
-    Write(kControl, 1);
-    Debug(TALVERO_DBG_VPIC_TR_I2C_SET, I2cLineSetBlock{VPIC_I2C_LINE_DATA, 0});
-    EXPECT_EQ(vdapi_AUXDEV_HardwareReset(), VXD_SUCCESS);
-    EXPECT_EQ(Read(0xA000), width);
-    EXPECT_EQ(Read(kControl), 0u);
-    EXPECT_EQ(Line(VPIC_I2C_LINE_DATA), 1);
-}
-
-TEST_F(VpicPorts, DriveTheTwoI2cLinesOneByOne) {
-    EXPECT_EQ(Line(VPIC_I2C_LINE_CLOCK), 1) << "idle lines are high";
-    EXPECT_EQ(Line(VPIC_I2C_LINE_DATA), 1);
-    EXPECT_EQ(Debug(TALVERO_DBG_VPIC_TR_I2C_SET, I2cLineSetBlock{VPIC_I2C_LINE_CLOCK, 0}),
-              VXD_SUCCESS);
-    EXPECT_EQ(Line(VPIC_I2C_LINE_CLOCK), 0);
-    EXPECT_EQ(Line(VPIC_I2C_LINE_DATA), 1);
-    Debug(TALVERO_DBG_VPIC_TR_I2C_SET, I2cLineSetBlock{VPIC_I2C_LINE_CLOCK, 1});
-    EXPECT_EQ(Line(VPIC_I2C_LINE_CLOCK), 1);
-
+TEST_F(VpicPorts, HaveTwoI2cLinesAndNoOthers) {
     for (const uint16_t line : {0, 3}) {
         const LowObject<uint16_t> level(99);
         EXPECT_EQ(Debug(TALVERO_DBG_VPIC_TR_I2C_SET, I2cLineSetBlock{line, 0}),

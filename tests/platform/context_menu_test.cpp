@@ -13,6 +13,8 @@ namespace {
 struct Told {
     std::vector<std::pair<HWND, LPARAM>> requests;
     std::vector<WPARAM> commands;
+    int opened = 0;
+    bool isOpen = false;  // as far as the caller of the popup can tell
 };
 
 Told& TheTold() {
@@ -21,13 +23,21 @@ Told& TheTold() {
 }
 
 LRESULT CALLBACK AskedProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_CONTEXTMENU)
-        TheTold().requests.emplace_back(reinterpret_cast<HWND>(wParam), lParam);
-    else if (message == WM_COMMAND)
-        TheTold().commands.push_back(wParam);
-    else
-        return DefWindowProcA(window, message, wParam, lParam);
-    return 0;
+    switch (message) {
+        case WM_CONTEXTMENU:
+            TheTold().requests.emplace_back(reinterpret_cast<HWND>(wParam), lParam);
+            return 0;
+        case WM_COMMAND:
+            EXPECT_FALSE(TheTold().isOpen) << "a command comes when the menu is gone";
+            EXPECT_EQ(lParam, 0) << "it comes from no control";
+            TheTold().commands.push_back(wParam);
+            return 0;
+        case WM_INITMENUPOPUP:
+            ++TheTold().opened;
+            return 0;
+        default:
+            return DefWindowProcA(window, message, wParam, lParam);
+    }
 }
 
 HWND MakeWindow() {
@@ -77,8 +87,10 @@ class Popup : public testing::Test {
         program_ = kit::StartProgram([this] {
             window_ = MakeWindow();
             menu_ = CreatePopupMenu();
-            for (const UINT command : {41u, 42u, 43u})
-                AppendMenuA(menu_, MF_STRING, command, "command");
+            AppendMenuA(menu_, MF_STRING, 41, "&first");
+            AppendMenuA(menu_, MF_STRING, 42, "mar&ked");
+            AppendMenuA(menu_, MF_SEPARATOR, 0, nullptr);
+            AppendMenuA(menu_, MF_STRING, 43, "&last");
             MSG message;
             while (GetMessageA(&message, nullptr, 0, 0)) {
                 TranslateMessage(&message);
@@ -107,15 +119,19 @@ TEST_F(Popup, KeysChooseACommandAndEscapeChoosesNone) {
         std::vector<WPARAM> commands;
     };
     int answer = 0;
-    for (const Case& each : {Case{TPM_RETURNCMD, {VK_DOWN, VK_RETURN}, 41, {}},
-                             Case{TPM_RETURNCMD, {VK_UP, VK_RETURN}, 43, {}},
-                             Case{TPM_RETURNCMD, {VK_DOWN, VK_ESCAPE}, 0, {}},
-                             Case{0, {VK_DOWN, VK_DOWN, VK_RETURN}, TRUE, {42}},
-                             Case{0, {VK_DOWN, VK_ESCAPE}, TRUE, {}}}) {
-        kit::RunStep([] { TheTold().commands.clear(); });
+    for (const Case& each :
+         {Case{TPM_RETURNCMD, {VK_DOWN, VK_RETURN}, 41, {}},
+          Case{TPM_RETURNCMD, {VK_UP, VK_RETURN}, 43, {}},
+          Case{TPM_RETURNCMD, {VK_UP, VK_UP, VK_RETURN}, 42, {}},
+          Case{TPM_RETURNCMD, {'K'}, 42, {}}, Case{TPM_RETURNCMD, {VK_DOWN, VK_ESCAPE}, 0, {}},
+          Case{0, {VK_DOWN, VK_DOWN, VK_RETURN}, TRUE, {42}},
+          Case{0, {VK_DOWN, VK_ESCAPE}, TRUE, {}}}) {
+        kit::RunStep([] { TheTold() = {}; });
         kit::BeginStep([&] {
             answer = -1;
+            TheTold().isOpen = true;
             answer = TrackPopupMenu(menu_, each.flags, 10, 10, 0, window_, nullptr);
+            TheTold().isOpen = false;
         });
         for (const WPARAM key : each.keys)
             PostMessageA(window_, WM_KEYDOWN, key, 0);
@@ -128,6 +144,7 @@ TEST_F(Popup, KeysChooseACommandAndEscapeChoosesNone) {
                 EXPECT_NE(answer, -1) << "the popup is still open";
             }
             EXPECT_EQ(TheTold().commands, each.commands);
+            EXPECT_GE(TheTold().opened, 1);
         });
     }
 }

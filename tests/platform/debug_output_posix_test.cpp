@@ -77,7 +77,7 @@ TEST_F(DebugOutputPosixTest, AProgramThatEndsAtOnceLeavesItsLines) {
 TEST_F(DebugOutputPosixTest, ALongTextComesInPieces) {
     std::string text;
     for (int i = 0; text.size() < 10'000; ++i)
-        text += std::to_string(i) + " \u20AC ";
+        text += std::to_string(i) + "\u20AC\u20AC";
     DebugMonitor monitor;
     OutputDebugStringA(text.c_str());
     std::string received;

@@ -1,7 +1,9 @@
 // Whatever a program destroys while it is called back, the layer carries on.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <functional>
+#include <set>
 #include <vector>
 
 #include "platform/core/window.h"
@@ -24,13 +26,10 @@ LRESULT CALLBACK HandlingProcedure(HWND window, UINT message, WPARAM wParam, LPA
     return message == WM_NCCREATE ? TRUE : DefWindowProcA(window, message, wParam, lParam);
 }
 
-HWND Make(HWND parent, const char* className = "Handling", DWORD style = 0) {
-    return CreateWindowExA(0, className, "", style | (parent != nullptr ? WS_CHILD : 0), 0, 0, 50,
-                           50, parent, nullptr, GetModuleHandleA(nullptr), nullptr);
-}
-
 HWND MakeShown(HWND parent, const char* className = "Handling", DWORD style = 0) {
-    return Make(parent, className, style | WS_VISIBLE);
+    style |= WS_VISIBLE | (parent != nullptr ? WS_CHILD : 0);
+    return CreateWindowExA(0, className, "", style, 0, 0, 50, 50, parent, nullptr,
+                           GetModuleHandleA(nullptr), nullptr);
 }
 
 // Runs all that waits.
@@ -52,32 +51,26 @@ void RunOnUserInterface(const std::function<void()>& body) {
     }).get();
 }
 
-TEST(Destruction, AChildDestroysItsSiblingWhileTheParentGoes) {
+TEST(Destruction, AChildThatGoesTakesItsSiblingOrItsParentAlong) {
+    enum Member { kParent, kFirst, kSecond };
+    struct Case {
+        Member destroyed;
+        Member told;
+        Member takenAlong;
+    };
     RunOnUserInterface([] {
-        for (const std::size_t destroyer : {0u, 1u}) {
+        for (const Case& each : {Case{kParent, kFirst, kSecond}, Case{kParent, kSecond, kFirst},
+                                 Case{kFirst, kFirst, kParent}}) {
             const HWND parent = MakeShown(nullptr);
-            const std::vector<HWND> children{MakeShown(parent), MakeShown(parent)};
-            TheHandler() = [&](HWND window, UINT message, WPARAM) {
-                if (message == WM_DESTROY && window == children[destroyer])
-                    DestroyWindow(children[1 - destroyer]);
+            const std::vector<HWND> family{parent, MakeShown(parent), MakeShown(parent)};
+            TheHandler() = [=](HWND window, UINT message, WPARAM) {
+                if (message == WM_DESTROY && window == family[each.told])
+                    DestroyWindow(family[each.takenAlong]);
             };
-            EXPECT_TRUE(DestroyWindow(parent));
-            EXPECT_FALSE(IsWindow(parent) || IsWindow(children[0]) || IsWindow(children[1]));
+            EXPECT_TRUE(DestroyWindow(family[each.destroyed]));
+            for (const HWND member : family)
+                EXPECT_FALSE(IsWindow(member)) << "destroyed by member " << each.told;
         }
-    });
-}
-
-TEST(Destruction, AChildThatGoesTakesItsParentAlong) {
-    RunOnUserInterface([] {
-        const HWND parent = MakeShown(nullptr);
-        const HWND child = MakeShown(parent);
-        const HWND sibling = MakeShown(parent);
-        TheHandler() = [&](HWND window, UINT message, WPARAM) {
-            if (message == WM_DESTROY && window == child)
-                DestroyWindow(parent);
-        };
-        EXPECT_TRUE(DestroyWindow(child));
-        EXPECT_FALSE(IsWindow(parent) || IsWindow(child) || IsWindow(sibling));
     });
 }
 
@@ -123,72 +116,68 @@ TEST(Destruction, AWindowThatIsDestroyedWhileItIsMadeIsNotMade) {
 }
 
 TEST(Destruction, AControlGoesWithItsOwnNotification) {
-    struct Case {
+    struct Kind {
         const char* className;
         DWORD style;
-        int code;
-        std::function<void(HWND control)> act;
     };
-    const auto type = [](HWND control) { SendMessageA(control, WM_CHAR, 'x', 0); };
-    const auto set = [](HWND control) { SetWindowTextA(control, "text"); };
-    const auto choose = [](HWND control) { SendMessageA(control, WM_KEYDOWN, VK_DOWN, 0); };
-    const auto click = [](HWND control) { SendMessageA(control, BM_CLICK, 0, 0); };
-    const auto focus = [](HWND control) {
-        SetFocus(control);
-        SetFocus(GetParent(control));
-    };
-    const auto drop = [](HWND control) {
-        SetFocus(control);
-        SendMessageA(control, CB_SHOWDROPDOWN, TRUE, 0);
-        SetFocus(GetParent(control));
-    };
-    const auto chooseOnScreen = [](HWND control) {
-        vxd::input::RowDoubleClicked(vxd::HandleNumber(control), 1);
-        Drain();
-    };
-    const auto editOnScreen = [](HWND control) {
-        vxd::input::Edited(vxd::HandleNumber(control), "text", 4, 4);
-        Drain();
-    };
-    const std::vector<Case> cases{
-        {"Edit", 0, EN_UPDATE, type},
-        {"Edit", 0, EN_UPDATE, set},
-        {"Edit", 0, EN_CHANGE, type},
-        {"Edit", 0, EN_CHANGE, set},
-        {"Edit", 0, EN_UPDATE, editOnScreen},
-        {"Edit", 0, EN_SETFOCUS, focus},
-        {"Edit", 0, EN_KILLFOCUS, focus},
-        {"ComboBox", CBS_DROPDOWNLIST, CBN_SELENDOK, choose},
-        {"ComboBox", CBS_DROPDOWNLIST, CBN_SELCHANGE, choose},
-        {"ComboBox", CBS_DROPDOWN, CBN_SELENDOK, chooseOnScreen},
-        {"ComboBox", CBS_DROPDOWN, CBN_SELCHANGE, chooseOnScreen},
-        {"ComboBox", CBS_DROPDOWN, CBN_EDITUPDATE, type},
-        {"ComboBox", CBS_DROPDOWN, CBN_EDITUPDATE, editOnScreen},
-        {"ComboBox", CBS_DROPDOWN, CBN_DROPDOWN, drop},
-        {"ComboBox", CBS_DROPDOWN, CBN_CLOSEUP, drop},
-        {"ComboBox", CBS_DROPDOWN, CBN_KILLFOCUS, focus},
-        {"ListBox", LBS_NOTIFY, LBN_SELCHANGE, choose},
-        {"ListBox", LBS_NOTIFY, LBN_DBLCLK, chooseOnScreen},
-        {"ListBox", LBS_NOTIFY, LBN_SETFOCUS, focus},
-        {"Button", BS_PUSHBUTTON, BN_CLICKED, click},
-        {"Button", BS_AUTORADIOBUTTON, BN_CLICKED, click},
+    constexpr std::array kKinds{Kind{"Edit", 0},
+                                Kind{"ComboBox", CBS_DROPDOWNLIST},
+                                Kind{"ComboBox", CBS_DROPDOWN},
+                                Kind{"ListBox", LBS_NOTIFY},
+                                Kind{"Button", BS_PUSHBUTTON},
+                                Kind{"Button", BS_AUTORADIOBUTTON}};
+    const std::vector<std::function<void(HWND)>> actions{
+        [](HWND control) { SendMessageA(control, WM_CHAR, 'x', 0); },
+        [](HWND control) { SetWindowTextA(control, "text"); },
+        [](HWND control) { SendMessageA(control, WM_KEYDOWN, VK_DOWN, 0); },
+        [](HWND control) { SendMessageA(control, BM_CLICK, 0, 0); },
+        [](HWND control) {
+            SetFocus(control);
+            SendMessageA(control, CB_SHOWDROPDOWN, TRUE, 0);
+            SetFocus(GetParent(control));
+        },
+        [](HWND control) {
+            vxd::input::RowDoubleClicked(vxd::HandleNumber(control), 1);
+            Drain();
+        },
+        [](HWND control) {
+            vxd::input::Edited(vxd::HandleNumber(control), "text", 4, 4);
+            Drain();
+        }};
+    // What a new control tells on the action; it is destroyed when it tells `fatal`.
+    const auto codesOf = [](const Kind& kind, const std::function<void(HWND)>& act, int fatal) {
+        const HWND parent = MakeShown(nullptr);
+        const HWND control = MakeShown(parent, kind.className, kind.style);
+        for (const char* row : {"one", "two"}) {
+            SendMessageA(control, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(row));
+            SendMessageA(control, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(row));
+        }
+        std::set<int> codes;
+        TheHandler() = [&](HWND window, UINT message, WPARAM wParam) {
+            if (window != parent || message != WM_COMMAND)
+                return;
+            codes.insert(HIWORD(wParam));
+            if (HIWORD(wParam) == fatal)
+                DestroyWindow(control);
+        };
+        act(control);
+        EXPECT_EQ(IsWindow(control) != FALSE, !codes.contains(fatal))
+            << kind.className << " at " << fatal;
+        DestroyWindow(parent);
+        TheHandler() = nullptr;
+        return codes;
     };
     RunOnUserInterface([&] {
-        for (const Case& each : cases) {
-            const HWND parent = MakeShown(nullptr);
-            const HWND control = MakeShown(parent, each.className, each.style);
-            for (const char* row : {"one", "two"}) {
-                SendMessageA(control, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(row));
-                SendMessageA(control, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(row));
+        std::size_t destroyed = 0;
+        for (const Kind& kind : kKinds) {
+            for (const auto& act : actions) {
+                const std::set<int> codes = codesOf(kind, act, -1);
+                for (const int code : codes)
+                    EXPECT_TRUE(codesOf(kind, act, code).contains(code));
+                destroyed += codes.size();
             }
-            TheHandler() = [&](HWND window, UINT message, WPARAM wParam) {
-                if (window == parent && message == WM_COMMAND && HIWORD(wParam) == each.code)
-                    DestroyWindow(control);
-            };
-            each.act(control);
-            EXPECT_FALSE(IsWindow(control)) << each.className << " at " << each.code;
-            DestroyWindow(parent);
         }
+        EXPECT_GE(destroyed, 36u);
     });
 }
 

@@ -1,10 +1,9 @@
-// Menus: what their templates make, their marks, and choosing from them.
+// Menus: what their templates make, their marks, and the room a bar takes.
 #include <gtest/gtest.h>
 
 #include <array>
 #include <string>
 
-#include "tests/kit/user_interface.h"
 #include "tests/platform/dialogs.h"
 #include "tests/platform/plain_window.h"
 
@@ -83,70 +82,6 @@ TEST(Menus, ABarTakesItsHeightFromTheClientArea) {
         EXPECT_EQ(after.bottom, before.bottom);
         EXPECT_EQ(GetMenuItemCount(bar), 3) << "a bar that is taken off lives on";
     });
-}
-
-// What the window of an open popup is told.
-struct Choices {
-    UINT command = 0;
-    LPARAM from = -1;
-    bool whileOpen = false;
-    bool open = false;
-    int opened = 0;
-};
-Choices& TheChoices() {
-    static Choices choices;
-    return choices;
-}
-
-LRESULT CALLBACK ChoosingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    Choices& choices = TheChoices();
-    if (message == WM_INITMENUPOPUP)
-        ++choices.opened;
-    if (message == WM_COMMAND) {
-        choices.command = static_cast<UINT>(wParam);
-        choices.from = lParam;
-        choices.whileOpen = choices.open;
-    }
-    return DefWindowProcA(window, message, wParam, lParam);
-}
-
-// Opens the first popup of the bar and has keys act on it.
-void ChooseBy(std::initializer_list<WPARAM> keys) {
-    kit::RunAsProgram([&] {
-        WNDCLASSA windowClass{};
-        windowClass.lpfnWndProc = ChoosingProcedure;
-        windowClass.hInstance = GetModuleHandleA(nullptr);
-        windowClass.lpszClassName = "Choosing";
-        RegisterClassA(&windowClass);
-        const HWND window = CreateWindowExA(0, "Choosing", "", WS_OVERLAPPEDWINDOW, 0, 0, 200, 100,
-                                            nullptr, nullptr, windowClass.hInstance, nullptr);
-        ShowWindow(window, SW_SHOW);
-        for (const WPARAM key : keys)
-            PostMessageA(window, WM_KEYDOWN, key, 0);
-        TheChoices().open = true;
-        TrackPopupMenu(GetSubMenu(LoadBar(), 0), TPM_LEFTALIGN | TPM_RIGHTBUTTON, 5, 5, 0, window,
-                       nullptr);
-        TheChoices().open = false;
-        kit::Drain();
-        EXPECT_GE(TheChoices().opened, 1);
-    });
-}
-
-TEST(PopupMenus, AChoiceIsACommandThatComesWhenTheMenuIsGone) {
-    ChooseBy({VK_DOWN, VK_RETURN});
-    EXPECT_EQ(TheChoices().command, UINT{IDM_OPEN});
-    EXPECT_EQ(TheChoices().from, 0);
-    EXPECT_FALSE(TheChoices().whileOpen);
-}
-
-TEST(PopupMenus, ArrowsPassOverSeparators) {
-    ChooseBy({VK_UP, VK_UP, VK_RETURN});
-    EXPECT_EQ(TheChoices().command, UINT{IDM_MARKED});
-}
-
-TEST(PopupMenus, AMarkedLetterChooses) {
-    ChooseBy({'K'});
-    EXPECT_EQ(TheChoices().command, UINT{IDM_MARKED});
 }
 
 }  // namespace

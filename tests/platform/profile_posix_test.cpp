@@ -7,7 +7,6 @@
 #include <unistd.h>
 
 #include <array>
-#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -24,10 +23,14 @@ bool Write(const std::string& file, const std::string& key, const std::string& t
     return WritePrivateProfileStringA("s", key.c_str(), text.c_str(), file.c_str()) != 0;
 }
 
-mode_t ModeOf(const std::string& path) {
+struct stat StatusOf(const std::string& path) {
     struct stat status = {};
     EXPECT_EQ(stat(path.c_str(), &status), 0) << path;
-    return status.st_mode & 07777;
+    return status;
+}
+
+mode_t ModeOf(const std::string& path) {
+    return StatusOf(path).st_mode & 07777;
 }
 
 std::vector<std::string> NamesIn(const fs::path& folder) {
@@ -65,7 +68,6 @@ TEST_F(ProfilePosixTest, TheSettingsFolderFollowsTheEnvironmentAndThePasswords) 
     };
     EXPECT_EQ(settingsFolder(), folder_ / "vxdtest");
 
-    const std::string home = std::getenv("HOME") != nullptr ? std::getenv("HOME") : "";
     SetEnvironmentVariableA("HOME", "/some/home");
     for (const char* useless : {static_cast<const char*>(nullptr), "", "relative"}) {
         SetEnvironmentVariableA("XDG_CONFIG_HOME", useless);
@@ -73,7 +75,6 @@ TEST_F(ProfilePosixTest, TheSettingsFolderFollowsTheEnvironmentAndThePasswords) 
     }
     SetEnvironmentVariableA("HOME", nullptr);
     EXPECT_EQ(settingsFolder(), std::string(getpwuid(getuid())->pw_dir) + "/.config/vxdtest");
-    SetEnvironmentVariableA("HOME", home.c_str());
 }
 
 TEST_F(ProfilePosixTest, FolderAndFilesAreMadeForTheUserAloneWhenFirstWritten) {
@@ -95,21 +96,18 @@ TEST_F(ProfilePosixTest, AFileKeepsItsModeAndItsOwner) {
     ASSERT_EQ(chmod(file_.c_str(), 0664), 0);
     ASSERT_TRUE(Write(file_, "k", "2"));
     EXPECT_EQ(ModeOf(file_), 0664u);
-    struct stat status = {};
-    ASSERT_EQ(stat(file_.c_str(), &status), 0);
-    EXPECT_EQ(status.st_uid, mayGive ? 12345u : geteuid());
-    EXPECT_EQ(status.st_gid, mayGive ? 23456u : getegid());
+    EXPECT_EQ(StatusOf(file_).st_uid, mayGive ? 12345u : geteuid());
+    EXPECT_EQ(StatusOf(file_).st_gid, mayGive ? 23456u : getegid());
 }
 
 TEST_F(ProfilePosixTest, ALinkStaysAndItsTargetIsReplaced) {
     fs::create_directories(folder_ / "there");
     fs::create_symlink("there/second", folder_ / "first.ini");
     fs::create_symlink(folder_ / "target.ini", folder_ / "there/second");
-
-    ASSERT_TRUE(Write(folder_ / "first.ini", "k", "dangling"));
-    EXPECT_EQ(ReadBytes(folder_ / "target.ini"), "[s]\r\nk=dangling\r\n");
-    ASSERT_TRUE(Write(folder_ / "first.ini", "k", "again"));
-    EXPECT_EQ(ReadBytes(folder_ / "target.ini"), "[s]\r\nk=again\r\n");
+    for (const std::string text : {"dangling", "again"}) {
+        ASSERT_TRUE(Write(folder_ / "first.ini", "k", text));
+        EXPECT_EQ(ReadBytes(folder_ / "target.ini"), "[s]\r\nk=" + text + "\r\n");
+    }
     EXPECT_TRUE(fs::is_symlink(folder_ / "first.ini"));
     EXPECT_TRUE(fs::is_symlink(folder_ / "there/second"));
     EXPECT_FALSE(fs::is_symlink(folder_ / "target.ini"));

@@ -31,12 +31,13 @@ TEST(Queue, PostedMessagesKeepTheirOrderAndQuitComesAfterThemAndBeforePainting) 
         PostQuitMessage(3);
         PostMessageA(window, kFirstMessage, 0, 0);
         PostMessageA(window, kFirstMessage + 1, 0, 0);
+        std::vector<UINT> order;
         MSG message;
-        EXPECT_TRUE(GetMessageA(&message, nullptr, 0, 0));
-        EXPECT_EQ(message.message, kFirstMessage);
-        EXPECT_TRUE(GetMessageA(&message, nullptr, 0, 0));
-        EXPECT_EQ(message.message, kFirstMessage + 1);
-        EXPECT_FALSE(GetMessageA(&message, nullptr, 0, 0));
+        while (GetMessageA(&message, nullptr, 0, 0)) {
+            order.push_back(message.message);
+            DispatchMessageA(&message);
+        }
+        EXPECT_EQ(order, (std::vector<UINT>{kFirstMessage, kFirstMessage + 1}));
         EXPECT_EQ(message.wParam, 3u);
         EXPECT_EQ(Drain(), (std::vector<UINT>{WM_PAINT}));
     });
@@ -52,21 +53,21 @@ TEST(Queue, PaintingComesAfterPostedMessagesAndTimersComeLast) {
         InvalidateRect(window, nullptr, TRUE);
         PostMessageA(window, kFirstMessage, 0, 0);
         EXPECT_EQ(Drain(), (std::vector<UINT>{kFirstMessage, WM_PAINT, WM_TIMER}));
-        KillTimer(window, 1);
-        Sleep(250);
-        EXPECT_TRUE(Drain().empty());
     });
 }
 
-TEST(Queue, MissedTimerPeriodsFallTogetherAndSettingAgainReplaces) {
+TEST(Queue, MissedTimerPeriodsFallTogetherAndOnlyWhatIsPostedOutlivesTheTimer) {
     RunAsProgram([] {
         const HWND window = MakePlainWindow();
         SetTimer(window, 1, 10, nullptr);
         SetTimer(window, 1, 200, nullptr);
         Sleep(650);
         EXPECT_EQ(Drain(), (std::vector<UINT>{WM_TIMER}));
+        PostMessageA(window, WM_TIMER, 1, 0);
         EXPECT_TRUE(KillTimer(window, 1));
-        EXPECT_FALSE(KillTimer(window, 1));
+        EXPECT_FALSE(KillTimer(window, 1)) << "setting again has replaced the first";
+        Sleep(250);
+        EXPECT_EQ(Drain(), (std::vector<UINT>{WM_TIMER})) << "the posted one";
     });
 }
 
@@ -150,17 +151,6 @@ TEST(Queue, LookingLeavesAMessageThereAndARangeTakesOnlyItsOwn) {
         EXPECT_EQ(message.lParam, 8);
         EXPECT_EQ(Drain(), (std::vector<UINT>{kFirstMessage, kFirstMessage + 1}));
         EXPECT_FALSE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE));
-    });
-}
-
-TEST(Queue, KillingATimerLeavesAWmTimerThatIsPosted) {
-    RunAsProgram([] {
-        const HWND window = MakePlainWindow();
-        SetTimer(window, 1, 10, nullptr);
-        PostMessageA(window, WM_TIMER, 1, 0);
-        KillTimer(window, 1);
-        Sleep(250);
-        EXPECT_EQ(Drain(), std::vector<UINT>{WM_TIMER});
     });
 }
 

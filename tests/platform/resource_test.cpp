@@ -5,16 +5,19 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <functional>
 #include <list>
 #include <map>
+#include <optional>
 #include <set>
+#include <sstream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/core/resource_registry.h"
+#include "platform/core/utf16.h"
 #include "platform/win32.h"
 #include "res/resource.h"
 
@@ -38,24 +41,22 @@ class Data {
             Word(unit);
         return Word(0);
     }
+    Data& Add(const Data& data) {
+        bytes_.insert(bytes_.end(), data.bytes_.begin(), data.bytes_.end());
+        return *this;
+    }
     Data& Align() {
         while (bytes_.size() % 4 != 0)
             Byte(0);
         return *this;
     }
-    // An entry of a .res file; the name is a number.
-    Data& Entry(unsigned type, unsigned name, const std::vector<std::byte>& data) {
-        Dword(static_cast<std::uint32_t>(data.size())).Dword(0x20).Number(type).Number(name);
-        Dword(0).Word(0).Word(0).Dword(0).Dword(0);
-        bytes_.insert(bytes_.end(), data.begin(), data.end());
-        return Align();
-    }
-    Data& NamedEntry(std::u16string_view type, std::u16string_view name, std::uint32_t value) {
-        const std::size_t start = bytes_.size();
-        Dword(4).Dword(0).Text(type).Text(name).Align();
-        Dword(0).Word(0).Word(0).Dword(0).Dword(0);
-        bytes_[start + 4] = static_cast<std::byte>(bytes_.size() - start);
-        return Dword(value);
+    // An entry of a .res file; type and name are numbers or texts.
+    Data& Entry(const Data& type, const Data& name, const Data& data) {
+        Data header;
+        header.Add(type).Add(name).Align().Dword(0).Dword(0).Dword(0).Dword(0);
+        Dword(static_cast<std::uint32_t>(data.bytes_.size()));
+        Dword(static_cast<std::uint32_t>(8 + header.bytes_.size()));
+        return Add(header).Add(data).Align();
     }
 
     const std::vector<std::byte>& Get() const { return bytes_; }
@@ -70,13 +71,17 @@ class Data {
     std::vector<std::byte> bytes_;
 };
 
-std::vector<std::byte> ExtendedDialog() {
+Data Number(unsigned value) {
+    return Data().Number(value);
+}
+
+std::vector<std::byte> ExtendedDialog(unsigned editClass = 0x81) {
     Data data;
     data.Word(1).Word(0xFFFF).Dword(0).Dword(0x200).Dword(WS_POPUP | DS_SETFONT).Word(2);
     data.Place(-5, 6, 186, 221).Word(0).Word(0).Text(u"Title");
     data.Word(8).Word(700).Byte(1).Byte(1).Text(u"MS Shell Dlg");
     data.Align().Dword(0).Dword(0).Dword(WS_CHILD | ES_READONLY).Place(7, 8, 50, 14);
-    data.Dword(0xFFFFFFFF).Number(0x81).Text(u"&Name").Word(3).Byte(1).Byte(2).Byte(3);
+    data.Dword(0xFFFFFFFF).Number(editClass).Text(u"&Name").Word(3).Byte(1).Byte(2).Byte(3);
     data.Align().Dword(0).Dword(0).Dword(WS_CHILD | SS_ICON).Place(60, 8, 20, 20);
     data.Dword(1016).Text(u"STATIC").Number(101).Word(0);
     return data.Get();
@@ -109,8 +114,7 @@ std::vector<std::byte> NestedMenu(int levels) {
     data.Word(0).Word(0);
     for (int i = 1; i < levels; ++i)
         data.Word(0x10 | 0x80).Text(u"");
-    data.Word(0x80).Word(1).Text(u"bottom");
-    return data.Get();
+    return data.Word(0x80).Word(1).Text(u"bottom").Get();
 }
 
 std::vector<std::byte> IconImage() {
@@ -129,106 +133,60 @@ std::vector<std::byte> IconGroup(const std::vector<std::array<unsigned, 3>>& ima
     return data.Get();
 }
 
-std::vector<std::byte> Cut(const std::vector<std::byte>& data, std::size_t size) {
-    return {data.begin(), data.begin() + static_cast<std::ptrdiff_t>(size)};
-}
-
-// The bytes with one of them changed, for each of them and several changes.
-void ForEachDamage(const std::vector<std::byte>& data,
-                   const std::function<void(const std::vector<std::byte>&)>& visit) {
-    for (std::size_t i = 0; i < data.size(); ++i) {
-        for (const unsigned flip : {0x01u, 0x10u, 0x80u, 0xFFu}) {
-            std::vector<std::byte> damaged = data;
-            damaged[i] ^= static_cast<std::byte>(flip);
-            visit(damaged);
-        }
+std::string Describe(const DialogTemplate& dialog) {
+    std::ostringstream out;
+    const auto describe = [&out](const auto& each) {
+        out << each.x << ',' << each.y << ' ' << each.width << 'x' << each.height << std::hex << ' '
+            << each.style << ' ' << each.exStyle << std::dec << " '" << each.title << "'";
+    };
+    describe(dialog);
+    if (const auto& font = dialog.font)
+        out << ' ' << font->pointSize << ' ' << font->weight << ' ' << font->italic << ' '
+            << font->face;
+    for (const DialogControl& control : dialog.controls) {
+        out << '\n' << control.className << ' ' << control.id << ' ';
+        describe(control);
+        out << ' ' << control.titleNumber;
     }
+    return out.str();
 }
 
-// Attached bytes stay for the whole run.
-Bytes Attach(std::vector<std::byte> data) {
-    static std::list<std::vector<std::byte>> kept;
-    kept.push_back(std::move(data));
-    AttachResources(kept.back().data(), kept.back().size());
-    return kept.back();
+TEST(DialogTemplates, AreReadWholeInBothFormats) {
+    const auto extended = ParseDialog(ExtendedDialog());
+    ASSERT_TRUE(extended);
+    EXPECT_EQ(Describe(*extended),
+              "-5,6 186x221 80000040 200 'Title' 8 700 1 MS Shell Dlg\n"
+              "Edit -1 7,8 50x14 40000800 0 '&Name' 0\n"
+              "Static 1016 60,8 20x20 40000003 0 '' 101");
+    const auto classic = ParseDialog(ClassicDialog());
+    ASSERT_TRUE(classic);
+    EXPECT_EQ(Describe(*classic),
+              "0,0 100x50 80000000 200 'Old'\n"
+              "Button 65535 1,2 3x4 40000001 4 'OK' 0\n"
+              "VxDChart 12 5,6 7x8 40000000 0 '' 0");
+    for (const unsigned number : {0x7Fu, 0x86u})
+        EXPECT_FALSE(ParseDialog(ExtendedDialog(number))) << "no class has the number " << number;
 }
 
-std::uint32_t FirstDword(Bytes data) {
-    std::uint32_t value = 0;
-    if (data.size() == sizeof value)
-        std::memcpy(&value, data.data(), sizeof value);
-    return value;
-}
-
-TEST(DialogTemplates, ExtendedOnesAreReadWhole) {
-    const auto dialog = ParseDialog(ExtendedDialog());
-    ASSERT_TRUE(dialog);
-    EXPECT_EQ(dialog->style, WS_POPUP | DS_SETFONT);
-    EXPECT_EQ(dialog->exStyle, 0x200u);
-    EXPECT_EQ(dialog->x, -5);
-    EXPECT_EQ(dialog->height, 221);
-    EXPECT_EQ(dialog->title, "Title");
-    ASSERT_TRUE(dialog->font);
-    EXPECT_EQ(dialog->font->pointSize, 8);
-    EXPECT_EQ(dialog->font->weight, 700);
-    EXPECT_TRUE(dialog->font->italic);
-    EXPECT_EQ(dialog->font->face, "MS Shell Dlg");
-
-    ASSERT_EQ(dialog->controls.size(), 2u);
-    const DialogControl& edit = dialog->controls[0];
-    EXPECT_EQ(edit.className, "Edit");
-    EXPECT_EQ(edit.title, "&Name");
-    EXPECT_EQ(edit.id, -1);
-    EXPECT_EQ(edit.style, static_cast<std::uint32_t>(WS_CHILD | ES_READONLY));
-    EXPECT_EQ(edit.width, 50);
-    const DialogControl& icon = dialog->controls[1];
-    EXPECT_EQ(icon.className, "Static") << "a system class is known however it is spelled";
-    EXPECT_EQ(icon.titleNumber, 101);
-    EXPECT_EQ(icon.id, 1016) << "a control follows creation data of odd length";
-}
-
-TEST(DialogTemplates, ClassicOnesAreReadWhole) {
-    const auto dialog = ParseDialog(ClassicDialog());
-    ASSERT_TRUE(dialog);
-    EXPECT_EQ(dialog->style, WS_POPUP);
-    EXPECT_EQ(dialog->exStyle, 0x200u);
-    EXPECT_EQ(dialog->title, "Old") << "a menu and a class before the title are passed over";
-    EXPECT_FALSE(dialog->font);
-    ASSERT_EQ(dialog->controls.size(), 2u);
-    EXPECT_EQ(dialog->controls[0].className, "Button");
-    EXPECT_EQ(dialog->controls[0].style, static_cast<std::uint32_t>(WS_CHILD | BS_DEFPUSHBUTTON));
-    EXPECT_EQ(dialog->controls[0].exStyle, 4u);
-    EXPECT_EQ(dialog->controls[0].id, 65535);
-    EXPECT_EQ(dialog->controls[1].className, "VxDChart");
-    EXPECT_EQ(dialog->controls[1].id, 12);
-}
-
-TEST(DialogTemplates, AnUnknownClassNumberIsRefused) {
-    for (const unsigned number : {0u, 0x7Fu, 0x86u, 0xFFFFu}) {
-        Data data;
-        data.Dword(WS_POPUP).Dword(0).Word(1).Place(0, 0, 10, 10).Word(0).Word(0).Text(u"");
-        data.Align().Dword(WS_CHILD).Dword(0).Place(0, 0, 1, 1).Word(1);
-        data.Number(number).Text(u"").Word(0);
-        EXPECT_FALSE(ParseDialog(data.Get())) << number;
+void ForEachItem(const std::vector<MenuTemplateItem>& items,
+                 const std::function<void(const MenuTemplateItem&)>& visit) {
+    for (const MenuTemplateItem& item : items) {
+        visit(item);
+        ForEachItem(item.children, visit);
     }
 }
 
 TEST(MenuTemplates, PopupsSeparatorsAndStatesAreRead) {
     const auto menu = ParseMenu(SmallMenu());
     ASSERT_TRUE(menu);
-    ASSERT_EQ(menu->items.size(), 2u);
-    const MenuTemplateItem& file = menu->items[0];
-    EXPECT_TRUE(file.popup);
-    EXPECT_EQ(file.text, "&File");
-    ASSERT_EQ(file.children.size(), 3u);
-    EXPECT_EQ(file.children[0].id, 40001);
-    EXPECT_EQ(file.children[0].flags, MF_GRAYED);
-    EXPECT_FALSE(file.children[0].separator);
-    EXPECT_TRUE(file.children[1].separator);
-    EXPECT_EQ(file.children[2].id, 65535);
-    EXPECT_EQ(file.children[2].flags, MF_CHECKED);
-    EXPECT_EQ(menu->items[1].text, "&Help");
-    EXPECT_FALSE(menu->items[1].popup);
+    std::ostringstream read;
+    ForEachItem(menu->items, [&read](const MenuTemplateItem& item) {
+        read << item.id << '/' << item.flags << (item.separator ? "-" : item.text);
+        if (item.popup)
+            read << '(' << item.children.size() << ')';
+        read << ' ';
+    });
+    EXPECT_EQ(read.str(), "0/0&File(3) 40001/1&Open 0/0- 65535/8&486 40002/0&Help ");
 }
 
 TEST(MenuTemplates, NestingHasALimit) {
@@ -246,13 +204,8 @@ TEST(ResourceTexts, BecomeUtf8AndHalvesOfPairsStandAlone) {
         {{0xDE00, 0xD83D}, "\xED\xB8\x80\xED\xA0\xBD"},
         {{0xD83D, 0xD83D, 0xDE00}, "\xED\xA0\xBD\xF0\x9F\x98\x80"},
     };
-    for (const auto& [utf16, utf8] : texts) {
-        Data data;
-        data.Word(0).Word(0).Word(0x80).Word(1).Text(utf16);
-        const auto menu = ParseMenu(data.Get());
-        ASSERT_TRUE(menu);
-        EXPECT_EQ(menu->items[0].text, utf8);
-    }
+    for (const auto& [utf16, utf8] : texts)
+        EXPECT_EQ(Utf8FromUtf16(utf16), utf8);
 }
 
 TEST(Icons, TheImageNearestInSizeIsChosen) {
@@ -275,209 +228,192 @@ TEST(Icons, ImagesAreTurnedUpright) {
     EXPECT_EQ(image->data, topRowFirst);
 }
 
-TEST(DamagedResources, AnythingCutShortIsRefused) {
-    const auto refusesEveryCut = [](const std::vector<std::byte>& whole, const auto& parse) {
-        ASSERT_TRUE(parse(whole));
-        for (std::size_t size = 0; size < whole.size(); ++size)
-            EXPECT_FALSE(parse(Cut(whole, size))) << size << " of " << whole.size();
-    };
-    refusesEveryCut(ExtendedDialog(), ParseDialog);
-    refusesEveryCut(ClassicDialog(), ParseDialog);
-    refusesEveryCut(SmallMenu(), ParseMenu);
-    refusesEveryCut(IconImage(), ParseIconImage);
-    refusesEveryCut(IconGroup({{{16, 32, 1}}, {{32, 32, 2}}}),
-                    [](Bytes data) { return ChooseIconImage(data, 16); });
+std::vector<std::byte> Cut(const std::vector<std::byte>& data, std::size_t size) {
+    return {data.begin(), data.begin() + static_cast<std::ptrdiff_t>(size)};
 }
 
-// What a damaged resource reads as is open; it must stay within its bytes, which the sanitizers
-// watch, and within reason.
-TEST(DamagedResources, AWrongByteAnywhereIsHarmless) {
-    for (const auto& dialog : {ExtendedDialog(), ClassicDialog()}) {
-        ForEachDamage(dialog, [](const auto& damaged) {
-            if (const auto read = ParseDialog(damaged)) {
-                EXPECT_LE(read->controls.size(), damaged.size());
-            }
+// The bytes with one of them changed: each of them, in each of its bits and in all.
+void ForEachDamage(const std::vector<std::byte>& data,
+                   const std::function<void(const std::vector<std::byte>&)>& visit) {
+    constexpr std::array kFlips = {0x01, 0x02, 0x04, 0x08, 0x10, 0x20, 0x40, 0x80, 0xFF};
+    for (std::size_t i = 0; i < data.size(); ++i) {
+        for (const int flip : kFlips) {
+            std::vector<std::byte> damaged = data;
+            damaged[i] ^= static_cast<std::byte>(flip);
+            visit(damaged);
+        }
+    }
+}
+
+using CountParts = std::function<std::optional<std::size_t>(Bytes)>;
+
+template <typename Parse, typename Member>
+CountParts PartsOf(Parse parse, Member parts) {
+    return [=](Bytes data) {
+        const auto read = parse(data);
+        return read ? std::optional(std::invoke(parts, *read).size()) : std::nullopt;
+    };
+}
+
+TEST(DamagedResources, AreRefusedWhereTheyAreCutShortAndHarmlessWhereAByteIsWrong) {
+    constexpr std::size_t kLeastBytesOfAPart = 4;
+    const auto readGroup = [](Bytes data) {
+        return ChooseIconImage(data, 16) ? std::optional<std::size_t>(1) : std::nullopt;
+    };
+    const std::vector<std::pair<std::vector<std::byte>, CountParts>> resources = {
+        {ExtendedDialog(), PartsOf(ParseDialog, &DialogTemplate::controls)},
+        {ClassicDialog(), PartsOf(ParseDialog, &DialogTemplate::controls)},
+        {SmallMenu(), PartsOf(ParseMenu, &MenuTemplate::items)},
+        {IconImage(), PartsOf(ParseIconImage, &Pixels::data)},
+        {IconGroup({{{16, 32, 1}}, {{32, 32, 2}}}), readGroup}};
+    for (const auto& [whole, read] : resources) {
+        ASSERT_TRUE(read(whole));
+        for (std::size_t size = 0; size < whole.size(); ++size)
+            EXPECT_FALSE(read(Cut(whole, size))) << size << " of " << whole.size();
+        ForEachDamage(whole, [&read = read](const std::vector<std::byte>& damaged) {
+            EXPECT_LE(read(damaged).value_or(0) * kLeastBytesOfAPart, damaged.size());
         });
     }
-    ForEachDamage(SmallMenu(), [](const auto& damaged) {
-        if (const auto read = ParseMenu(damaged)) {
-            EXPECT_LE(read->items.size(), damaged.size());
-        }
-    });
-    ForEachDamage(IconImage(), [](const auto& damaged) {
-        if (const auto read = ParseIconImage(damaged)) {
-            EXPECT_LE(read->data.size() * 4, damaged.size());
-        }
-    });
 }
+
+// Attached bytes stay for the whole run.
+void Attach(std::vector<std::byte> data) {
+    static std::list<std::vector<std::byte>> kept;
+    kept.push_back(std::move(data));
+    AttachResources(kept.back().data(), kept.back().size());
+}
+
+// The first byte of a resource; 0 for one that there isn't.
+unsigned Found(const ResourceName& type, const ResourceName& name) {
+    const Bytes data = FindResource(type, name);
+    return data.empty() ? 0 : std::to_integer<unsigned>(data.front());
+}
+
+constexpr std::uint16_t kOwnType = 300;
+constexpr std::uint16_t kCutType = 301;
 
 TEST(ResourceFiles, EntriesAreFoundByNumberAndByNameInAnyCase) {
     Attach(Data()
-               .Entry(0, 0, {})
-               .Entry(300, 1, Data().Dword(11).Get())
-               .Entry(300, 2, Data().Byte(7).Get())
-               .NamedEntry(u"CHART", u"MAIN", 22)
-               .Entry(300, 1, Data().Dword(33).Get())
+               .Entry(Number(0), Number(0), {})
+               .Entry(Number(kOwnType), Number(1), Data().Dword(11))
+               .Entry(Number(kOwnType), Number(2), Data().Byte(7))
+               .Entry(Data().Text(u"CHART"), Data().Text(u"MAIN"), Data().Dword(22))
+               .Entry(Number(kOwnType), Number(1), Data().Dword(33))
                .Get());
-    EXPECT_EQ(FirstDword(FindResource(std::uint16_t{300}, std::uint16_t{1})), 11u);
-    EXPECT_EQ(FindResource(std::uint16_t{300}, std::uint16_t{2}).size(), 1u);
-    EXPECT_EQ(FirstDword(FindResource("Chart", NameOf("main"))), 22u);
-    EXPECT_TRUE(FindResource("Chart", std::uint16_t{1}).empty());
-    EXPECT_TRUE(FindResource(std::uint16_t{300}, "1").empty());
-    EXPECT_TRUE(FindResource(std::uint16_t{300}, std::uint16_t{3}).empty());
+    EXPECT_EQ(Found(kOwnType, std::uint16_t{1}), 11u);
+    EXPECT_EQ(FindResource(kOwnType, std::uint16_t{2}).size(), 1u);
+    EXPECT_EQ(Found("Chart", NameOf("main")), 22u);
+    EXPECT_EQ(Found("Chart", std::uint16_t{1}), 0u);
+    EXPECT_EQ(Found(kOwnType, "1"), 0u);
+    EXPECT_EQ(Found(kOwnType, std::uint16_t{3}), 0u);
     EXPECT_EQ(NameOf(MAKEINTRESOURCEA(4044)), ResourceName(std::uint16_t{4044}));
     EXPECT_EQ(NameOf(nullptr), ResourceName(std::uint16_t{0}));
 }
 
 TEST(ResourceFiles, WhatStandsBeforeTheDamageIsFound) {
-    const std::vector<std::byte> file = Data()
-                                            .Entry(0, 0, {})
-                                            .NamedEntry(u"CUT", u"A", 1)
-                                            .Entry(301, 2, Data().Dword(2).Get())
-                                            .Get();
-    const ResourceName type = std::uint16_t{301};
+    const std::vector<std::byte> file =
+        Data()
+            .Entry(Number(0), Number(0), {})
+            .Entry(Data().Text(u"CUT"), Data().Text(u"A"), Data().Byte(1))
+            .Entry(Number(kCutType), Number(2), Data().Dword(2))
+            .Get();
     for (std::size_t size = 0; size < file.size(); ++size) {
-        const Bytes attached = Attach(Cut(file, size));
-        EXPECT_TRUE(FindResource(type, std::uint16_t{2}).empty()) << size;
-        const Bytes before = FindResource("CUT", "A");
-        EXPECT_TRUE(before.empty() || FirstDword(before) == 1) << size << attached.size();
+        Attach(Cut(file, size));
+        EXPECT_EQ(Found(kCutType, std::uint16_t{2}), 0u) << size;
+        EXPECT_LE(Found("CUT", "A"), 1u) << size;
     }
-    EXPECT_EQ(FirstDword(FindResource("CUT", "A")), 1u);
-    ForEachDamage(file, [](const auto& damaged) { Attach(damaged); });
-    EXPECT_TRUE(FindResource("NOWHERE", "TO BE FOUND").empty());
+    EXPECT_EQ(Found("CUT", "A"), 1u);
+    ForEachDamage(file, Attach);
+    EXPECT_EQ(Found("NOWHERE", "TO BE FOUND"), 0u);
 }
 
 // The program's own resources.
 
-MenuTemplate OwnMenu(std::uint16_t id) {
-    auto menu = ParseMenu(FindResource(kResourceMenu, id));
-    EXPECT_TRUE(menu) << id;
-    return menu.value_or(MenuTemplate());
-}
-
-DialogTemplate OwnDialog(std::uint16_t id) {
-    auto dialog = ParseDialog(FindResource(kResourceDialog, id));
-    EXPECT_TRUE(dialog) << id;
-    return dialog.value_or(DialogTemplate());
-}
-
-void ForEachItem(const std::vector<MenuTemplateItem>& items,
-                 const std::function<void(const MenuTemplateItem&)>& visit) {
-    for (const MenuTemplateItem& item : items) {
-        visit(item);
-        ForEachItem(item.children, visit);
-    }
-}
-
-const DialogControl* ControlOf(const DialogTemplate& dialog, int id) {
-    const auto found =
-        std::find_if(dialog.controls.begin(), dialog.controls.end(),
-                     [id](const DialogControl& control) { return control.id == id; });
-    return found != dialog.controls.end() ? &*found : nullptr;
-}
-
-TEST(OwnMenus, HaveTheirWholeBarAndNoEmptyEntries) {
-    const MenuTemplate older = OwnMenu(IDR_MENU_OLDER);
-    const MenuTemplate newer = OwnMenu(IDR_MENU_NEWER);
-    EXPECT_EQ(older.items.size(), 24u);
-    EXPECT_EQ(newer.items.size(), 14u);
-    for (const MenuTemplate* menu : {&older, &newer}) {
-        ForEachItem(menu->items, [](const MenuTemplateItem& item) {
-            EXPECT_NE(item.separator, !item.text.empty());
-            EXPECT_EQ(item.popup, !item.children.empty()) << item.text;
-            EXPECT_EQ(item.popup || item.separator, item.id == 0) << item.text;
-        });
-    }
-}
-
-TEST(OwnMenus, OfferEachCommandOnceAndOnlyKnownStates) {
+TEST(OwnMenus, OfferEachCommandOnceAndLeaveNoEntryEmpty) {
+    struct Bar {
+        std::uint16_t id;
+        std::size_t entries;
+        std::set<int> twice;
+        int checked;
+        int grayed;
+    };
     // The resets of the board's JADE chip stand under two headings of the older board's menu.
-    const std::map<std::uint16_t, std::set<int>> repeated = {{IDR_MENU_OLDER, {IDM_JADE_RESET}},
-                                                             {IDR_MENU_NEWER, {}}};
-    for (const auto& [id, expected] : repeated) {
+    for (const Bar& bar : {Bar{IDR_MENU_OLDER, 24, {IDM_JADE_RESET}, 4, 26},
+                           Bar{IDR_MENU_NEWER, 14, {}, 0, 0}, Bar{IDR_MENU_CONTEXT, 1, {}, 0, 0}}) {
+        const auto menu = ParseMenu(FindResource(kResourceMenu, bar.id));
+        ASSERT_TRUE(menu) << bar.id;
+        EXPECT_EQ(menu->items.size(), bar.entries) << bar.id;
         std::set<int> seen;
         std::set<int> twice;
         int checked = 0;
         int grayed = 0;
-        ForEachItem(OwnMenu(id).items, [&](const MenuTemplateItem& item) {
+        ForEachItem(menu->items, [&](const MenuTemplateItem& item) {
+            EXPECT_NE(item.separator, !item.text.empty());
+            EXPECT_EQ(item.popup, !item.children.empty()) << item.text;
+            EXPECT_EQ(item.popup || item.separator, item.id == 0) << item.text;
             if (item.id != 0 && !seen.insert(item.id).second)
                 twice.insert(item.id);
             checked += (item.flags & MF_CHECKED) != 0;
             grayed += (item.flags & MF_GRAYED) != 0;
         });
-        EXPECT_EQ(twice, expected);
-        EXPECT_EQ(checked, id == IDR_MENU_OLDER ? 4 : 0);
-        EXPECT_EQ(grayed, id == IDR_MENU_OLDER ? 26 : 0);
+        EXPECT_EQ(twice, bar.twice);
+        EXPECT_EQ(checked, bar.checked) << bar.id;
+        EXPECT_EQ(grayed, bar.grayed) << bar.id;
+        // What switches the bars is on neither of them; what every bar needs is on both.
+        const bool isBar = bar.id != IDR_MENU_CONTEXT;
+        for (const int command : {IDM_MENU_OLDER, IDM_MENU_NEWER})
+            EXPECT_NE(seen.contains(command), isBar) << command;
         for (const int command : {IDM_FILE_EXIT, IDM_HELP_ABOUT, IDM_HELP_ALWAYS_ON_TOP})
-            EXPECT_TRUE(seen.contains(command)) << command;
+            EXPECT_EQ(seen.contains(command), isBar) << command;
     }
 }
 
-TEST(OwnMenus, TheContextMenuOffersBothBoardsUnderCommandsOfItsOwn) {
-    const MenuTemplate context = OwnMenu(IDR_MENU_CONTEXT);
-    ASSERT_EQ(context.items.size(), 1u);
-    std::set<int> offered;
-    for (const MenuTemplateItem& item : context.items[0].children)
-        offered.insert(item.id);
-    EXPECT_EQ(offered, (std::set<int>{IDM_MENU_OLDER, IDM_MENU_NEWER}));
-    for (const std::uint16_t id : {IDR_MENU_OLDER, IDR_MENU_NEWER}) {
-        ForEachItem(OwnMenu(id).items, [&offered](const MenuTemplateItem& item) {
-            EXPECT_FALSE(offered.contains(item.id)) << item.text;
-        });
-    }
+bool Overlap(const Rect& a, const Rect& b) {
+    return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height &&
+           b.y < a.y + a.height;
 }
 
 TEST(OwnDialogs, KeepTheirControlsInsideAndApart) {
     constexpr int kMargin = 7;
     constexpr int kComboBoxHeight = 14;  // a template gives the height with the list dropped down
-    for (const std::uint16_t id : {IDD_ABOUT, IDD_RAW_COMMAND}) {
-        const DialogTemplate dialog = OwnDialog(id);
+    constexpr std::uint16_t kBehindAllNumbers = 5000;
+    int dialogs = 0;
+    for (std::uint16_t id = 1; id < kBehindAllNumbers; ++id) {
+        const Bytes data = FindResource(kResourceDialog, id);
+        if (data.empty())
+            continue;
+        const auto dialog = ParseDialog(data);
+        ASSERT_TRUE(dialog) << id;
+        ++dialogs;
         std::set<int> ids;
         std::vector<Rect> taken;
-        for (const DialogControl& control : dialog.controls) {
-            EXPECT_TRUE(control.id == -1 || ids.insert(control.id).second) << control.id;
-            const bool isComboBox = control.className == "ComboBox";
-            const Rect rect = {control.x, control.y, control.width,
-                               isComboBox ? kComboBoxHeight : control.height};
-            EXPECT_GE(rect.x, kMargin) << control.title;
-            EXPECT_GE(rect.y, kMargin) << control.title;
-            EXPECT_LE(rect.x + rect.width, dialog.width - kMargin) << control.title;
-            EXPECT_LE(rect.y + rect.height, dialog.height - kMargin) << control.title;
-            const bool isGroupBox =
-                control.className == "Button" && (control.style & BS_TYPEMASK) == BS_GROUPBOX;
-            if (isGroupBox)
+        for (const DialogControl& control : dialog->controls) {
+            SCOPED_TRACE(dialog->title + ": " + std::to_string(control.id) + " " + control.title);
+            EXPECT_TRUE(control.id == -1 || ids.insert(control.id).second);
+            const int height = control.className == "ComboBox" ? kComboBoxHeight : control.height;
+            const Rect rect = {control.x, control.y, control.width, height};
+            EXPECT_GE(std::min(rect.x, rect.y), kMargin);
+            EXPECT_LE(rect.x + rect.width, dialog->width - kMargin);
+            EXPECT_LE(rect.y + rect.height, dialog->height - kMargin);
+            if (control.className == "Button" && (control.style & BS_TYPEMASK) == BS_GROUPBOX)
                 continue;
-            for (const Rect& other : taken) {
-                EXPECT_TRUE(rect.x >= other.x + other.width || other.x >= rect.x + rect.width ||
-                            rect.y >= other.y + other.height || other.y >= rect.y + rect.height)
-                    << "dialog " << id << ", control " << control.id << " " << control.title;
-            }
+            for (const Rect& other : taken)
+                EXPECT_FALSE(Overlap(rect, other));
             taken.push_back(rect);
         }
     }
+    EXPECT_EQ(dialogs, 28);
 }
 
-TEST(OwnDialogs, SendRawCommandStartsAsItsProcedureExpects) {
-    const DialogTemplate dialog = OwnDialog(IDD_RAW_COMMAND);
-    for (const int id : {IDC_RAW_COMMAND_LIST, IDC_RAW_AUDIO_PARAM_LIST}) {
-        const DialogControl* list = ControlOf(dialog, id);
-        ASSERT_NE(list, nullptr);
-        EXPECT_EQ(list->style & CBS_DROPDOWNLIST, static_cast<std::uint32_t>(CBS_DROPDOWNLIST));
-        EXPECT_EQ(list->style & CBS_SORT, 0u) << "rows keep the order they are added in";
-        EXPECT_EQ((list->style & WS_DISABLED) != 0, id == IDC_RAW_AUDIO_PARAM_LIST);
+TEST(OwnDialogs, ResponsesToARawCommandAreForReadingAlone) {
+    const auto dialog = ParseDialog(FindResource(kResourceDialog, std::uint16_t{IDD_RAW_COMMAND}));
+    ASSERT_TRUE(dialog);
+    for (const DialogControl& control : dialog->controls) {
+        const bool isReadOnly = control.className == "Edit" && (control.style & ES_READONLY) != 0;
+        const bool isResponse =
+            control.id >= IDC_RAW_RESPONSE_1 && control.id <= IDC_RAW_RESPONSE_3;
+        EXPECT_EQ(isReadOnly, isResponse) << control.id;
     }
-    for (const int id : {IDC_RAW_COMMAND, IDC_RAW_PARAM_1, IDC_RAW_PARAM_2, IDC_RAW_PARAM_3,
-                         IDC_RAW_RESPONSE_1, IDC_RAW_RESPONSE_2, IDC_RAW_RESPONSE_3}) {
-        const DialogControl* edit = ControlOf(dialog, id);
-        ASSERT_NE(edit, nullptr) << id;
-        EXPECT_EQ(edit->className, "Edit");
-        EXPECT_EQ((edit->style & ES_READONLY) != 0, id >= IDC_RAW_RESPONSE_1) << id;
-    }
-    const DialogControl* send = ControlOf(dialog, IDC_RAW_SEND);
-    ASSERT_NE(send, nullptr);
-    EXPECT_EQ(send->style & BS_TYPEMASK, static_cast<std::uint32_t>(BS_DEFPUSHBUTTON));
-    ASSERT_NE(ControlOf(dialog, IDOK), nullptr);
-    EXPECT_EQ(ControlOf(dialog, IDOK)->title, "&Close");
 }
 
 TEST(OwnIcon, HasThreeSizesThatCanBeRead) {

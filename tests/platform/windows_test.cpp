@@ -2,59 +2,60 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <map>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "tests/platform/plain_window.h"
 
 namespace {
 
 // What windows of the class "Life" are told, each with the first letter of its title.
-std::vector<std::string>& Life() {
-    static std::vector<std::string> life;
-    return life;
-}
+std::string theLife;
 
 std::string TakeLife() {
-    std::string taken;
-    for (const std::string& each : std::exchange(Life(), {}))
-        taken += (taken.empty() ? "" : " ") + each;
-    return taken;
+    return std::exchange(theLife, {});
 }
 
 LRESULT CALLBACK LivingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    struct Name {
-        UINT message;
-        const char* name;
-    };
-    constexpr std::array kNames = {Name{WM_NCCREATE, "nccreate"},   Name{WM_CREATE, "create"},
-                                   Name{WM_SHOWWINDOW, "show"},     Name{WM_SIZE, "size"},
-                                   Name{WM_MOVE, "move"},           Name{WM_SETFOCUS, "setfocus"},
-                                   Name{WM_KILLFOCUS, "killfocus"}, Name{WM_DESTROY, "destroy"},
-                                   Name{WM_NCDESTROY, "ncdestroy"}, Name{WM_ENABLE, "enable"}};
-    for (const Name& name : kNames) {
+    static const std::map<UINT, std::string> kNames = {
+        {WM_NCCREATE, "nccreate"},  {WM_CREATE, "create"},       {WM_SHOWWINDOW, "show"},
+        {WM_SIZE, "size"},          {WM_MOVE, "move"},           {WM_SETFOCUS, "setfocus"},
+        {WM_ENABLE, "enable"},      {WM_KILLFOCUS, "killfocus"}, {WM_DESTROY, "destroy"},
+        {WM_NCDESTROY, "ncdestroy"}};
+    if (const auto name = kNames.find(message); name != kNames.end()) {
         std::array<char, 2> title{};
-        if (name.message != message)
-            continue;
         if (message == WM_NCCREATE)
             title[0] = *reinterpret_cast<const CREATESTRUCTA*>(lParam)->lpszName;
         else
             GetWindowTextA(window, title.data(), static_cast<int>(title.size()));
-        Life().push_back(std::string(title.data()) + ":" + name.name);
+        theLife += (theLife.empty() ? "" : " ") + std::string(title.data()) + ":" + name->second;
     }
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
-HWND MakeLiving(const char* title, DWORD style, HWND parent = nullptr) {
+ATOM Register(const char* className, WNDPROC procedure) {
     WNDCLASSA windowClass{};
-    windowClass.lpfnWndProc = LivingProcedure;
+    windowClass.lpfnWndProc = procedure;
     windowClass.hInstance = GetModuleHandleA(nullptr);
-    windowClass.lpszClassName = "Life";
-    RegisterClassA(&windowClass);
-    return CreateWindowExA(0, "Life", title, style, 20, 20, 160, 120, parent, nullptr,
-                           windowClass.hInstance, nullptr);
+    windowClass.lpszClassName = className;
+    return RegisterClassA(&windowClass);
 }
+
+HWND MakeLiving(const char* title, DWORD style, HWND parent = nullptr) {
+    Register("Life", LivingProcedure);
+    return CreateWindowExA(0, "Life", title, style, 20, 20, 160, 120, parent, nullptr,
+                           GetModuleHandleA(nullptr), nullptr);
+}
+
+// A window with two children, all of them shown.
+struct Family {
+    HWND parent = MakeLiving("P", WS_OVERLAPPEDWINDOW);
+    HWND first = MakeLiving("1", WS_CHILD | WS_VISIBLE, parent);
+    HWND second = MakeLiving("2", WS_CHILD | WS_VISIBLE, parent);
+
+    Family() { ShowWindow(parent, SW_SHOW); }
+};
 
 TEST(Windows, AreToldOfTheirMakingShowingAndEndInOrder) {
     kit::RunAsProgram([] {
@@ -77,10 +78,7 @@ TEST(Windows, AreToldOfTheirMakingShowingAndEndInOrder) {
 
 TEST(Windows, TheFocusLeavesOneBeforeTheOtherTakesIt) {
     kit::RunAsProgram([] {
-        const HWND parent = MakeLiving("P", WS_OVERLAPPEDWINDOW);
-        const HWND first = MakeLiving("1", WS_CHILD | WS_VISIBLE, parent);
-        const HWND second = MakeLiving("2", WS_CHILD | WS_VISIBLE, parent);
-        ShowWindow(parent, SW_SHOW);
+        const auto [parent, first, second] = Family();
         SetFocus(first);
         TakeLife();
         EXPECT_EQ(SetFocus(second), first);
@@ -101,10 +99,7 @@ TEST(Windows, TheFocusLeavesOneBeforeTheOtherTakesIt) {
 
 TEST(Windows, HidingOrDestroyingTheFocusedOneGivesTheFocusToItsParent) {
     kit::RunAsProgram([] {
-        const HWND parent = MakeLiving("P", WS_OVERLAPPEDWINDOW);
-        const HWND first = MakeLiving("1", WS_CHILD | WS_VISIBLE, parent);
-        const HWND second = MakeLiving("2", WS_CHILD | WS_VISIBLE, parent);
-        ShowWindow(parent, SW_SHOW);
+        const auto [parent, first, second] = Family();
         SetFocus(first);
         ShowWindow(first, SW_HIDE);
         EXPECT_EQ(GetFocus(), parent);
@@ -165,23 +160,12 @@ TEST(Windows, TopmostIsAStyleThatPlacingSetsAndClears) {
     });
 }
 
-LRESULT CALLBACK LimitingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message != WM_GETMINMAXINFO)
-        return DefWindowProcA(window, message, wParam, lParam);
-    reinterpret_cast<MINMAXINFO*>(lParam)->ptMaxTrackSize = {300, 120};
-    return 0;
-}
-
 TEST(Windows, OwnedOnesGoWithTheirOwner) {
     kit::RunAsProgram([] {
-        const HWND owner = kit::MakePlainWindow();
-        const HWND other = kit::MakePlainWindow();
-        const auto ownedBy = [](HWND window) {
-            return CreateWindowExA(0, "Telling", "", WS_POPUP, 0, 0, 10, 10, window, nullptr,
-                                   GetModuleHandleA(nullptr), nullptr);
-        };
-        const HWND owned = ownedBy(owner);
-        const HWND ownedByOwned = ownedBy(owned);
+        const HWND owner = MakeLiving("O", WS_OVERLAPPEDWINDOW);
+        const HWND other = MakeLiving("W", WS_OVERLAPPEDWINDOW);
+        const HWND owned = MakeLiving("1", WS_POPUP, owner);
+        const HWND ownedByOwned = MakeLiving("2", WS_POPUP, owned);
         EXPECT_EQ(GetWindow(owned, GW_OWNER), owner);
         DestroyWindow(owner);
         EXPECT_FALSE(IsWindow(owned) || IsWindow(ownedByOwned));
@@ -189,25 +173,28 @@ TEST(Windows, OwnedOnesGoWithTheirOwner) {
     });
 }
 
+LRESULT CALLBACK LimitingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_GETMINMAXINFO)
+        return DefWindowProcA(window, message, wParam, lParam);
+    reinterpret_cast<MINMAXINFO*>(lParam)->ptMaxTrackSize = {300, 120};
+    return 0;
+}
+
 TEST(Windows, TheProgramsLimitBoundsTheSize) {
     kit::RunAsProgram([] {
-        WNDCLASSA windowClass{};
-        windowClass.lpfnWndProc = LimitingProcedure;
-        windowClass.hInstance = GetModuleHandleA(nullptr);
-        windowClass.lpszClassName = "Limited";
-        ASSERT_NE(RegisterClassA(&windowClass), 0);
-        EXPECT_EQ(RegisterClassA(&windowClass), 0) << "a class is registered once";
+        ASSERT_NE(Register("Limited", LimitingProcedure), 0);
+        EXPECT_EQ(Register("Limited", LimitingProcedure), 0) << "a class is registered once";
         const HWND window =
             CreateWindowExA(0, "Limited", "", WS_OVERLAPPEDWINDOW, 0, 0, CW_USEDEFAULT, 0, nullptr,
-                            nullptr, windowClass.hInstance, nullptr);
-        SetWindowPos(window, nullptr, 0, 0, 2000, 2000, SWP_NOMOVE | SWP_NOZORDER);
-        RECT rect;
-        GetWindowRect(window, &rect);
-        EXPECT_EQ(rect.right - rect.left, 300);
-        EXPECT_EQ(rect.bottom - rect.top, 120);
-        SetWindowPos(window, nullptr, 0, 0, 150, 80, SWP_NOMOVE | SWP_NOZORDER);
-        GetWindowRect(window, &rect);
-        EXPECT_EQ(rect.right - rect.left, 150) << "smaller is free";
+                            nullptr, GetModuleHandleA(nullptr), nullptr);
+        const auto resize = [window](int width, int height) {
+            SetWindowPos(window, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
+            RECT rect;
+            GetWindowRect(window, &rect);
+            return std::pair(rect.right - rect.left, rect.bottom - rect.top);
+        };
+        EXPECT_EQ(resize(2000, 2000), (std::pair<LONG, LONG>(300, 120)));
+        EXPECT_EQ(resize(150, 80).first, 150) << "smaller is free";
     });
 }
 

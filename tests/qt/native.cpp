@@ -73,11 +73,8 @@ void ClickWidget(QWidget& widget, QPoint where, Qt::MouseButton button) {
                       widget.mapTo(widget.window(), where));
 }
 
-void Click(HWND window, Qt::MouseButton button) {
-    Do([=] {
-        QWidget* widget = WidgetOf(window);
-        ClickWidget(*widget, widget->rect().center(), button);
-    });
+void Click(HWND window) {
+    Do([=] { ClickWidget(*WidgetOf(window), WidgetOf(window)->rect().center()); });
 }
 
 void ClickAt(HWND window, QPoint where) {

@@ -25,8 +25,8 @@ void DoLast(const std::function<void()>& events);
 void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void Type(const char* text);
 
-// Engineer's thread: mouse buttons in the middle of a window or at a place in it.
-void Click(HWND window, Qt::MouseButton button = Qt::LeftButton);
+// Engineer's thread: a click in the middle of a window or at a place in it.
+void Click(HWND window);
 void ClickAt(HWND window, QPoint where);
 
 // User-interface thread, inside Do: a click on any native widget.
