@@ -99,14 +99,6 @@ void PowerOn() {
     Locked([](Simulation& simulation) { simulation.state.PowerOn(); });
 }
 
-Firmware GetFirmware() {
-    return Locked([](Simulation& simulation) { return simulation.state.firmware; });
-}
-
-void SetFirmware(const Firmware& firmware) {
-    Locked([&](Simulation& simulation) { simulation.state.firmware = firmware; });
-}
-
 void FailAlways(const std::string& name, ResultCode code) {
     Locked([&](Simulation& simulation) { simulation.faults[name] = {code, false}; });
 }

@@ -64,10 +64,6 @@ void SetPciAccess(uint8_t access);
 // The whole board as at power-on. The libraries stay open and keep the values they have given.
 void PowerOn();
 
-// What the firmware keeps: registers, variables, streams; as a copy and back.
-Firmware GetFirmware();
-void SetFirmware(const Firmware& firmware);
-
 // Makes an operation ("vdapi_AUXDEV_Activate"), a debug command ("TALVERO_DBG_...") or a firmware
 // command ("PELLAN_COMMAND_...") answer the code instead of doing its work: always, or the next
 // time only. It replaces what was asked for under the same name, here or in "board.ini".

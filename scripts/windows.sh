@@ -42,31 +42,45 @@ build_windows() {
     done
 }
 
+# Waits until a file has something in it, for so many seconds at most.
+wait_for_content() {
+    local file=$1 tenths=$(($2 * 10))
+    until [ -s "$file" ]; do
+        ((tenths-- > 0)) || return 1
+        sleep 0.1
+    done
+}
+
 # A new Windows on a display of its own. Both are gone when the script ends.
 start_wine() {
     wine_folder=$(mktemp -d)
+    export WINEPREFIX=$wine_folder/prefix
+    unset WINEARCH
     trap stop_wine EXIT
     say "starting Wine"
     Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp \
         3>"$wine_folder/display" 2>"$wine_folder/xvfb.log" &
     wine_display=$!
-    local waited
-    for ((waited = 0; waited < 100; ++waited)); do
-        [ -s "$wine_folder/display" ] && break
-        sleep 0.1
-    done
-    [ -s "$wine_folder/display" ] || { cat "$wine_folder/xvfb.log"; return 1; }
+    if ! wait_for_content "$wine_folder/display" 10; then
+        say "Xvfb gives no display"
+        cat "$wine_folder/xvfb.log"
+        return 1
+    fi
     DISPLAY=:$(cat "$wine_folder/display")
-    export DISPLAY WINEPREFIX=$wine_folder/prefix
-    unset WINEARCH
+    export DISPLAY
     local wine=$top/scripts/wine
     timeout 300 "$wine" wineboot --init || { say "Wine does not start"; return 1; }
     # Windows lie on a desktop that Wine draws, frames and all, and that stays between programs:
-    # the first window of each would otherwise have to wait for a new one.
+    # the first window of each would otherwise have to wait for a new one. The command behind it
+    # runs once the desktop is there.
     local desktop='HKCU\Software\Wine\Explorer'
     "$wine" reg add "$desktop" /v Desktop /d vxdtest /f >/dev/null
     "$wine" reg add "$desktop\\Desktops" /v vxdtest /d 1280x1024 /f >/dev/null
-    "$wine" explorer /desktop=vxdtest,1280x1024 >/dev/null 2>&1 &
+    "$wine" explorer /desktop=vxdtest,1280x1024 cmd /c 'echo there>C:\desktop' >/dev/null 2>&1 &
+    if ! wait_for_content "$WINEPREFIX/drive_c/desktop" 60; then
+        say "Wine's desktop is not there after 60 seconds"
+        return 1
+    fi
 }
 
 stop_wine() {

@@ -153,6 +153,20 @@ TEST(Window, HasItsTitleAndTheSystemsSizeInTheCorner) {
     });
 }
 
+TEST(Window, TakesThePlaceThatIsSuggestedOnAnotherMonitor) {
+    const kit::Utility utility;
+    kit::RunStep([&utility] {
+        constexpr RECT kSuggested{40, 30, 540, 180};
+        SendMessageA(utility.Window(), WM_DPICHANGED, MAKEWPARAM(144, 144),
+                     reinterpret_cast<LPARAM>(&kSuggested));
+        const RECT place = PlaceOf(utility.Window());
+        EXPECT_EQ(place.left, kSuggested.left);
+        EXPECT_EQ(place.top, kSuggested.top);
+        EXPECT_EQ(place.right, kSuggested.right);
+        EXPECT_EQ(place.bottom, kSuggested.bottom);
+    });
+}
+
 TEST(Window, ShowsTheNewerBoardsMenuAndGrowsNoLargerThanItsLimit) {
     const kit::Utility utility;
     EXPECT_EQ(utility.MenuBar(),
