@@ -18,7 +18,7 @@
 namespace {
 
 struct Family {
-    const char* library;
+    const char* dll;
     const char* prefix;
     const char* operations;  // how their names go on
 };
@@ -63,8 +63,8 @@ constexpr auto kFamilies = std::to_array<Family>({
 TEST(Libraries, ExportEveryOperationUnderItsPlainName) {
     int exported = 0;
     for (const Family& family : kFamilies) {
-        const HMODULE module = LoadLibraryA(family.library);
-        ASSERT_TRUE(module) << family.library;
+        const HMODULE module = LoadLibraryA(family.dll);
+        ASSERT_TRUE(module) << family.dll;
         std::istringstream operations(family.operations);
         for (std::string operation; operations >> operation; ++exported) {
             operation = family.prefix + operation;
