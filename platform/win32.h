@@ -179,7 +179,6 @@ typedef struct tagMINMAXINFO {
 #define WM_GETMINMAXINFO 0x0024
 #define WM_NEXTDLGCTL 0x0028
 #define WM_SETFONT 0x0030
-#define WM_GETFONT 0x0031
 #define WM_CONTEXTMENU 0x007B
 #define WM_NCCREATE 0x0081
 #define WM_NCDESTROY 0x0082
@@ -243,7 +242,6 @@ typedef struct tagMINMAXINFO {
 #define GW_CHILD 5
 #define GW_HWNDNEXT 2
 #define GW_OWNER 4
-#define GWLP_USERDATA (-21)
 #define GWL_STYLE (-16)
 #define GWL_EXSTYLE (-20)
 #define GWLP_ID (-12)
@@ -313,7 +311,6 @@ typedef struct tagMINMAXINFO {
 #define BS_TYPEMASK 0x000F
 #define BM_GETCHECK 0x00F0
 #define BM_SETCHECK 0x00F1
-#define BM_GETSTATE 0x00F2
 #define BM_SETSTYLE 0x00F4
 #define BM_CLICK 0x00F5
 #define BST_UNCHECKED 0
@@ -331,10 +328,8 @@ typedef struct tagMINMAXINFO {
 #define ES_NUMBER 0x2000
 #define EM_GETSEL 0x00B0
 #define EM_SETSEL 0x00B1
-#define EM_REPLACESEL 0x00C2
 #define EM_LIMITTEXT 0x00C5
 #define EM_SETREADONLY 0x00CF
-#define EM_GETLIMITTEXT 0x00D5
 #define EN_SETFOCUS 0x0100
 #define EN_KILLFOCUS 0x0200
 #define EN_CHANGE 0x0300
@@ -370,7 +365,6 @@ typedef struct tagMINMAXINFO {
 #define CBS_DROPDOWN 0x0002
 #define CBS_DROPDOWNLIST 0x0003
 #define CBS_AUTOHSCROLL 0x0040
-#define CBS_SORT 0x0100
 #define CB_GETEDITSEL 0x0140
 #define CB_LIMITTEXT 0x0141
 #define CB_ADDSTRING 0x0143

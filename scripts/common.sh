@@ -1,4 +1,4 @@
-# What ./run, ./test and .ci/run have in common. Sourced with the project's folder as $top.
+# What the project's scripts have in common. Sourced with the project's folder as $top.
 set -euo pipefail
 
 # Debian's names of what the project is built from.
@@ -31,7 +31,7 @@ need_packages() {
             return 0
         fi
         say "attempt $attempt to install failed"
-        sleep $((attempt * 5))
+        ((attempt == 3)) || sleep $((attempt * 5))
     done
     return 1
 }

@@ -695,8 +695,6 @@ namespace {
 
 // Where a window keeps the value of an index; null for an index it has not.
 LONG_PTR* ValueAt(Window& window, int index) {
-    if (index == GWLP_USERDATA)
-        return &window.userData;
     constexpr int kSlot = static_cast<int>(sizeof(LONG_PTR));
     if (window.dialog != nullptr && index >= 0 && index % kSlot == 0 &&
         index / kSlot < static_cast<int>(window.dialogData.size()))
@@ -808,11 +806,6 @@ LRESULT WINAPI DefWindowProcA(HWND handle, UINT message, WPARAM wParam, LPARAM l
                                  static_cast<int>(wParam));
         case WM_GETTEXTLENGTH:
             return static_cast<LRESULT>(window->text.size());
-        case WM_SETFONT:
-            window->font = wParam;
-            return 0;
-        case WM_GETFONT:
-            return static_cast<LRESULT>(window->font);
         case WM_CLOSE:
             DestroyWindow(handle);
             return 0;

@@ -77,10 +77,8 @@ struct Window {
     HMENU menu = nullptr;
     int menuHeight = 0;
     HICON icon = nullptr;
-    LONG_PTR userData = 0;
     std::array<LONG_PTR, 3> dialogData{};  // DWLP_MSGRESULT, DWLP_DLGPROC, DWLP_USER
-    WPARAM font = 0;
-    std::optional<Rect> update;  // what of the client area waits to be painted
+    std::optional<Rect> update;            // what of the client area waits to be painted
     bool eraseUpdate = false;
     Pixels pixels;
     HWND lastFocus = nullptr;  // of a top-level window: who had the focus when it was active

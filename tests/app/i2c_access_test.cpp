@@ -146,6 +146,10 @@ TEST_F(VpicI2cAccess, FailuresAreReportedOnceAndAFailedReadShowsZero) {
     kit::MeetBox(kTitle, kReadFailed);
     EXPECT_EQ(dialog_.Text(IDC_VPIC_I2C_VALUE), "0");
     EXPECT_TRUE(IsInFront());
+    board::SucceedAgain();
+    dialog_.Key(VK_ESCAPE);
+    kit::ExpectNoBox();
+    Open();
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "app/services/application.h"
 #include "res/resource.h"
 #include "tests/app/dialog_test.h"
+#include "tests/kit/person.h"
 
 namespace {
 
@@ -225,12 +226,10 @@ TEST_F(OneBrowser, ADoubleClickShowsTheRowAnew) {
     Use("VpicPorts");
     dialog_.Pick(browser_->list, 4);
     board::ForgetCalls();
-    kit::OnUserInterface([this] {
-        const HWND list = GetDlgItem(dialog_.Handle(), browser_->list);
-        SendMessageA(dialog_.Handle(), WM_COMMAND, MAKEWPARAM(browser_->list, LBN_DBLCLK),
-                     reinterpret_cast<LPARAM>(list));
-    });
-    EXPECT_EQ(ReceivedCalls(), Texts{"vdapi_VPIC_ReadPort(4, address)"});
+    kit::DoubleClickRow(dialog_.Control(browser_->list), 4);
+    EXPECT_EQ(ReceivedCalls(),
+              (Texts{"vdapi_VPIC_ReadPort(4, address)", "vdapi_VPIC_ReadPort(4, address)"}))
+        << "the first click and both";
 }
 
 TEST_F(OneBrowser, TheEchoCancellersRowsAreFoundByTypingAndShownByTheirWidthAndAddress) {

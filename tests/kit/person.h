@@ -14,7 +14,7 @@ namespace kit {
 void ClickButton(HWND button);
 void ClickRow(HWND listBox, int row);
 void DoubleClickRow(HWND listBox, int row);
-// Puts a text in place of an edit's selection.
+// Puts a text in place of the selection of an edit, or of a combo box's edit; it has the focus.
 void Paste(HWND edit, const std::string& text);
 // The arrow at the end of a horizontal scroll bar, or at its beginning.
 void ClickArrow(HWND scrollBar, bool atEnd);

@@ -148,7 +148,7 @@ void BeginStep(std::function<void()> step) {
     RunStep([] {});  // the program runs
     PostMessageA(TheDesk().stepWindow, kBeginMessage, 0,
                  reinterpret_cast<LPARAM>(new std::function<void()>(std::move(step))));
-    RunStep([] {});
+    TryStep([] {});
 }
 
 }  // namespace kit

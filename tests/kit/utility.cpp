@@ -86,7 +86,7 @@ void Utility::Choose(UINT command) const {
 
 void Utility::Command(UINT command) const {
     PostMessageA(Window(), WM_COMMAND, command, 0);
-    RunStep([] {});
+    TryStep([] {});  // it may end the program
 }
 
 bool Utility::IsChecked(UINT command) const {

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/core/window.h"
@@ -127,6 +128,28 @@ TEST(Input, AHiddenRadioButtonCanBeClicked) {
         EXPECT_EQ(SendMessageA(shown, BM_GETCHECK, 0, 0), BST_UNCHECKED);
         return 0;
     }).get();
+}
+
+TEST(Input, ComesBehindWhatIsPostedAndBeforePainting) {
+    RunOnUserInterface([] {
+        const HWND window = MakeWindow();
+        const HWND button = MakeControl(window, "Button", BS_PUSHBUTTON);
+        Drain();
+        InvalidateRect(window, nullptr, TRUE);
+        vxd::input::Clicked(vxd::HandleNumber(button));
+        PostMessageA(window, WM_APP, 0, 0);
+        Told().clear();
+        std::string order;
+        MSG message;
+        while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+            order += std::exchange(Told(), {});
+            order += message.message == WM_APP     ? "posted "
+                     : message.message == WM_PAINT ? "paint "
+                                                   : "";
+            DispatchMessageA(&message);
+        }
+        EXPECT_EQ(order, "posted 7:0 paint ");
+    });
 }
 
 TEST(Input, WaitsForACallerThatTakesIt) {

@@ -15,6 +15,15 @@ namespace {
 using kit::Code;
 using kit::OnUserInterface;
 
+// What a combo box tells of a change in its edit, and of a lack of memory.
+std::string Edited() {
+    return Code(IDC_COMBO, CBN_EDITUPDATE) + " " + Code(IDC_COMBO, CBN_EDITCHANGE);
+}
+std::string NoSpace() {
+    constexpr WORD kErrorSpace = 0xFFFF;
+    return Code(IDC_COMBO, kErrorSpace);
+}
+
 class Lists : public testing::Test {
   protected:
     LRESULT Send(int id, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
@@ -53,16 +62,25 @@ TEST_F(Lists, SelectingByMessageNotifiesNobodyAndABadRowIsAnError) {
 }
 
 TEST_F(Lists, DeletingTheSelectedRowLeavesNoSelectionAndDataGoesWithItsRow) {
-    Fill(IDC_DROP_LIST, CB_ADDSTRING);
-    for (WPARAM row = 0; row < 4; ++row)
-        Send(IDC_DROP_LIST, CB_SETITEMDATA, row, static_cast<LPARAM>(row * 10));
-    Send(IDC_DROP_LIST, CB_SETCURSEL, 1);
-    EXPECT_EQ(Send(IDC_DROP_LIST, CB_DELETESTRING, 1), 3);
-    EXPECT_EQ(Send(IDC_DROP_LIST, CB_GETCURSEL), CB_ERR);
-    EXPECT_EQ(Send(IDC_DROP_LIST, CB_GETITEMDATA, 1), 20);
-    EXPECT_EQ(SendText(IDC_DROP_LIST, CB_INSERTSTRING, 0, "first"), 0);
-    EXPECT_EQ(Send(IDC_DROP_LIST, CB_GETITEMDATA, 0), 0);
-    EXPECT_EQ(Send(IDC_DROP_LIST, CB_GETITEMDATA, 2), 20);
+    struct Case {
+        int id;
+        UINT add, insert, remove, setData, getData, select, selected;
+    };
+    for (const Case& list : {Case{IDC_LIST, LB_ADDSTRING, LB_INSERTSTRING, LB_DELETESTRING,
+                                  LB_SETITEMDATA, LB_GETITEMDATA, LB_SETCURSEL, LB_GETCURSEL},
+                             Case{IDC_DROP_LIST, CB_ADDSTRING, CB_INSERTSTRING, CB_DELETESTRING,
+                                  CB_SETITEMDATA, CB_GETITEMDATA, CB_SETCURSEL, CB_GETCURSEL}}) {
+        Fill(list.id, list.add);
+        for (WPARAM row = 0; row < 4; ++row)
+            Send(list.id, list.setData, row, static_cast<LPARAM>(row * 10));
+        Send(list.id, list.select, 1);
+        EXPECT_EQ(Send(list.id, list.remove, 1), 3) << list.id;
+        EXPECT_EQ(Send(list.id, list.selected), LB_ERR) << list.id;
+        EXPECT_EQ(Send(list.id, list.getData, 1), 20) << list.id;
+        EXPECT_EQ(SendText(list.id, list.insert, 0, "first"), 0) << list.id;
+        EXPECT_EQ(Send(list.id, list.getData, 0), 0) << list.id;
+        EXPECT_EQ(Send(list.id, list.getData, 2), 20) << list.id;
+    }
 }
 
 TEST_F(Lists, FindingStartsBehindTheGivenRowWrapsAndIgnoresCase) {
@@ -201,15 +219,26 @@ TEST_F(Lists, TypingIntoAComboBoxIsToldAndObeysItsLimit) {
         OnUserInterface(
             [&] { SendMessageA(GetFocus(), WM_CHAR, static_cast<WPARAM>(character), 0); });
     EXPECT_EQ(dialog_.Shown().Text(IDC_COMBO), "abc");
-    const std::string typed =
-        Code(IDC_COMBO, CBN_EDITUPDATE) + " " + Code(IDC_COMBO, CBN_EDITCHANGE);
-    const std::string threeTimes = typed + " " + typed + " " + typed;
-    constexpr WORD kNoSpace = 0xFFFF;
+    const std::string threeTimes = Edited() + " " + Edited() + " " + Edited();
     EXPECT_EQ(dialog_.TakeNotifications(),
-              kit::ExceptOn(
-                  WindowSystem::kWine, threeTimes + " " + Code(IDC_COMBO, kNoSpace) + " " + typed,
-                  "takes a text that does not fit for a lack of memory and a change", threeTimes));
+              kit::ExceptOn(WindowSystem::kWine, threeTimes + " " + NoSpace() + " " + Edited(),
+                            "takes a text that does not fit for a lack of memory and a change",
+                            threeTimes));
     EXPECT_EQ(Send(IDC_COMBO, CB_GETCURSEL), CB_ERR);
+}
+
+TEST_F(Lists, WhatIsPastedIntoAComboBoxObeysItsLimit) {
+    Send(IDC_COMBO, CB_LIMITTEXT, 3);
+    Focus(IDC_COMBO);
+    kit::Paste(dialog_.Shown().Control(IDC_COMBO), "abcd");
+    EXPECT_EQ(dialog_.Shown().Text(IDC_COMBO), "abc");
+    dialog_.TakeNotifications();
+    kit::Paste(dialog_.Shown().Control(IDC_COMBO), "x");
+    EXPECT_EQ(dialog_.Shown().Text(IDC_COMBO), "abc");
+    EXPECT_EQ(dialog_.TakeNotifications(),
+              kit::ExceptOn(WindowSystem::kWine, NoSpace() + " " + Edited(),
+                            "takes a text that does not fit for a lack of memory and a change",
+                            std::string()));
 }
 
 TEST_F(Lists, TypingIntoAComboBoxLeavesNoRowSelected) {
@@ -227,8 +256,10 @@ TEST_F(Lists, AComboBoxsEditTakesAnyTextAndShowsTheRowThatIsSelected) {
     OnUserInterface([&] { SetDlgItemTextA(dialog_.Shown().Handle(), IDC_COMBO, "own words"); });
     EXPECT_EQ(dialog_.TakeNotifications(), "");
     EXPECT_EQ(dialog_.Shown().Text(IDC_COMBO), "own words");
+    Focus(IDC_COMBO);
     Send(IDC_COMBO, CB_SETCURSEL, 1);
     EXPECT_EQ(dialog_.Shown().Text(IDC_COMBO), "Banana");
+    EXPECT_EQ(Send(IDC_COMBO, CB_GETEDITSEL), MAKELONG(0, 6)) << "ready to be typed over";
     Send(IDC_COMBO, CB_SETCURSEL, static_cast<WPARAM>(-1));
     EXPECT_EQ(dialog_.Shown().Text(IDC_COMBO), "");
     EXPECT_EQ(SendText(IDC_DROP_LIST, WM_SETTEXT, 0, "no edit"), CB_ERR);

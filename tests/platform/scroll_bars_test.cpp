@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <future>
 #include <string>
+#include <utility>
 
 #include "tests/kit/dialog.h"
 #include "tests/kit/person.h"
@@ -90,6 +92,9 @@ TEST_F(ScrollBars, TellOfEachActionAndItsEndAndStayWhereTheyAre) {
     EXPECT_EQ(After([this] { kit::ClickArrow(Bar(IDC_ACROSS), true); }), "h501:1 h501:8 ");
     EXPECT_EQ(After([this] { kit::ClickArrow(Bar(IDC_ACROSS), false); }), "h501:0 h501:8 ");
     EXPECT_EQ(Position(IDC_ACROSS), kStart);
+    OnUserInterface([this] { SetFocus(Bar(IDC_DOWN)); });
+    kit::ClickArrow(Bar(IDC_ACROSS), true);
+    EXPECT_EQ(dialog_.FocusedId(), IDC_ACROSS);
 }
 
 TEST_F(ScrollBars, TellThePositionOfTheThumbWhileItIsHeldAndWhenItIsLetGo) {

@@ -4,7 +4,9 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
+#include <QGuiApplication>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
@@ -17,6 +19,7 @@
 #include <algorithm>
 #include <chrono>
 #include <functional>
+#include <future>
 #include <memory>
 #include <string>
 #include <thread>
@@ -152,6 +155,23 @@ TEST_F(FormTest, TextSetByTheProgramIsShownAndTheSelectionCountsBytes) {
     native::Press(Qt::Key_Right, Qt::ShiftModifier);
     native::Press(Qt::Key_Right, Qt::ShiftModifier);
     EXPECT_EQ(Send(IDC_NAME, EM_GETSEL), MAKELONG(1, 4));
+}
+
+TEST_F(FormTest, WhatIsPastedIsCutAtTheLimit) {
+    for (const int id : {IDC_NAME, IDC_WORD}) {
+        SetText(id, "abcdef");
+        Send(id, id == IDC_NAME ? EM_LIMITTEXT : CB_LIMITTEXT, 6);
+        Focus(id);
+        Send(id, EM_SETSEL, 1, 3);
+        TakeCodes(id);
+        native::Do([] {
+            QGuiApplication::clipboard()->setText("UVWXYZ");
+            native::PressKey(Qt::Key_V, Qt::ControlModifier);
+        });
+        EXPECT_EQ(form_.Text(id), "aUVdef");
+        EXPECT_EQ(TakeCodes(id), id == IDC_NAME ? (Codes{EN_MAXTEXT, EN_UPDATE, EN_CHANGE})
+                                                : (Codes{CBN_EDITUPDATE, CBN_EDITCHANGE}));
+    }
 }
 
 TEST_F(FormTest, TypingPastTheLimitIsTakenBackAndLeavesTheCaretWhereItWas) {

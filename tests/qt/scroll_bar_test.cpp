@@ -6,6 +6,7 @@
 #include <QStyleOptionSlider>
 #include <QTest>
 #include <QWindow>
+#include <future>
 #include <string>
 #include <utility>
 

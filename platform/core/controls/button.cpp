@@ -40,8 +40,6 @@ class Button : public BasicControl {
             case BM_SETCHECK:
                 SetCheck(static_cast<int>(wParam));
                 return 0;
-            case BM_GETSTATE:
-                return check_;
             case BM_SETSTYLE:
                 window_.style = (window_.style & ~static_cast<DWORD>(BS_TYPEMASK)) |
                                 (LOWORD(wParam) & BS_TYPEMASK);

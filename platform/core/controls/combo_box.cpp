@@ -8,7 +8,7 @@ namespace {
 
 class ComboBox : public BasicControl {
   public:
-    explicit ComboBox(Window& window) : BasicControl(window), rows_(window, Has(CBS_SORT)) {
+    explicit ComboBox(Window& window) : BasicControl(window), rows_(window, false) {
         edit_.Set(window.text);
     }
 
@@ -106,9 +106,11 @@ class ComboBox : public BasicControl {
     void OnEdited(const std::string& text, int start, int end) override {
         if (!HasEdit() || text == edit_.Text())
             return;
+        const std::string before = edit_.Text();
         if (!edit_.Follow(text, start, end))
             ShowEdit();
-        TellEdited();
+        if (edit_.Text() != before)
+            TellEdited();
     }
 
     void OnSelectionMoved(int start, int end) override { edit_.Select(start, end); }
@@ -141,6 +143,13 @@ class ComboBox : public BasicControl {
         CurrentScreen().SetText(window_.Widget(), edit_.Text());
     }
 
+    // A row's text stands ready to be typed over; no row leaves the edit empty.
+    void ShowRow(int row) {
+        ShowText(rows_.HasRow(row) ? rows_.Text(row) : std::string());
+        if (HasEdit() && IsFocused())
+            SelectText(0, -1);
+    }
+
     LRESULT SetText(LPCSTR text) {
         if (!HasEdit())
             return CB_ERR;
@@ -155,7 +164,7 @@ class ComboBox : public BasicControl {
 
     LRESULT Select(LRESULT row) {
         const LRESULT selected = rows_.Select(row);
-        ShowText(selected >= 0 ? rows_.Text(static_cast<int>(selected)) : std::string());
+        ShowRow(static_cast<int>(selected));
         return selected;
     }
 
@@ -168,7 +177,7 @@ class ComboBox : public BasicControl {
         if (!CloseList() || !Tell(CBN_SELENDOK) || !Tell(CBN_SELCHANGE))
             return false;
         if (rows_.Selected() == row)
-            ShowText(rows_.Text(row));
+            ShowRow(row);
         return true;
     }
 

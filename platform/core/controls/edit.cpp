@@ -50,8 +50,6 @@ class Edit : public BasicControl {
             case EM_LIMITTEXT:
                 text_.SetLimit(static_cast<int>(wParam));
                 return 0;
-            case EM_GETLIMITTEXT:
-                return text_.Limit();
             case EM_SETSEL:
                 text_.Select(static_cast<int>(wParam), static_cast<int>(lParam));
                 ShowSelection();
@@ -59,9 +57,6 @@ class Edit : public BasicControl {
             case EM_GETSEL:
                 return GetSelection(reinterpret_cast<DWORD*>(wParam),
                                     reinterpret_cast<DWORD*>(lParam));
-            case EM_REPLACESEL:
-                Insert(reinterpret_cast<LPCSTR>(lParam));
-                return 0;
             case EM_SETREADONLY:
                 SetReadOnly(wParam != 0);
                 return TRUE;

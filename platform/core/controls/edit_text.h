@@ -12,7 +12,6 @@ class EditText {
     const std::string& Text() const { return text_; }
     int Start() const { return start_; }
     int End() const { return end_; }
-    int Limit() const { return limit_; }
 
     void SetUpperCase(bool upperCase) { upperCase_ = upperCase; }
     // 0 stands for the greatest length there is.

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <functional>
 #include <future>
+#include <string_view>
 
 #include "platform/core/handle_table.h"
 #include "platform/core/queue.h"
@@ -56,7 +57,10 @@ void Paste(HWND edit, const std::string& text) {
         std::string all(static_cast<std::size_t>(GetWindowTextLengthA(edit)) + 1, '\0');
         all.resize(static_cast<std::size_t>(
             GetWindowTextA(edit, all.data(), static_cast<int>(all.size()))));
-        const LRESULT selection = SendMessageA(edit, EM_GETSEL, 0, 0);
+        char className[16];
+        GetClassNameA(edit, className, sizeof className);
+        const bool isCombo = std::string_view(className) == "ComboBox";
+        const LRESULT selection = SendMessageA(edit, isCombo ? CB_GETEDITSEL : EM_GETSEL, 0, 0);
         const std::size_t start = LOWORD(selection);
         all.replace(start, HIWORD(selection) - start, text);
         const int caret = static_cast<int>(start + text.size());
@@ -66,15 +70,17 @@ void Paste(HWND edit, const std::string& text) {
 
 void ClickArrow(HWND scrollBar, bool atEnd) {
     Report([=] {
-        vxd::input::Scrolled(vxd::HandleNumber(scrollBar), atEnd ? SB_LINERIGHT : SB_LINELEFT, 0);
-        vxd::input::Scrolled(vxd::HandleNumber(scrollBar), SB_ENDSCROLL, 0);
+        const WidgetId bar = Press(scrollBar);
+        vxd::input::Scrolled(bar, atEnd ? SB_LINERIGHT : SB_LINELEFT, 0);
+        vxd::input::Scrolled(bar, SB_ENDSCROLL, 0);
     });
 }
 
 void DragThumbToEnd(HWND scrollBar, int end) {
     Report([=] {
+        const WidgetId bar = Press(scrollBar);
         for (const UINT code : {SB_THUMBTRACK, SB_THUMBPOSITION, SB_ENDSCROLL})
-            vxd::input::Scrolled(vxd::HandleNumber(scrollBar), code, end);
+            vxd::input::Scrolled(bar, code, end);
     });
 }
 

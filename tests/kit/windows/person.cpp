@@ -5,6 +5,8 @@
 #include <chrono>
 #include <cstring>
 #include <thread>
+#include <utility>
+#include <vector>
 
 #include "tests/kit/user_interface.h"
 
@@ -23,9 +25,9 @@ void WaitForInput() {
     Settle();
 }
 
-// Moves the pointer to a point of a window and uses the left button there, in one input, so that
-// nothing else can move the pointer in between.
-void UseMouse(HWND window, POINT point, DWORD action) {
+// The pointer at a point of a window, and what the left button does there, in one input: nothing
+// else can move the pointer in between.
+INPUT MouseAt(HWND window, POINT point, DWORD action) {
     ClientToScreen(window, &point);
     // The desktop is 65536 units wide and high; the middle of a pixel stands for it.
     const auto units = [](LONG pixel, int metric) {
@@ -37,13 +39,24 @@ void UseMouse(HWND window, POINT point, DWORD action) {
     input.mi.dx = units(point.x, SM_CXSCREEN);
     input.mi.dy = units(point.y, SM_CYSCREEN);
     input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | action;
-    EXPECT_EQ(SendInput(1, &input, sizeof input), 1u);
+    return input;
+}
+
+void UseMouse(std::vector<INPUT> inputs) {
+    const auto count = static_cast<UINT>(inputs.size());
+    EXPECT_EQ(SendInput(count, inputs.data(), sizeof(INPUT)), count);
     WaitForInput();
 }
 
-void Click(HWND window, POINT point) {
-    UseMouse(window, point, MOUSEEVENTF_LEFTDOWN);
-    UseMouse(window, point, MOUSEEVENTF_LEFTUP);
+// All clicks in one go: neither is a button held nor a double click made of two single ones because
+// the machine is slow.
+void Click(HWND window, POINT point, int times = 1) {
+    std::vector<INPUT> inputs;
+    for (int click = 0; click < times; ++click) {
+        inputs.push_back(MouseAt(window, point, MOUSEEVENTF_LEFTDOWN));
+        inputs.push_back(MouseAt(window, point, MOUSEEVENTF_LEFTUP));
+    }
+    UseMouse(std::move(inputs));
 }
 
 POINT MiddleOfRow(HWND listBox, int row) {
@@ -73,8 +86,7 @@ void ClickRow(HWND listBox, int row) {
 }
 
 void DoubleClickRow(HWND listBox, int row) {
-    ClickRow(listBox, row);
-    ClickRow(listBox, row);
+    Click(listBox, MiddleOfRow(listBox, row), 2);
 }
 
 void Paste(HWND edit, const std::string& text) {
@@ -87,7 +99,8 @@ void Paste(HWND edit, const std::string& text) {
         SetClipboardData(CF_TEXT, memory);
         CloseClipboard();
     });
-    PostMessageA(edit, WM_PASTE, 0, 0);
+    // A combo box has an edit inside, which has the focus.
+    PostMessageA(OnUserInterface(GetFocus), WM_PASTE, 0, 0);
     Settle();
 }
 
@@ -103,9 +116,10 @@ void DragThumbToEnd(HWND scrollBar, int /*end*/) {
     OnUserInterface([&] { GetScrollBarInfo(scrollBar, OBJID_CLIENT, &info); });
     const SIZE size = SizeOf(scrollBar);
     const int thumb = (info.xyThumbTop + info.xyThumbBottom) / 2;
-    UseMouse(scrollBar, {thumb, size.cy / 2}, MOUSEEVENTF_LEFTDOWN);
-    UseMouse(scrollBar, {size.cx - 1, size.cy / 2}, MOUSEEVENTF_MOVE);
-    UseMouse(scrollBar, {size.cx - 1, size.cy / 2}, MOUSEEVENTF_LEFTUP);
+    const POINT end{size.cx - 1, size.cy / 2};
+    UseMouse({MouseAt(scrollBar, {thumb, size.cy / 2}, MOUSEEVENTF_LEFTDOWN)});
+    UseMouse({MouseAt(scrollBar, end, MOUSEEVENTF_MOVE)});
+    UseMouse({MouseAt(scrollBar, end, MOUSEEVENTF_LEFTUP)});
 }
 
 }  // namespace kit
