@@ -1,4 +1,6 @@
 #include <QScrollBar>
+#include <QStyleOption>
+#include <QStylePainter>
 #include <QWheelEvent>
 #include <algorithm>
 #include <utility>
@@ -34,6 +36,21 @@ class Bar : public QScrollBar {
     }
 
   protected:
+    // The thumb shows that the bar has the keyboard, which the style itself does not.
+    void paintEvent(QPaintEvent* event) override {
+        QScrollBar::paintEvent(event);
+        if (!hasFocus())
+            return;
+        constexpr int kInside = 2;
+        QStyleOptionSlider bar;
+        initStyleOption(&bar);
+        QStyleOptionFocusRect focus;
+        focus.initFrom(this);
+        focus.rect =
+            style()->subControlRect(QStyle::CC_ScrollBar, &bar, QStyle::SC_ScrollBarSlider, this);
+        focus.rect.adjust(kInside, kInside, -kInside, -kInside);
+        QStylePainter(this).drawPrimitive(QStyle::PE_FrameFocusRect, focus);
+    }
     void mouseReleaseEvent(QMouseEvent* event) override {
         QScrollBar::mouseReleaseEvent(event);
         if (std::exchange(scrolling_, false))

@@ -124,8 +124,13 @@ TEST_F(ScrollBarOnScreen, TellsOfItsThumbAndGoesBackWhereTheProgramLeavesIt) {
     EXPECT_EQ(TakeTold(), "4=31 8 at 16");
 }
 
-TEST_F(ScrollBarOnScreen, TellsOfKeysWhereItHasTheFocus) {
+TEST_F(ScrollBarOnScreen, TellsOfKeysWhereItHasTheFocusAndShowsThatItHas) {
+    const auto look = [this] {
+        return OnUserInterface([this] { return native::WidgetOf(bar_)->grab().toImage(); });
+    };
+    const QImage without = look();
     OnUserInterface([this] { SetFocus(bar_); });
+    EXPECT_NE(look(), without);
     native::Press(Qt::Key_Right);
     EXPECT_EQ(TakeTold(), "1 8 at 17");
     native::Press(Qt::Key_Home);
