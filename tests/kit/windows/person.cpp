@@ -25,7 +25,7 @@ void WaitForInput() {
     Settle();
 }
 
-LRESULT CALLBACK TakeSentInputAlone(int code, WPARAM message, LPARAM data) {
+LRESULT CALLBACK DropWhatWasNotSent(int code, WPARAM message, LPARAM data) {
     const auto& mouse = *reinterpret_cast<const MSLLHOOKSTRUCT*>(data);
     if (code == HC_ACTION && (mouse.flags & LLMHF_INJECTED) == 0)
         return 1;
@@ -33,11 +33,11 @@ LRESULT CALLBACK TakeSentInputAlone(int code, WPARAM message, LPARAM data) {
 }
 
 // From here on the mouse is the test's alone: a move of the real one could take the pointer away
-// while a button is down. Wine needs this even where nobody has a mouse. Its desktop tells late of
-// where the pointer was, and a place of before the click comes between press and release.
+// while a button is down. Under Wine that happens even where nobody has a mouse, because its
+// desktop reports late, at times between press and release, where the pointer was before the click.
 void TakeTheMouse() {
     static const HHOOK hook = OnUserInterface([] {
-        return SetWindowsHookExA(WH_MOUSE_LL, TakeSentInputAlone, GetModuleHandleA(nullptr), 0);
+        return SetWindowsHookExA(WH_MOUSE_LL, DropWhatWasNotSent, GetModuleHandleA(nullptr), 0);
     });
     ASSERT_NE(hook, nullptr);
 }
