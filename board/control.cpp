@@ -107,8 +107,15 @@ void FailOnce(const std::string& name, ResultCode code) {
     Locked([&](Simulation& simulation) { simulation.faults[name] = {code, true}; });
 }
 
+void StickBits(const std::string& name, uint32_t bits) {
+    Locked([&](Simulation& simulation) { simulation.stuckBits[name] = bits; });
+}
+
 void SucceedAgain() {
-    Locked([](Simulation& simulation) { simulation.faults.clear(); });
+    Locked([](Simulation& simulation) {
+        simulation.faults.clear();
+        simulation.stuckBits.clear();
+    });
 }
 
 std::vector<Call> Calls() {

@@ -70,7 +70,11 @@ void PowerOn();
 void FailAlways(const std::string& name, ResultCode code);
 void FailOnce(const std::string& name, ResultCode code);
 
-// Takes back everything asked for with FailAlways and FailOnce.
+// Makes bits read 1 in what such an operation or command gives, as a line does that is stuck;
+// beyond a register's width too, as far as the outputs are wide. It replaces what "board.ini" says.
+void StickBits(const std::string& name, uint32_t bits);
+
+// Takes back everything asked for with FailAlways, FailOnce and StickBits.
 void SucceedAgain();
 
 // The calls since the last ForgetCalls, oldest first; only the last 10,000 are kept.

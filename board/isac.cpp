@@ -89,7 +89,7 @@ ResultCode ReadIsacRegister(State& state, const IsacRegisterReadBlock& block) {
         const ResultCode code =
             output ? registers.Read(block.registerId, value) : VXD_INVALID_PARAMETER;
         if (code == VXD_SUCCESS) {
-            *output = static_cast<uint8_t>(value);
+            state.Give(*output, value);
         }
         return code;
     });

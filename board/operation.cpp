@@ -22,6 +22,12 @@ ResultCode TakeFault(Simulation& simulation, const std::string& name) {
     return fault.code;
 }
 
+// The bits that are wanted to read 1 in what an operation or a command of that name gives.
+uint32_t FindStuckBits(const Simulation& simulation, const std::string& name) {
+    const auto found = simulation.stuckBits.find(name);
+    return found == simulation.stuckBits.end() ? StuckBitsSetting(name) : found->second;
+}
+
 ResultCode Judge(Simulation& simulation, const Call& call, unsigned needs) {
     for (const std::string* name : {&call.operation, &call.command}) {
         const ResultCode fault = name->empty() ? VXD_SUCCESS : TakeFault(simulation, *name);
@@ -46,7 +52,10 @@ Simulation& TheSimulation() {
 
 Operation::Operation(Call call, unsigned needs)
     : lock_(TheSimulation().lock), call_(std::move(call)) {
-    result = Judge(TheSimulation(), call_, needs);
+    Simulation& simulation = TheSimulation();
+    result = Judge(simulation, call_, needs);
+    simulation.state.stuckBits =
+        FindStuckBits(simulation, call_.operation) | FindStuckBits(simulation, call_.command);
 }
 
 Operation::~Operation() {

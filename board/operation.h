@@ -6,7 +6,8 @@
 //   2. answers the code that a test or the settings file wants for the operation or its command;
 //   3. answers VXD_CONFIGURATION_NOT_SET where the operation's library is not open, then
 //      VXD_HARDWARE_FAILURE where it needs a board and none is there;
-//   4. lets the operation do its work, unless one of these answered;
+//   4. lets the operation do its work, unless one of these answered; the bits that are wanted to be
+//      stuck read 1 in what it gives;
 //   5. remembers the call, with its result, for the control interface;
 //   6. wakes the board's own thread where there is something for it to do;
 //   7. gives the lock back and delivers what is in the outbox: messages to windows, lines of debug

@@ -56,14 +56,14 @@ uint32_t OnService(Service service, Call call, Work work) {
 
 // Reads into a caller's output, which must be there and is written only on success.
 template <typename Output, typename Read>
-ResultCode ReadInto(Output* output, Read read) {
+ResultCode ReadInto(const State& state, Output* output, Read read) {
     if (!output) {
         return VXD_INVALID_PARAMETER;
     }
     uint32_t value = 0;
     const ResultCode code = read(value);
     if (code == VXD_SUCCESS) {
-        *output = static_cast<Output>(value);
+        state.Give(*output, value);
     }
     return code;
 }
@@ -91,10 +91,10 @@ uint32_t WINAPI vdapi_GetVersion(uint16_t* boardRevision, uint8_t* vpicRevision,
             if (!boardRevision || !vpicRevision || !driverRevision || !jadeRevision) {
                 return VXD_INVALID_PARAMETER;
             }
-            *boardRevision = state.revisions.board;
-            *vpicRevision = state.revisions.vpic;
-            *driverRevision = state.revisions.driver;
-            *jadeRevision = state.revisions.jade;
+            state.Give(*boardRevision, state.revisions.board);
+            state.Give(*vpicRevision, state.revisions.vpic);
+            state.Give(*driverRevision, state.revisions.driver);
+            state.Give(*jadeRevision, state.revisions.jade);
             return VXD_SUCCESS;
         });
 }
@@ -146,9 +146,9 @@ uint32_t WINAPI vdapi_SendCommand(uint32_t command, uint32_t parameter1, uint32_
                        const ResultCode code =
                            known->run(state, {parameter1, parameter2, parameter3}, responses);
                        if (code == VXD_SUCCESS) {
-                           *response1 = responses.first;
-                           *response2 = responses.second;
-                           *response3 = responses.third;
+                           state.Give(*response1, responses.first);
+                           state.Give(*response2, responses.second);
+                           state.Give(*response3, responses.third);
                        }
                        return code;
                    });
@@ -178,7 +178,8 @@ uint32_t WINAPI vdapi_GetBandwidth(int32_t* bandwidth) {
 
 uint32_t WINAPI vdapi_VPIC_ReadPort(uint32_t port, uint32_t* value) {
     return OnBoard({"vdapi_VPIC_ReadPort", {port, value}}, [=](State& state) {
-        return ReadInto(value, [&](uint32_t& read) { return ReadVpicPort(state, port, read); });
+        return ReadInto(state, value,
+                        [&](uint32_t& read) { return ReadVpicPort(state, port, read); });
     });
 }
 
@@ -225,8 +226,9 @@ uint32_t WINAPI vdapi_AUXDEV_Deactivate(uint32_t feature) {
 
 uint32_t WINAPI vdapi_AUXDEV_GetFeature(uint32_t feature, uint16_t* value) {
     return OnBoard({"vdapi_AUXDEV_GetFeature", {feature, value}}, [=](State& state) {
-        return ReadInto(
-            value, [&](uint32_t& active) { return state.auxiliaryDevice.Test(feature, active); });
+        return ReadInto(state, value, [&](uint32_t& active) {
+            return state.auxiliaryDevice.Test(feature, active);
+        });
     });
 }
 
@@ -237,7 +239,7 @@ uint32_t WINAPI vdapi_AUXDEV_SetField(uint32_t field, uint32_t value) {
 
 uint32_t WINAPI vdapi_AUXDEV_GetField(uint32_t field, uint16_t* value) {
     return OnBoard({"vdapi_AUXDEV_GetField", {field, value}}, [=](State& state) {
-        return ReadInto(value, [&](uint32_t& read) {
+        return ReadInto(state, value, [&](uint32_t& read) {
             return state.auxiliaryDevice.IsUp() ? ReadAuxiliaryField(state, field, read)
                                                 : VXD_CONFIGURATION_NOT_SET;
         });
@@ -260,14 +262,20 @@ uint32_t WINAPI vdapi_I2C_Transfer(const uint16_t* items, uint32_t count, uint32
     return OnService(
         Service::I2c,
         {"vdapi_I2C_Transfer", {items, count, result}, BytesAt(items, known.size_bytes())},
-        [=](State& state) { return state.hardware.i2cBus.Transfer(known, result); });
+        [=](State& state) {
+            const ResultCode code = state.hardware.i2cBus.Transfer(known, result);
+            if (code == VXD_SUCCESS && known.back() == I2cBus::kReadByte) {
+                state.Give(*result, *result);
+            }
+            return code;
+        });
 }
 
 // --- Memory and I/O ports ---
 
 uint32_t WINAPI vdapi_MEM_Read(uint32_t address, uint32_t unitSize, uint32_t* value) {
     return OnBoard({"vdapi_MEM_Read", {address, unitSize, value}}, [=](State& state) {
-        return ReadInto(value, [&](uint32_t& read) {
+        return ReadInto(state, value, [&](uint32_t& read) {
             return state.hardware.memory.Read(address, unitSize, read);
         });
     });
@@ -281,8 +289,9 @@ uint32_t WINAPI vdapi_MEM_Write(uint32_t address, uint32_t unitSize, uint32_t va
 
 uint32_t WINAPI vdapi_IO_Read(uint32_t port, uint32_t unitSize, uint32_t* value) {
     return OnBoard({"vdapi_IO_Read", {port, unitSize, value}}, [=](State& state) {
-        return ReadInto(
-            value, [&](uint32_t& read) { return state.hardware.ports.Read(port, unitSize, read); });
+        return ReadInto(state, value, [&](uint32_t& read) {
+            return state.hardware.ports.Read(port, unitSize, read);
+        });
     });
 }
 
@@ -304,7 +313,7 @@ uint32_t WINAPI vdapi_CAM_Digit_Terminate() {
 uint32_t WINAPI vdapi_CAM_Digit_Read(uint32_t registerId, uint8_t* value) {
     return OnService(
         Service::DigitalCamera, {"vdapi_CAM_Digit_Read", {registerId, value}}, [=](State& state) {
-            return ReadInto(value, [&](uint32_t& read) {
+            return ReadInto(state, value, [&](uint32_t& read) {
                 return state.hardware.i2cBus.Read(kDigitalCamera, CameraRegister(registerId), read);
             });
         });
@@ -328,7 +337,7 @@ uint32_t WINAPI vdapi_CAM_ACIF_Terminate() {
 uint32_t WINAPI vdapi_CAM_ACIF_Read(uint32_t registerId, uint8_t* value) {
     return OnService(
         Service::AnalogCamera, {"vdapi_CAM_ACIF_Read", {registerId, value}}, [=](State& state) {
-            return ReadInto(value, [&](uint32_t& read) {
+            return ReadInto(state, value, [&](uint32_t& read) {
                 return state.hardware.i2cBus.Read(kVideoDecoder, CameraRegister(registerId), read);
             });
         });
@@ -344,8 +353,13 @@ uint32_t WINAPI vdapi_CAM_ACIF_Write(uint32_t registerId, uint32_t value) {
 // --- ARCOFI audio codec ---
 
 uint32_t WINAPI vdapi_ARCOFI_Read(uint32_t id, uint8_t* buffer) {
-    return OnService(Service::Arcofi, {"vdapi_ARCOFI_Read", {id, buffer}},
-                     [=](State& state) { return state.hardware.arcofi.Read(id, buffer); });
+    return OnService(Service::Arcofi, {"vdapi_ARCOFI_Read", {id, buffer}}, [=](State& state) {
+        const ResultCode code = state.hardware.arcofi.Read(id, buffer);
+        for (size_t i = 0; code == VXD_SUCCESS && i < Arcofi::ByteCount(id); ++i) {
+            state.Give(buffer[i], buffer[i]);
+        }
+        return code;
+    });
 }
 
 uint32_t WINAPI vdapi_ARCOFI_Write(uint32_t id, const uint8_t* buffer) {
@@ -363,7 +377,7 @@ uint32_t WINAPI vdapi_ARCOFI_SelectChannel(uint32_t channelCode) {
 
 uint32_t WINAPI vdapi_SAEC_Read(uint32_t registerId, uint32_t* value) {
     return OnService(Service::Saec, {"vdapi_SAEC_Read", {registerId, value}}, [=](State& state) {
-        return ReadInto(value, [&](uint32_t& read) {
+        return ReadInto(state, value, [&](uint32_t& read) {
             return state.hardware.saec.Read(registerId, GetTickCount(), read);
         });
     });
@@ -412,7 +426,7 @@ uint32_t WINAPI vdapi_JADE_Reset(uint32_t code) {
 
 uint32_t WINAPI vdapi_JADE_Read(uint32_t registerNumber, uint32_t* value) {
     return OnBoard({"vdapi_JADE_Read", {registerNumber, value}}, [=](State& state) {
-        return ReadInto(value,
+        return ReadInto(state, value,
                         [&](uint32_t& read) { return ReadJade(state, registerNumber, read); });
     });
 }

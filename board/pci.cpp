@@ -48,7 +48,8 @@ std::array<Device, 2> Devices(const State& state) {
 }
 
 template <typename Value>
-void Put(Slot output, Value value) {
+void Put(const State& state, Slot output, Value value) {
+    state.Give(value, value);
     std::memcpy(FromSlot<void>(output), &value, sizeof value);
 }
 
@@ -61,8 +62,8 @@ ResultCode Find(const State& state, uint32_t index, Slot bus, Slot deviceAndFunc
     }
     for (const Device& device : Devices(state)) {
         if (matches(device) && index-- == 0) {
-            Put(bus, device.bus);
-            Put(deviceAndFunction, device.deviceAndFunction);
+            Put(state, bus, device.bus);
+            Put(state, deviceAndFunction, device.deviceAndFunction);
             return VXD_SUCCESS;
         }
     }
@@ -84,13 +85,13 @@ uint32_t BytesOf(uint8_t access) {
 
 }  // namespace
 
-ResultCode FindPciBios(State&, const PciBiosPresentBlock& block) {
+ResultCode FindPciBios(State& state, const PciBiosPresentBlock& block) {
     if (!block.hardwareMechanism || !block.interfaceVersion || !block.lastBus) {
         return VXD_INVALID_PARAMETER;
     }
-    Put(block.hardwareMechanism, kHardwareMechanism);
-    Put(block.interfaceVersion, kInterfaceVersion);
-    Put(block.lastBus, kLastBus);
+    Put(state, block.hardwareMechanism, kHardwareMechanism);
+    Put(state, block.interfaceVersion, kInterfaceVersion);
+    Put(state, block.lastBus, kLastBus);
     return VXD_SUCCESS;
 }
 
@@ -124,7 +125,7 @@ ResultCode ReadPciConfig(State& state, PciReadConfigBlock& block) {
         value = first / 4 < device->header.size() ? device->header[first / 4] : 0;
         value >>= 8 * (first % 4);
     }
-    Put(block.result, bytes == 4 ? value : value & ((1u << 8 * bytes) - 1));
+    Put(state, block.result, bytes == 4 ? value : value & ((1u << 8 * bytes) - 1));
     return VXD_SUCCESS;
 }
 

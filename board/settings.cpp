@@ -44,4 +44,8 @@ ResultCode FailureSetting(const std::string& name) {
     return static_cast<ResultCode>(ReadNumber("Fail", name.c_str(), VXD_SUCCESS));
 }
 
+uint32_t StuckBitsSetting(const std::string& name) {
+    return ReadNumber("StuckBits", name.c_str(), 0);
+}
+
 }  // namespace board

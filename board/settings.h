@@ -17,11 +17,15 @@
 // debug command ("TALVERO_DBG_SEQ_TR_INIT") or of a firmware command ("PELLAN_COMMAND_GET_VER"),
 // its value the result code that is answered instead of doing it; 0 lets it go its way.
 //
+// [StuckBits] says which bits always read 1. Each key is such a name again, its value the bits that
+// are 1 in what the operation or command gives, as far as the outputs that it fills are wide:
+// "vdapi_JADE_Read = 0xFFFFFF00" for 24 bits above a register of 8.
+//
 // [Trace] Calls = 1 writes each call as one line to the system's debug output: the operation, its
 // arguments, the bytes of its block, its result.
 //
 // [Board] and [Trace] are read when a library is initialised; a key that is absent leaves things as
-// they are. [Fail] is looked up at each call, so a change is met by the next one.
+// they are. [Fail] and [StuckBits] are looked up at each call, so a change is met by the next one.
 #pragma once
 
 #include <string>
@@ -36,5 +40,8 @@ void ReadSettings(State& state);
 
 // The code with which the named operation or command fails, or VXD_SUCCESS.
 ResultCode FailureSetting(const std::string& name);
+
+// The bits that read 1 in what the named operation or command gives.
+uint32_t StuckBitsSetting(const std::string& name);
 
 }  // namespace board

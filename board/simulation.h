@@ -24,8 +24,9 @@ struct Fault {
 struct Simulation {
     std::mutex lock;
     State state;
-    std::map<std::string, Fault> faults;  // by name of operation or command
-    std::deque<Call> calls;               // the most recent ones, oldest first
+    std::map<std::string, Fault> faults;        // by name of operation or command
+    std::map<std::string, uint32_t> stuckBits;  // in what is read, by that name too
+    std::deque<Call> calls;                     // the most recent ones, oldest first
     Worker worker;
 };
 

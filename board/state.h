@@ -45,6 +45,7 @@ struct State {
     bool koraOpen = false;
     std::array<Slot, 4> sharedTable{};
     bool traceCalls = false;                      // each call as a line of debug output
+    uint32_t stuckBits = 0;                       // they read 1 in what the operation at work gives
     std::map<std::string, CallCount> callCounts;  // by name of the command or operation
     Schedule schedule;
     Outbox outbox;
@@ -57,6 +58,12 @@ struct State {
     AuxiliaryDevice auxiliaryDevice;
     Hardware hardware;
     Firmware firmware;
+
+    // Hands out a value that was read: with the bits that are stuck, as far as the output is wide.
+    template <typename Output>
+    void Give(Output& output, uint32_t value) const {
+        output = static_cast<Output>(value | stuckBits);
+    }
 
     // How many ISAC chips the board has.
     uint32_t IsacChips() const;

@@ -195,7 +195,7 @@ ResultCode GetVpicLine(State& state, const I2cLineGetBlock& block) {
     const ResultCode code =
         level ? state.hardware.vpic.GetLine(block.line.value, high) : VXD_INVALID_PARAMETER;
     if (code == VXD_SUCCESS) {
-        *level = high;
+        state.Give(*level, high);
     }
     return code;
 }

@@ -59,6 +59,26 @@ TEST_F(Operations, FailAsAskedForUntilAllIsWellAgain) {
     EXPECT_EQ(Send(PELLAN_COMMAND_GET_VER).code, VXD_SUCCESS);
 }
 
+TEST_F(Operations, ReadBitsAsOneThatAreStuck) {
+    vdapi_JADE_Write(9, 0x0A);
+    uint32_t wide = 0;
+    uint16_t narrow = 0;
+    board::StickBits("vdapi_JADE_Read", 0xABCDEF00);
+    EXPECT_EQ(vdapi_JADE_Read(9, &wide), VXD_SUCCESS);
+    EXPECT_EQ(wide, 0xABCDEF0A);
+    settings_.Write(kit::kBoardFile, "StuckBits", "vdapi_AUXDEV_GetField", "0xF8000");
+    EXPECT_EQ(vdapi_AUXDEV_GetField(10, &narrow), VXD_SUCCESS);
+    EXPECT_EQ(narrow, 0x8002) << "an output of 16 bits";
+
+    board::StickBits("PELLAN_COMMAND_JADE_READ_REG", 0x100);
+    EXPECT_EQ(Send(PELLAN_COMMAND_JADE_READ_REG, 9).first, 0x10Au);
+    EXPECT_TRUE(Send(PELLAN_COMMAND_JADE_READ_REG, 0x100).IsUntouched());
+    board::SucceedAgain();
+    EXPECT_EQ(Send(PELLAN_COMMAND_JADE_READ_REG, 9).first, 0x0Au);
+    vdapi_JADE_Read(9, &wide);
+    EXPECT_EQ(wide, 0x0Au);
+}
+
 TEST_F(Operations, NameTheHardwareWhileNoBoardIsThere) {
     board::SetPresent(false);
     uint16_t wide = 0x77;
