@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <string>
 
+#include "platform/core/activation.h"
 #include "platform/core/icon.h"
+#include "platform/core/placement.h"
 #include "platform/core/queue.h"
 
 namespace vxd {

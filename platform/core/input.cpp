@@ -1,8 +1,10 @@
 // What a person did, on its way from the screen into the message queue.
+#include "platform/core/activation.h"
 #include "platform/core/dialog.h"
 #include "platform/core/key_message.h"
 #include "platform/core/menu.h"
 #include "platform/core/paint.h"
+#include "platform/core/placement.h"
 #include "platform/core/queue.h"
 #include "platform/core/window.h"
 #include "platform/screen.h"

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/core/handle_table.h"
+#include "platform/core/placement.h"
 #include "platform/core/queue.h"
 #include "platform/core/resource.h"
 #include "platform/core/text.h"

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/core/placement.h"
+
 namespace vxd {
 namespace {
 

@@ -1,4 +1,4 @@
-// Windows: their classes, their tree, and what each of them keeps.
+// Windows: what each of them and its class keeps, and how they are found.
 //
 // Everything here belongs to the user-interface thread, except IsLiveWindow.
 #pragma once
@@ -107,34 +107,11 @@ bool IsInside(const Window& window, const Window& ancestor);
 // Shown, with all its parents.
 bool IsShown(const Window& window);
 
-// The area that a window's children and pixels lie in, in its own coordinates.
-Size ClientSize(const Window& window);
-Point ClientOrigin(const Window& window);
-// Gives a window a new place and tells the program by WM_SIZE and WM_MOVE.
-void Place(Window& window, const Rect& rect);
-// The same after the screen has put the window elsewhere by itself.
-void PlacedByScreen(Window& window, const Rect& before);
-// The menu bar may have changed its height, and with it the client area.
-void MenuBarChanged(Window& window);
-
-// Hides a top-level window without telling it, and gives up being active.
-void TakeFromScreen(Window& window);
-
-HWND FocusedWindow();
-// Whether a top-level window is the active one is told by the screen or by ShowWindow.
-void Activate(Window* window);
-
 // Calls the window's procedure, at once and on this thread.
 LRESULT Call(Window& window, UINT message, WPARAM wParam, LPARAM lParam);
 // Sends WM_COMMAND for a control to its parent.
 void Notify(Window& control, int code);
 // Copies at most capacity - 1 bytes and a zero; gives the number of bytes without the zero.
 int CopyText(const std::string& text, LPSTR destination, int capacity);
-
-// The classes of the built-in controls and of dialog boxes register themselves by these.
-void RegisterControl(const char* name, std::unique_ptr<Control> (*make)(Window& window));
-void RegisterBuiltInClasses();
-// The procedure of all built-in controls: hands the message to the control's object.
-LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 }  // namespace vxd

@@ -1,6 +1,7 @@
 // The built-in control classes by name.
 #include "platform/core/controls/control.h"
 #include "platform/core/dialog.h"
+#include "platform/core/window_class.h"
 
 namespace vxd {
 

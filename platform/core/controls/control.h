@@ -1,6 +1,7 @@
 // What all built-in controls have in common.
 #pragma once
 
+#include "platform/core/activation.h"
 #include "platform/core/window.h"
 
 namespace vxd {

@@ -1,0 +1,176 @@
+#include "platform/core/activation.h"
+
+#include <algorithm>
+
+#include "platform/core/desk.h"
+#include "platform/core/placement.h"
+
+namespace vxd {
+namespace {
+
+// The window that becomes active when another one goes: its owner, else the frontmost one.
+Window* Successor(const Window& going) {
+    if (Window* owner = FindWindowOf(going.owner); owner != nullptr && owner->IsVisible())
+        return owner;
+    for (Window* window : TheDesk().topLevel) {
+        if (window != &going && window->IsVisible() && window->IsEnabled() && !window->destroying)
+            return window;
+    }
+    return nullptr;
+}
+
+bool HasFocusInside(const Window& window) {
+    const Window* focus = FindWindowOf(TheDesk().focus);
+    return focus != nullptr && IsInside(*focus, window);
+}
+
+void SetVisible(Window& window, bool visible) {
+    window.style =
+        visible ? window.style | WS_VISIBLE : window.style & ~static_cast<DWORD>(WS_VISIBLE);
+    CurrentScreen().SetVisible(window.Widget(), visible);
+}
+
+}  // namespace
+
+HWND FocusedWindow() {
+    return TheDesk().focus;
+}
+
+void LeaveFocus(HWND handle, HWND heir) {
+    const Window* window = FindWindowOf(handle);
+    if (window == nullptr || !HasFocusInside(*window))
+        return;
+    SetFocus(heir);
+    if (window = FindWindowOf(handle); window != nullptr && HasFocusInside(*window))
+        SetFocus(nullptr);
+}
+
+void MoveToFront(Window& window) {
+    auto& order = TheDesk().topLevel;
+    std::erase(order, &window);
+    order.insert(order.begin(), &window);
+}
+
+void TakeFromScreen(Window& window) {
+    if (window.IsVisible())
+        SetVisible(window, false);
+    if (TheDesk().active == window.handle)
+        Activate(Successor(window));
+}
+
+void Activate(Window* window) {
+    Desk& desk = TheDesk();
+    const HWND next = window != nullptr ? window->handle : nullptr;
+    if (desk.active == next)
+        return;
+    const HWND previous = desk.active;
+    desk.active = next;
+    if (Window* old = FindWindowOf(previous); old != nullptr)
+        Call(*old, WM_ACTIVATE, WA_INACTIVE, reinterpret_cast<LPARAM>(next));
+    Window* still = FindWindowOf(next);
+    if (still == nullptr || desk.active != next) {
+        if (next == nullptr)
+            SetFocus(nullptr);
+        return;
+    }
+    MoveToFront(*still);
+    CurrentScreen().Raise(still->Widget());
+    Call(*still, WM_ACTIVATE, WA_ACTIVE, reinterpret_cast<LPARAM>(previous));
+}
+
+}  // namespace vxd
+
+using vxd::FindWindowOf;
+using vxd::TheDesk;
+using vxd::Window;
+
+BOOL WINAPI ShowWindow(HWND handle, int showCommand) {
+    Window* window = FindWindowOf(handle);
+    if (window == nullptr)
+        return FALSE;
+    const bool was = window->IsVisible();
+    const bool show = showCommand != SW_HIDE;
+    if (was != show) {
+        vxd::Call(*window, WM_SHOWWINDOW, static_cast<WPARAM>(show), 0);
+        window = FindWindowOf(handle);
+        if (window == nullptr)
+            return was;
+        if (show && window->control == nullptr)
+            InvalidateRect(handle, nullptr, TRUE);
+        vxd::SetVisible(*window, show);
+    }
+    if (window->IsChild()) {
+        if (!show)
+            vxd::LeaveFocus(handle, window->parent->handle);
+        return was;
+    }
+    if (!show) {
+        vxd::TakeFromScreen(*window);
+        return was;
+    }
+    vxd::Activate(window);
+    if (window = FindWindowOf(handle);
+        window != nullptr && std::exchange(window->placementDue, false))
+        vxd::SendPlacement(*window, true, true);
+    return was;
+}
+
+BOOL WINAPI EnableWindow(HWND handle, BOOL enable) {
+    Window* window = FindWindowOf(handle);
+    if (window == nullptr)
+        return FALSE;
+    const bool wasDisabled = !window->IsEnabled();
+    if (wasDisabled == (enable == FALSE))
+        return wasDisabled;
+    if (enable) {
+        window->style &= ~static_cast<DWORD>(WS_DISABLED);
+    } else {
+        if (const Window* focus = FindWindowOf(TheDesk().focus);
+            focus != nullptr && vxd::IsInside(*focus, *window) && !window->IsChild())
+            window->lastFocus = TheDesk().focus;
+        window->style |= WS_DISABLED;
+    }
+    vxd::CurrentScreen().SetEnabled(window->Widget(), enable != FALSE);
+    if (!enable)
+        vxd::LeaveFocus(handle, nullptr);
+    if (Window* still = FindWindowOf(handle); still != nullptr)
+        vxd::Call(*still, WM_ENABLE, static_cast<WPARAM>(enable != FALSE), 0);
+    return wasDisabled;
+}
+
+HWND WINAPI SetFocus(HWND handle) {
+    vxd::Desk& desk = TheDesk();
+    const HWND previous = desk.focus;
+    if (previous == handle)
+        return previous;
+    Window* window = FindWindowOf(handle);
+    if (handle != nullptr) {
+        if (window == nullptr)
+            return nullptr;
+        for (const Window* at = window; at != nullptr; at = at->parent) {
+            if (!at->IsEnabled())
+                return nullptr;
+        }
+        vxd::Activate(&vxd::TopLevelOf(*window));
+        if (desk.focus == handle)
+            return previous;
+    }
+    const HWND losing = std::exchange(desk.focus, handle);
+    if (Window* old = FindWindowOf(losing); old != nullptr)
+        vxd::Call(*old, WM_KILLFOCUS, reinterpret_cast<WPARAM>(handle), 0);
+    window = FindWindowOf(handle);
+    if (window == nullptr || desk.focus != handle)
+        return previous;
+    vxd::TopLevelOf(*window).lastFocus = handle;
+    vxd::CurrentScreen().SetFocus(window->Widget());
+    vxd::Call(*window, WM_SETFOCUS, reinterpret_cast<WPARAM>(losing), 0);
+    return previous;
+}
+
+HWND WINAPI GetFocus() {
+    return TheDesk().focus;
+}
+
+HWND WINAPI GetActiveWindow() {
+    return TheDesk().active;
+}

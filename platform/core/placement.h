@@ -1,0 +1,29 @@
+// Where windows lie, and what the program is told of it.
+//
+// Everything here belongs to the user-interface thread.
+#pragma once
+
+#include "platform/core/window.h"
+
+namespace vxd {
+
+// The area that a window's children and pixels lie in, in its own coordinates.
+Size ClientSize(const Window& window);
+Point ClientOrigin(const Window& window);
+
+// Where a new window lies that was asked to lie there.
+Rect InitialRect(int x, int y, int width, int height, bool child);
+bool HasSizableFrame(const Window& window);
+// Asks the program how large the window may become.
+Size MaximumSize(Window& window);
+
+// Gives a window a new place and tells the program by WM_SIZE and WM_MOVE.
+void Place(Window& window, const Rect& rect);
+// The same after the screen has put the window elsewhere by itself.
+void PlacedByScreen(Window& window, const Rect& before);
+// The menu bar may have changed its height, and with it the client area.
+void MenuBarChanged(Window& window);
+// Tells a window its size, its place, or both.
+void SendPlacement(Window& window, bool moved, bool sized);
+
+}  // namespace vxd
