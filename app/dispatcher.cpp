@@ -3,19 +3,18 @@
 #include <algorithm>
 #include <array>
 
-#include "app/arcofi_loops.h"
-#include "app/board_commands.h"
-#include "app/board_menu.h"
-#include "app/chip_commands.h"
-#include "app/debug_level_commands.h"
-#include "app/led.h"
-#include "app/monitor_receive.h"
-#include "app/pci_queries.h"
-#include "app/registration.h"
-#include "app/services/application.h"
-#include "app/tdm_routing.h"
-#include "app/window_commands.h"
 #include "codec/raw_command.h"
+#include "commands/arcofi_loops.h"
+#include "commands/board_commands.h"
+#include "commands/board_menu.h"
+#include "commands/chip_commands.h"
+#include "commands/debug_level_commands.h"
+#include "commands/led.h"
+#include "commands/monitor_receive.h"
+#include "commands/pci_queries.h"
+#include "commands/registration.h"
+#include "commands/tdm_routing.h"
+#include "commands/window_commands.h"
 #include "debug/about.h"
 #include "debug/gds_dump.h"
 #include "regs/annexd_loader.h"
@@ -34,6 +33,7 @@
 #include "regs/vpic_browsers.h"
 #include "regs/vpic_i2c_access.h"
 #include "res/resource.h"
+#include "services/application.h"
 
 namespace {
 

@@ -4,15 +4,15 @@
 
 #include <cstdlib>
 
-#include "app/board_menu.h"
 #include "app/dispatcher.h"
-#include "app/led.h"
-#include "app/monitor_receive.h"
-#include "app/services/application.h"
-#include "app/services/diagnostics.h"
-#include "app/services/settings.h"
-#include "app/window_commands.h"
+#include "commands/board_menu.h"
+#include "commands/led.h"
+#include "commands/monitor_receive.h"
+#include "commands/window_commands.h"
 #include "driver/papi.h"
+#include "services/application.h"
+#include "services/diagnostics.h"
+#include "services/settings.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <ctime>
 
 #include "app/main_window.h"
-#include "app/services/application.h"
 #include "res/resource.h"
+#include "services/application.h"
 
 namespace {
 

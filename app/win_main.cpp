@@ -1,11 +1,11 @@
 // The process's entry: brings the utility up, runs its message loop, takes it down.
 #include <algorithm>
 
-#include "app/services/diagnostics.h"
 #include "app/start.h"
 #include "driver/kora_dll32.h"
 #include "driver/shared_words.h"
 #include "platform/win32.h"
+#include "services/diagnostics.h"
 
 namespace {
 

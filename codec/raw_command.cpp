@@ -7,10 +7,10 @@
 #include <cstdlib>
 #include <string>
 
-#include "app/services/dialog_kit.h"
 #include "driver/firmware_command.h"
 #include "driver/papi.h"
 #include "res/resource.h"
+#include "services/dialog_kit.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include <array>
 #include <ctime>
 
-#include "app/services/dialog_kit.h"
 #include "driver/papi.h"
 #include "res/resource.h"
+#include "services/dialog_kit.h"
 
 namespace {
 

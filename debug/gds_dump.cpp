@@ -4,12 +4,12 @@
 
 #include <array>
 
-#include "app/services/diagnostics.h"
-#include "app/services/dialog_kit.h"
 #include "driver/debug_command.h"
 #include "driver/papi.h"
 #include "driver/parameter_block.h"
 #include "res/resource.h"
+#include "services/diagnostics.h"
+#include "services/dialog_kit.h"
 
 namespace {
 

@@ -6,9 +6,9 @@
 #include <memory>
 #include <new>
 
-#include "app/services/dialog_kit.h"
 #include "driver/papi.h"
 #include "res/resource.h"
+#include "services/dialog_kit.h"
 
 namespace {
 

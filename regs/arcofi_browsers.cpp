@@ -5,14 +5,14 @@
 #include <cstdint>
 #include <string_view>
 
-#include "app/services/application.h"
-#include "app/services/diagnostics.h"
-#include "app/services/dialog_kit.h"
-#include "app/services/hex_field.h"
 #include "driver/papi.h"
 #include "driver/result_code.h"
 #include "regs/arcofi_catalogue.h"
 #include "regs/register_browser.h"
+#include "services/application.h"
+#include "services/diagnostics.h"
+#include "services/dialog_kit.h"
+#include "services/hex_field.h"
 
 namespace {
 

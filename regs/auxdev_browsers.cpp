@@ -3,12 +3,12 @@
 
 #include <cstdint>
 
-#include "app/services/diagnostics.h"
-#include "app/services/hex_field.h"
 #include "driver/papi.h"
 #include "driver/result_code.h"
 #include "regs/auxdev_catalogue.h"
 #include "regs/register_browser.h"
+#include "services/diagnostics.h"
+#include "services/hex_field.h"
 
 namespace {
 

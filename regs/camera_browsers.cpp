@@ -5,12 +5,12 @@
 #include <array>
 #include <cstdint>
 
-#include "app/services/diagnostics.h"
-#include "app/services/hex_field.h"
 #include "driver/papi.h"
 #include "driver/result_code.h"
 #include "regs/camera_catalogue.h"
 #include "regs/register_browser.h"
+#include "services/diagnostics.h"
+#include "services/hex_field.h"
 
 namespace {
 

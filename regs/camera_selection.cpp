@@ -5,10 +5,10 @@
 #include <array>
 #include <cstdint>
 
-#include "app/services/dialog_kit.h"
 #include "driver/firmware_command.h"
 #include "driver/papi.h"
 #include "res/resource.h"
+#include "services/dialog_kit.h"
 
 namespace {
 

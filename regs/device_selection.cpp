@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "app/services/dialog_kit.h"
+#include "services/dialog_kit.h"
 
 namespace {
 

@@ -7,13 +7,13 @@
 #include <atomic>
 #include <cstdint>
 
-#include "app/services/diagnostics.h"
-#include "app/services/dialog_kit.h"
-#include "app/services/hex_field.h"
 #include "driver/papi.h"
 #include "driver/shared_words.h"
 #include "regs/hex_entry.h"
 #include "res/resource.h"
+#include "services/diagnostics.h"
+#include "services/dialog_kit.h"
+#include "services/hex_field.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "app/services/dialog_kit.h"
-#include "app/services/hex_field.h"
+#include "services/dialog_kit.h"
+#include "services/hex_field.h"
 
 namespace {
 

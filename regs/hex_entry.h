@@ -6,8 +6,8 @@
 #include <optional>
 #include <span>
 
-#include "app/services/settings.h"
 #include "platform/win32.h"
+#include "services/settings.h"
 
 // The number behind the first "0x" in a field: 0 without a digit there, nothing for 0xFFFFFFFF,
 // which stands for "no number" and is also what one of more than 32 bits counts as. A field without

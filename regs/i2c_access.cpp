@@ -6,11 +6,11 @@
 #include <cstdint>
 #include <span>
 
-#include "app/services/dialog_kit.h"
-#include "app/services/hex_field.h"
 #include "driver/papi.h"
 #include "regs/hex_entry.h"
 #include "res/resource.h"
+#include "services/dialog_kit.h"
+#include "services/hex_field.h"
 
 namespace {
 

@@ -6,9 +6,6 @@
 #include <array>
 #include <cstdint>
 
-#include "app/services/application.h"
-#include "app/services/diagnostics.h"
-#include "app/services/hex_field.h"
 #include "driver/debug_command.h"
 #include "driver/low_memory.h"
 #include "driver/papi.h"
@@ -16,6 +13,9 @@
 #include "driver/result_code.h"
 #include "regs/isac_catalogue.h"
 #include "regs/register_browser.h"
+#include "services/application.h"
+#include "services/diagnostics.h"
+#include "services/hex_field.h"
 
 namespace {
 

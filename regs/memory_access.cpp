@@ -6,10 +6,10 @@
 #include <cstdint>
 #include <span>
 
-#include "app/services/dialog_kit.h"
 #include "driver/papi.h"
 #include "regs/hex_entry.h"
 #include "res/resource.h"
+#include "services/dialog_kit.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "app/services/dialog_kit.h"
+#include "services/dialog_kit.h"
 
 namespace {
 

@@ -3,13 +3,13 @@
 
 #include <cstdint>
 
-#include "app/services/diagnostics.h"
-#include "app/services/dialog_kit.h"
-#include "app/services/hex_field.h"
 #include "driver/papi.h"
 #include "driver/result_code.h"
 #include "regs/register_browser.h"
 #include "regs/saec_catalogue.h"
+#include "services/diagnostics.h"
+#include "services/dialog_kit.h"
+#include "services/hex_field.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 
 #include <array>
 
-#include "app/services/dialog_kit.h"
 #include "res/resource.h"
+#include "services/dialog_kit.h"
 
 namespace {
 

@@ -4,14 +4,14 @@
 
 #include <cstdint>
 
-#include "app/services/diagnostics.h"
-#include "app/services/hex_field.h"
 #include "driver/debug_command.h"
 #include "driver/papi.h"
 #include "driver/parameter_block.h"
 #include "driver/result_code.h"
 #include "regs/register_browser.h"
 #include "regs/vpic_catalogue.h"
+#include "services/diagnostics.h"
+#include "services/hex_field.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // The trace and the message boxes.
-#include "app/services/diagnostics.h"
+#include "services/diagnostics.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Bytes on the IOM-2 monitor channel.
-#include "app/monitor_receive.h"
+#include "commands/monitor_receive.h"
 
 #include <gtest/gtest.h>
 

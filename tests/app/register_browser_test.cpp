@@ -5,8 +5,8 @@
 #include <set>
 #include <tuple>
 
-#include "app/services/application.h"
 #include "res/resource.h"
+#include "services/application.h"
 #include "tests/app/dialog_test.h"
 #include "tests/kit/person.h"
 

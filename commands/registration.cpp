@@ -1,13 +1,13 @@
-#include "app/registration.h"
+#include "commands/registration.h"
 
-#include "app/services/application.h"
-#include "app/services/diagnostics.h"
 #include "driver/debug_command.h"
 #include "driver/kora_dll32.h"
 #include "driver/papi.h"
 #include "driver/parameter_block.h"
 #include "regs/isac_device.h"
 #include "regs/monitor_device.h"
+#include "services/application.h"
+#include "services/diagnostics.h"
 
 void RegisterSequencer(HWND window) {
     SequencerRegisterBlock block{0, KORA_DLL_GetSeqHandle(0)};

@@ -1,10 +1,10 @@
-#include "app/tdm_routing.h"
+#include "commands/tdm_routing.h"
 
 #include <cstdint>
 
-#include "app/services/diagnostics.h"
 #include "driver/papi.h"
 #include "res/resource.h"
+#include "services/diagnostics.h"
 
 namespace {
 

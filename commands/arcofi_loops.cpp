@@ -1,10 +1,10 @@
-#include "app/arcofi_loops.h"
+#include "commands/arcofi_loops.h"
 
 #include <array>
 
-#include "app/services/diagnostics.h"
 #include "driver/papi.h"
 #include "res/resource.h"
+#include "services/diagnostics.h"
 
 namespace {
 

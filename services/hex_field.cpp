@@ -1,6 +1,6 @@
-#include "app/services/hex_field.h"
+#include "services/hex_field.h"
 
-#include "app/services/dialog_kit.h"
+#include "services/dialog_kit.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
-#include "app/window_commands.h"
+#include "commands/window_commands.h"
 
-#include "app/services/settings.h"
 #include "res/resource.h"
+#include "services/settings.h"
 
 namespace {
 

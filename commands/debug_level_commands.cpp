@@ -1,11 +1,11 @@
-#include "app/debug_level_commands.h"
+#include "commands/debug_level_commands.h"
 
 #include <algorithm>
 #include <array>
 
-#include "app/services/diagnostics.h"
-#include "app/services/settings.h"
 #include "res/resource.h"
+#include "services/diagnostics.h"
+#include "services/settings.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
-#include "app/pci_queries.h"
+#include "commands/pci_queries.h"
 
 #include <cstdint>
 
-#include "app/services/diagnostics.h"
 #include "driver/debug_command.h"
 #include "driver/low_memory.h"
 #include "driver/papi.h"
 #include "driver/parameter_block.h"
+#include "services/diagnostics.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
-#include "app/board_menu.h"
+#include "commands/board_menu.h"
 
-#include "app/led.h"
-#include "app/services/application.h"
-#include "app/services/settings.h"
-#include "app/tdm_routing.h"
-#include "app/window_commands.h"
+#include "commands/led.h"
+#include "commands/tdm_routing.h"
+#include "commands/window_commands.h"
 #include "res/resource.h"
+#include "services/application.h"
+#include "services/settings.h"
 
 namespace {
 

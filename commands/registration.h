@@ -7,5 +7,5 @@
 void RegisterSequencer(HWND window);
 // These ask for the device first, and do nothing where that is cancelled.
 void InitializeIsac(HWND window);
-// From then on `window` is told of monitor bytes (app/monitor_receive.h).
+// From then on `window` is told of monitor bytes (commands/monitor_receive.h).
 void InitializeMonitor(HWND window);

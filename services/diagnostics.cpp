@@ -1,4 +1,4 @@
-#include "app/services/diagnostics.h"
+#include "services/diagnostics.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
-#include "app/led.h"
+#include "commands/led.h"
 
-#include "app/services/diagnostics.h"
 #include "driver/papi.h"
 #include "res/resource.h"
+#include "services/diagnostics.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
-#include "app/monitor_receive.h"
+#include "commands/monitor_receive.h"
 
 #include <algorithm>
 #include <atomic>
 
-#include "app/services/diagnostics.h"
 #include "driver/debug_command.h"
 #include "driver/low_memory.h"
 #include "driver/papi.h"
 #include "driver/parameter_block.h"
+#include "services/diagnostics.h"
 
 namespace {
 

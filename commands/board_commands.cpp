@@ -1,7 +1,7 @@
-#include "app/board_commands.h"
+#include "commands/board_commands.h"
 
-#include "app/services/diagnostics.h"
 #include "driver/papi.h"
+#include "services/diagnostics.h"
 
 void ResetHardware(HWND window) {
     ReportFailure(window, CodeOf(vdapi_AUXDEV_Initialize()), "vdapi_AUXDEV_Initialize");

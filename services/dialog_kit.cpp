@@ -1,4 +1,4 @@
-#include "app/services/dialog_kit.h"
+#include "services/dialog_kit.h"
 
 #include <cstdarg>
 #include <cstdio>

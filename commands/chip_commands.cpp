@@ -1,12 +1,10 @@
-#include "app/chip_commands.h"
+#include "commands/chip_commands.h"
 
 #include <algorithm>
 #include <array>
 #include <bit>
 #include <variant>
 
-#include "app/services/application.h"
-#include "app/services/diagnostics.h"
 #include "debug/select_device.h"
 #include "driver/debug_command.h"
 #include "driver/papi.h"
@@ -15,6 +13,8 @@
 #include "regs/monitor_device.h"
 #include "regs/select_irq.h"
 #include "res/resource.h"
+#include "services/application.h"
+#include "services/diagnostics.h"
 
 namespace {
 
