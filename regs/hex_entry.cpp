@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "services/diagnostics.h"
 #include "services/dialog_kit.h"
 #include "services/hex_field.h"
 
@@ -28,8 +29,8 @@ std::optional<uint32_t> ReadHexField(HWND dialog, int id) {
     const std::string text = FieldText(dialog, id, kNumberField);
     const std::size_t prefix = text.find(kPrefix);
     if (prefix == std::string::npos) {
-        MessageBoxA(dialog, "Invalid Param #1.\nPlease enter number of the form: 0xXXXXXXXX.",
-                    "Mem/IO Access", MB_ICONEXCLAMATION);
+        ShowBox(dialog, "Invalid Param #1.\nPlease enter number of the form: 0xXXXXXXXX.",
+                "Mem/IO Access", MB_ICONEXCLAMATION);
         return std::nullopt;
     }
     const uint32_t number = ParseHex(text.c_str() + prefix + kPrefix.size());

@@ -2,14 +2,11 @@
 
 #include <cstdio>
 
-#include "services/dialog_kit.h"
-
 namespace {
 
 struct OpenBrowser {
     const RegisterBrowser& browser;
     std::size_t row = 0;  // the one used last
-    bool busy = false;    // reading or writing a row
 };
 
 // The list's selection. A list without one leaves the row that was used last.
@@ -44,10 +41,7 @@ bool HandleListNotification(HWND dialog, int code) {
         case LBN_SELCHANGE:
         case LBN_DBLCLK:
         case LBN_SETFOCUS:
-            // The box that reports a failure gives the focus back to the list when it closes; a
-            // read that failed would open it again and again.
-            if (!StateOf<OpenBrowser>(dialog).busy)
-                ShowCurrentRow(dialog);
+            ShowCurrentRow(dialog);
             return true;
         default:
             return false;
@@ -62,6 +56,8 @@ bool HandleCommand(HWND dialog, int id, int code) {
         SetCurrentRow(dialog);
         return true;
     }
+    if (id == IDOK && browser.close != nullptr)
+        browser.close(dialog);
     if (id == IDOK || id == IDCANCEL) {
         EndDialog(dialog, id == IDOK);
         return true;
@@ -73,16 +69,19 @@ bool HandleCommand(HWND dialog, int id, int code) {
 
 INT_PTR RunBrowser(HINSTANCE instance, HWND owner, const RegisterBrowser& browser) {
     OpenBrowser open{browser};
-    return RunDialog(instance, browser.dialog, owner, {Open, {}, HandleCommand}, &open);
+    return RunDialog(instance, browser.dialog, owner,
+                     {.open = Open,
+                      .otherwise = HandleCommand,
+                      .messages = browser.messages,
+                      .end = browser.end},
+                     &open);
 }
 
 void ShowCurrentRow(HWND dialog) {
     auto& open = StateOf<OpenBrowser>(dialog);
     const RegisterBrowser& browser = open.browser;
     const std::size_t row = CurrentRow(dialog, open);
-    open.busy = true;
     const std::string value = browser.read(dialog, row).value_or(browser.failureText);
-    open.busy = false;
     SetDlgItemTextA(dialog, browser.value, value.c_str());
     if (browser.showName != nullptr)
         browser.showName(dialog, row);
@@ -94,9 +93,7 @@ void SetCurrentRow(HWND dialog) {
     auto& open = StateOf<OpenBrowser>(dialog);
     const RegisterBrowser& browser = open.browser;
     const std::size_t row = CurrentRow(dialog, open);
-    open.busy = true;
     browser.write(dialog, row, FieldText(dialog, browser.value, browser.valueBuffer));
-    open.busy = false;
 }
 
 std::string HexText(uint32_t value, int digits) {

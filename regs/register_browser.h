@@ -7,11 +7,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 
 #include "platform/win32.h"
 #include "regs/catalogue.h"
 #include "res/resource.h"
+#include "services/dialog_kit.h"
 
 struct RegisterBrowser {
     int dialog;  // the template
@@ -35,6 +37,11 @@ struct RegisterBrowser {
     void (*open)(HWND dialog) = nullptr;
     bool (*command)(HWND dialog, int id) = nullptr;
     void (*showName)(HWND dialog, std::size_t row) = nullptr;
+    // After "&Close" alone, to keep what is to be remembered; and messages and the end, however it
+    // comes, as in DialogRules.
+    void (*close)(HWND dialog) = nullptr;
+    std::span<const DialogMessage> messages = {};
+    void (*end)(HWND dialog) = nullptr;
 };
 
 // Runs a browser modally over `owner`; gives 1 after "&Close", 0 after cancel.

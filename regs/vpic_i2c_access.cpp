@@ -18,28 +18,18 @@ namespace {
 // Characters of the value field that count, with the terminator.
 constexpr std::size_t kValueField = 16;
 
-struct OpenLines {
-    bool reading = false;
-};
-
 uint16_t ChosenLine(HWND dialog) {
     return IsDlgButtonChecked(dialog, IDC_VPIC_I2C_DATA) == BST_CHECKED ? VPIC_I2C_LINE_DATA
                                                                         : VPIC_I2C_LINE_CLOCK;
 }
 
-// A failed read shows 0. The box that reports it gives the focus back to the radio button when it
-// closes, which counts as a click there; taken for one, it would open the box again and again.
+// A failed read shows 0.
 void ShowLine(HWND dialog) {
-    auto& open = StateOf<OpenLines>(dialog);
-    if (open.reading)
-        return;
-    open.reading = true;
     const LowObject<uint16_t> level;
     I2cLineGetBlock block{ChosenLine(dialog), level.Address()};
     const ResultCode code = CodeOf(vdapi_Debug(TALVERO_DBG_VPIC_TR_I2C_GET, sizeof block, &block));
     SetDlgItemTextA(dialog, IDC_VPIC_I2C_VALUE, *level != 0 ? "1" : "0");
     ReportFailure(dialog, code, "vdapi_Debug: TALVERO_DBG_VPIC_TR_I2C_GET");
-    open.reading = false;
 }
 
 // Any number but 0 raises the line.
@@ -67,6 +57,5 @@ constexpr auto kActions = std::to_array<DialogAction>({
 }  // namespace
 
 INT_PTR OpenVpicI2cAccess(HINSTANCE instance, HWND owner) {
-    OpenLines open;
-    return RunDialog(instance, IDD_VPIC_I2C_ACCESS, owner, {Open, kActions}, &open);
+    return RunDialog(instance, IDD_VPIC_I2C_ACCESS, owner, {Open, kActions});
 }

@@ -35,6 +35,7 @@ constexpr std::array kBoxStyles = {
 };
 
 uint16_t debugLevel = 0;
+int openBoxes = 0;
 std::array<const char*, kResultNames.size()> ErrorNameTable{};
 
 std::string TracePrefix(uint16_t severity) {
@@ -100,6 +101,17 @@ void ReportFailure(HWND owner, ResultCode code, const char* operation) {
                 code < ErrorNameTable.size() ? ErrorNameTable[code] : "Unknown Error");
 }
 
+int ShowBox(HWND owner, const char* text, const char* caption, UINT style) {
+    ++openBoxes;
+    const int button = MessageBoxA(owner, text, caption, style);
+    --openBoxes;
+    return button;
+}
+
+bool BoxIsOpen() {
+    return openBoxes > 0;
+}
+
 int ShowMessage(HWND owner, MessageKind kind, const char* text, const char* detail) {
     const auto index = static_cast<std::size_t>(kind);
     if (index >= kBoxStyles.size())
@@ -109,5 +121,5 @@ int ShowMessage(HWND owner, MessageKind kind, const char* text, const char* deta
         message += std::string(": \n") + detail;
     if (message.size() > kLongestMessage)
         message.resize(kLongestMessage);
-    return MessageBoxA(owner, message.c_str(), kBoxStyles[index].title, kBoxStyles[index].style);
+    return ShowBox(owner, message.c_str(), kBoxStyles[index].title, kBoxStyles[index].style);
 }

@@ -31,6 +31,12 @@ enum class MessageKind {
     kQuestion = 3,  // answered Yes or No
 };
 
+// Shows a message box and waits until it is closed; gives the button that was pressed. Dialogs call
+// this and not the system's function: they need to know whether a box is open.
+int ShowBox(HWND owner, const char* text, const char* caption, UINT style);
+// Whether one is open now.
+bool BoxIsOpen();
+
 // Shows text and detail, each of which may be null, in a message box: at most 255 characters in
 // all. Gives the button that was pressed; 0 for a kind that does not exist, which shows nothing.
 int ShowMessage(HWND owner, MessageKind kind, const char* text, const char* detail);

@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <vector>
 
+#include "services/diagnostics.h"
+
 namespace {
 
 constexpr std::size_t kFieldBuffer = 256;
@@ -11,6 +13,18 @@ constexpr std::size_t kFieldBuffer = 256;
 struct OpenDialog {
     const DialogRules& rules;
     void* state;
+    int running = 0;  // functions of the dialog's own that have not returned yet
+};
+
+class Running {
+  public:
+    explicit Running(OpenDialog& open) : open_(open) { ++open_.running; }
+    ~Running() { --open_.running; }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+
+  private:
+    OpenDialog& open_;
 };
 
 // Null until the dialog is initialised.
@@ -18,30 +32,59 @@ OpenDialog* OpenDialogOf(HWND dialog) {
     return reinterpret_cast<OpenDialog*>(GetWindowLongPtrA(dialog, DWLP_USER));
 }
 
-bool Answer(HWND dialog, int id, int code) {
-    const OpenDialog* open = OpenDialogOf(dialog);
-    if (open == nullptr)
+void Begin(HWND dialog, OpenDialog& open) {
+    const Running running(open);
+    SetWindowLongPtrA(dialog, DWLP_USER, reinterpret_cast<LONG_PTR>(&open));
+    if (open.rules.open != nullptr)
+        open.rules.open(dialog);
+}
+
+void End(HWND dialog, OpenDialog& open) {
+    const Running running(open);
+    if (open.rules.end != nullptr)
+        open.rules.end(dialog);
+}
+
+bool AnswerCommand(HWND dialog, OpenDialog& open, int id, int code) {
+    if (open.running > 0 && BoxIsOpen())
         return false;
-    for (const DialogAction& action : open->rules.actions) {
+    const Running running(open);
+    for (const DialogAction& action : open.rules.actions) {
         if (action.id == id && action.code == code) {
             action.run(dialog);
             return true;
         }
     }
-    return open->rules.otherwise != nullptr && open->rules.otherwise(dialog, id, code);
+    return open.rules.otherwise != nullptr && open.rules.otherwise(dialog, id, code);
+}
+
+bool AnswerMessage(HWND dialog, OpenDialog& open, UINT message, WPARAM wParam, LPARAM lParam) {
+    const Running running(open);
+    for (const DialogMessage& named : open.rules.messages) {
+        if (named.message == message) {
+            named.run(dialog, wParam, lParam);
+            return true;
+        }
+    }
+    return false;
 }
 
 INT_PTR CALLBACK DialogProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG) {
+        Begin(dialog, *reinterpret_cast<OpenDialog*>(lParam));
+        return TRUE;
+    }
+    OpenDialog* const open = OpenDialogOf(dialog);
+    if (open == nullptr)
+        return FALSE;
     switch (message) {
-        case WM_INITDIALOG:
-            SetWindowLongPtrA(dialog, DWLP_USER, lParam);
-            if (const auto open = OpenDialogOf(dialog)->rules.open; open != nullptr)
-                open(dialog);
-            return TRUE;
         case WM_COMMAND:
-            return Answer(dialog, LOWORD(wParam), HIWORD(wParam));
+            return AnswerCommand(dialog, *open, LOWORD(wParam), HIWORD(wParam));
+        case WM_DESTROY:
+            End(dialog, *open);
+            return TRUE;
         default:
-            return FALSE;
+            return AnswerMessage(dialog, *open, message, wParam, lParam);
     }
 }
 

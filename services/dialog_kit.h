@@ -14,13 +14,27 @@ struct DialogAction {
     int code = BN_CLICKED;  // also the code of Enter and Escape
 };
 
+// What any other message makes a dialog do, which is all that is done about it: WM_TIMER, WM_PAINT,
+// the mouse's, those that the driver posts.
+struct DialogMessage {
+    UINT message;
+    void (*run)(HWND dialog, WPARAM wParam, LPARAM lParam);
+};
+
 // What a dialog does. What it does not name is left to Windows.
+//
+// While a message box that it opened itself is shown, a dialog answers no notification: the box
+// takes the focus and gives it back, and what the controls tell of that would report the failure
+// behind the box again and again.
 struct DialogRules {
     // Fills the controls before the dialog is shown; null where the template says it all.
     void (*open)(HWND dialog) = nullptr;
     std::span<const DialogAction> actions = {};
     // Answers the notifications that `actions` does not name; whether there was an answer.
     bool (*otherwise)(HWND dialog, int id, int code) = nullptr;
+    std::span<const DialogMessage> messages = {};
+    // Gives back what `open` took, whichever way the dialog ends; the controls still exist.
+    void (*end)(HWND dialog) = nullptr;
 };
 
 // Runs a dialog of the program's resources; gives what it was ended with, -1 if it cannot be shown.

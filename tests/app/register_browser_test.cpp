@@ -1,10 +1,14 @@
 // The register browsers.
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <ostream>
 #include <set>
+#include <string>
 #include <tuple>
 
+#include "regs/register_browser.h"
 #include "res/resource.h"
 #include "services/application.h"
 #include "tests/app/dialog_test.h"
@@ -314,6 +318,45 @@ TEST_F(OneBrowser, AFeatureIsSwitchedOffByAValueWhoseLow16BitsAre0) {
     board::FailAlways("vdapi_AUXDEV_Deactivate", VXD_CRIT_ERROR);
     Set("0x0");
     kit::MeetBox(kWarning, "vdapi_AUXDEV_Deactivate: \nVXD_CRIT_ERROR");
+}
+
+// --- What a browser may add ---
+
+std::string happened;
+
+constexpr auto kOneRow = std::to_array<RegisterRow>({{"LEVEL", 0x2008C}});
+constexpr auto kLevelMessages = std::to_array<DialogMessage>({
+    {WM_TIMER, [](HWND, WPARAM timer, LPARAM) { happened += " tick " + std::to_string(timer); }},
+    {WM_RBUTTONDBLCLK, [](HWND, WPARAM, LPARAM) { happened += " click"; }},
+});
+
+constexpr ::RegisterBrowser kLevelBrowser{
+    .dialog = IDD_SAEC_PORTS,
+    .list = IDC_BROWSER_LIST,
+    .value = IDC_BROWSER_VALUE,
+    .name = IDC_BROWSER_NAME,
+    .catalogue = kCatalogueOf<kOneRow>,
+    .read = [](HWND, std::size_t) { return std::optional<std::string>("0x0A"); },
+    .failureText = "",
+    .write = [](HWND, std::size_t, const std::string&) {},
+    .close = [](HWND) { happened += " keep"; },
+    .messages = kLevelMessages,
+    .end =
+        [](HWND dialog) {
+            happened += GetDlgItem(dialog, IDC_BROWSER_LIST) != nullptr ? " end" : " late";
+        },
+};
+
+TEST_F(OneBrowser, TakesMessagesAndTellsHowItEnds) {
+    for (const bool byKey : {false, true}) {
+        kit::BeginStep([] { RunBrowser(GetModuleHandleA(nullptr), MainWindow, kLevelBrowser); });
+        const kit::Dialog dialog = kit::WaitForDialog("Siemens AEC Ports");
+        happened.clear();
+        PostMessageA(dialog.Handle(), WM_TIMER, 2, 0);
+        PostMessageA(dialog.Handle(), WM_RBUTTONDBLCLK, 0, 0);
+        byKey ? dialog.Key(VK_ESCAPE) : dialog.Press(IDOK);
+        EXPECT_EQ(happened, byKey ? " tick 2 click end" : " tick 2 click keep end");
+    }
 }
 
 // --- Coefficients ---
