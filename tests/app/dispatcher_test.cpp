@@ -43,7 +43,7 @@ TEST(Dispatcher, FullResetResetsTheHardwareWhateverTheStartSays) {
 TEST(Dispatcher, ExitClosesTheUtility) {
     kit::Utility utility;
     utility.Choose(IDM_FILE_EXIT);
-    EXPECT_EQ(utility.Close(), 0);
+    EXPECT_EQ(utility.WaitForEnd(), 0);
 }
 
 TEST(Dialogs, TellHowTheyWereClosedWhereItMatters) {

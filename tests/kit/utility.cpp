@@ -28,10 +28,6 @@ std::future<int> StartWinMain(HINSTANCE previousInstance, std::function<void()> 
     });
 }
 
-bool HasEnded(const std::future<int>& exitCode) {
-    return exitCode.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
-}
-
 }  // namespace
 
 Utility::Utility() {
@@ -111,8 +107,8 @@ std::string Utility::MenuBar() const {
 }
 
 int Utility::Close() {
-    if (!HasEnded(exitCode_))
-        PostMessageA(Window(), WM_CLOSE, 0, 0);
+    // It may be ending already.
+    TryStep([] { PostMessageA(MainWindowHandle(), WM_CLOSE, 0, 0); });
     return WaitForEnd();
 }
 
