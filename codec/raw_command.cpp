@@ -4,13 +4,12 @@
 
 #include <array>
 #include <cstdint>
-#include <cstdlib>
-#include <string>
 
 #include "driver/firmware_command.h"
 #include "driver/papi.h"
 #include "res/resource.h"
 #include "services/dialog_kit.h"
+#include "services/number_field.h"
 
 namespace {
 
@@ -132,22 +131,8 @@ constexpr auto kAudioParameters = std::to_array<NamedNumber>({
 
 #undef BY_NAME
 
-// The base that a number's beginning tells. Left to itself, the C library may know further ones.
-int BaseOf(const std::string& text) {
-    const std::size_t digits = text.find_first_not_of(" \t+-");
-    if (digits == std::string::npos || text[digits] != '0')
-        return 10;
-    const char next = digits + 1 < text.size() ? text[digits + 1] : '\0';
-    return next == 'x' || next == 'X' ? 16 : 8;
-}
-
-// A number in its own base: 0x hexadecimal, 0 octal, else decimal, as far as it goes; 0 where there
-// is none. One that does not fit 32 bits gives the greatest number.
 uint32_t ReadNumber(HWND dialog, int id) {
-    const std::string text = FieldText(dialog, id, kNumberField);
-    // No text this short can overflow 64 bits.
-    const long long number = std::strtoll(text.c_str(), nullptr, BaseOf(text));
-    return std::llabs(number) > UINT32_MAX ? UINT32_MAX : static_cast<uint32_t>(number);
+    return ParseAnyBase(FieldText(dialog, id, kNumberField));
 }
 
 void EnableField(HWND dialog, int id, bool enable) {

@@ -12,7 +12,7 @@
 #include "services/application.h"
 #include "services/diagnostics.h"
 #include "services/dialog_kit.h"
-#include "services/hex_field.h"
+#include "services/number_field.h"
 
 namespace {
 

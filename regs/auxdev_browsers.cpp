@@ -8,7 +8,7 @@
 #include "regs/auxdev_catalogue.h"
 #include "regs/register_browser.h"
 #include "services/diagnostics.h"
-#include "services/hex_field.h"
+#include "services/number_field.h"
 
 namespace {
 

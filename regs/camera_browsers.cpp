@@ -10,7 +10,7 @@
 #include "regs/camera_catalogue.h"
 #include "regs/register_browser.h"
 #include "services/diagnostics.h"
-#include "services/hex_field.h"
+#include "services/number_field.h"
 
 namespace {
 

@@ -13,7 +13,7 @@
 #include "res/resource.h"
 #include "services/diagnostics.h"
 #include "services/dialog_kit.h"
-#include "services/hex_field.h"
+#include "services/number_field.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include "regs/hex_entry.h"
 #include "res/resource.h"
 #include "services/dialog_kit.h"
-#include "services/hex_field.h"
+#include "services/number_field.h"
 
 namespace {
 

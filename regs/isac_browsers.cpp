@@ -15,7 +15,7 @@
 #include "regs/register_browser.h"
 #include "services/application.h"
 #include "services/diagnostics.h"
-#include "services/hex_field.h"
+#include "services/number_field.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include "driver/papi.h"
 #include "res/resource.h"
 #include "services/dialog_kit.h"
-#include "services/hex_field.h"
+#include "services/number_field.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include "regs/saec_catalogue.h"
 #include "services/diagnostics.h"
 #include "services/dialog_kit.h"
-#include "services/hex_field.h"
+#include "services/number_field.h"
 
 namespace {
 

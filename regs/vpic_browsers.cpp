@@ -11,7 +11,7 @@
 #include "regs/register_browser.h"
 #include "regs/vpic_catalogue.h"
 #include "services/diagnostics.h"
-#include "services/hex_field.h"
+#include "services/number_field.h"
 
 namespace {
 

@@ -3,7 +3,6 @@
 
 #include <array>
 #include <cstdint>
-#include <cstdlib>
 
 #include "driver/debug_command.h"
 #include "driver/low_memory.h"
@@ -12,6 +11,7 @@
 #include "res/resource.h"
 #include "services/diagnostics.h"
 #include "services/dialog_kit.h"
+#include "services/number_field.h"
 
 namespace {
 
@@ -34,8 +34,8 @@ void ShowLine(HWND dialog) {
 
 // Any number but 0 raises the line.
 void SetLine(HWND dialog) {
-    const std::string text = FieldText(dialog, IDC_VPIC_I2C_VALUE, kValueField);
-    const uint16_t level = std::strtol(text.c_str(), nullptr, 10) != 0 ? 1 : 0;
+    const uint16_t level =
+        ParseDecimal(FieldText(dialog, IDC_VPIC_I2C_VALUE, kValueField)) != 0 ? 1 : 0;
     I2cLineSetBlock block{ChosenLine(dialog), level};
     ReportFailure(dialog, CodeOf(vdapi_Debug(TALVERO_DBG_VPIC_TR_I2C_SET, sizeof block, &block)),
                   "vdapi_Debug: TALVERO_DBG_VPIC_TR_I2C_SET");
