@@ -27,14 +27,14 @@ constexpr std::array kDataFields = {IDC_EPROM_DATA_1, IDC_EPROM_DATA_2, IDC_EPRO
 
 constexpr auto kRemembered = std::to_array<RememberedHexField>({
     {IDC_EPROM_ADDRESS, setting::kEpromAddress},
-    {IDC_EPROM_DATA_1, setting::kEpromData[0]},
-    {IDC_EPROM_DATA_2, setting::kEpromData[1]},
-    {IDC_EPROM_DATA_3, setting::kEpromData[2]},
-    {IDC_EPROM_DATA_4, setting::kEpromData[3]},
-    {IDC_EPROM_DATA_5, setting::kEpromData[4]},
-    {IDC_EPROM_DATA_6, setting::kEpromData[5]},
-    {IDC_EPROM_DATA_7, setting::kEpromData[6]},
-    {IDC_EPROM_DATA_8, setting::kEpromData[7]},
+    {IDC_EPROM_DATA_1, setting::kEpromData[1]},
+    {IDC_EPROM_DATA_2, setting::kEpromData[2]},
+    {IDC_EPROM_DATA_3, setting::kEpromData[3]},
+    {IDC_EPROM_DATA_4, setting::kEpromData[4]},
+    {IDC_EPROM_DATA_5, setting::kEpromData[5]},
+    {IDC_EPROM_DATA_6, setting::kEpromData[6]},
+    {IDC_EPROM_DATA_7, setting::kEpromData[7]},
+    {IDC_EPROM_DATA_8, setting::kEpromData[8]},
     {IDC_EPROM_LENGTH, setting::kEpromLength},
 });
 

@@ -3,16 +3,26 @@
 // when the write returns. A failed write is not noticed. User-interface thread.
 #pragma once
 
-#include <array>
+#include <cstddef>
+#include <string>
 
-// A number that stands as text under a key of a section of a file. Files named without a folder
-// live where the system keeps its profile files.
-struct IntegerSetting {
+// A value that stands as text under a key of a section of a file. Files named without a folder
+// live where the system keeps its profile files. A key with "%d" in it is a series: one value for
+// each number, which stands in that place, as in kEpromData[3].
+template <typename Value>
+struct Setting {
     const char* file;
     const char* section;
     const char* key;
-    int defaultValue;
+    Value defaultValue;
+    int number = 0;
+
+    constexpr Setting operator[](int which) const {
+        return {file, section, key, defaultValue, which};
+    }
 };
+using IntegerSetting = Setting<int>;
+using TextSetting = Setting<const char*>;
 
 namespace setting {
 
@@ -35,16 +45,7 @@ inline constexpr IntegerSetting kI2cOperation{kOwnFile, "I2CAccess", "Operation"
 
 // The EEPROM transfers. The operation is its button's number: 1070 reads, 1071 writes.
 inline constexpr IntegerSetting kEpromAddress{kOwnFile, "EPROM DLG", "Address", 0};
-inline constexpr std::array kEpromData = {
-    IntegerSetting{kOwnFile, "EPROM DLG", "Data1", 0},
-    IntegerSetting{kOwnFile, "EPROM DLG", "Data2", 0},
-    IntegerSetting{kOwnFile, "EPROM DLG", "Data3", 0},
-    IntegerSetting{kOwnFile, "EPROM DLG", "Data4", 0},
-    IntegerSetting{kOwnFile, "EPROM DLG", "Data5", 0},
-    IntegerSetting{kOwnFile, "EPROM DLG", "Data6", 0},
-    IntegerSetting{kOwnFile, "EPROM DLG", "Data7", 0},
-    IntegerSetting{kOwnFile, "EPROM DLG", "Data8", 0},
-};
+inline constexpr IntegerSetting kEpromData{kOwnFile, "EPROM DLG", "Data%d", 0};  // 1 to 8
 inline constexpr IntegerSetting kEpromLength{kOwnFile, "EPROM DLG", "Length", 1};
 inline constexpr IntegerSetting kEpromOperation{kOwnFile, "EPROM DLG", "Operation", 1070};
 
@@ -53,3 +54,8 @@ inline constexpr IntegerSetting kEpromOperation{kOwnFile, "EPROM DLG", "Operatio
 // The leading digits of what stands there, the default where the key is absent.
 int ReadSetting(const IntegerSetting& setting);
 void WriteSetting(const IntegerSetting& setting, int value);
+
+// The text that stands there, cut to `capacity` - 1 characters; the default where the key is
+// absent.
+std::string ReadSetting(const TextSetting& setting, std::size_t capacity);
+void WriteSetting(const TextSetting& setting, const std::string& text);
