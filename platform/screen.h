@@ -121,6 +121,8 @@ class Screen {
     virtual void SetIcon(WidgetId id, const Pixels& icon) = 0;
 
     // Top-level windows.
+    // Brings a window to the front and asks the desktop to make it the active one. The core takes
+    // it for active from now on; only what differs from that is reported by input::Activated.
     virtual void Raise(WidgetId id) = 0;
     virtual void SetTopmost(WidgetId id, bool topmost) = 0;
     virtual void SetMaximumSize(WidgetId id, Size size) = 0;
@@ -177,6 +179,8 @@ void Dropped(WidgetId combo, bool dropped);
 void Scrolled(WidgetId bar, std::uint32_t code, int position);
 // The focus went to a control by other means than the core's.
 void Focused(WidgetId id);
+// The desktop made a window the active one, or took that from it. Never answered by a request,
+// unless the window is disabled.
 void Activated(WidgetId window, bool active);
 void CloseRequested(WidgetId window);
 void Placed(WidgetId window, const Rect& rect);

@@ -5,6 +5,7 @@ set -euo pipefail
 build_packages=(g++ cmake ninja-build googletest llvm qt6-base-dev libgl-dev
     fonts-dejavu-core)
 bench_packages=(libbenchmark-dev)
+desktop_packages=(xvfb openbox xdotool)
 
 say() { printf '== %s\n' "$*"; }
 

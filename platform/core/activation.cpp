@@ -8,15 +8,57 @@
 namespace vxd {
 namespace {
 
-// The window that becomes active when another one goes: its owner, else the frontmost one.
+bool CanBeActive(const Window& window) {
+    return window.IsVisible() && window.IsEnabled() && !window.destroying;
+}
+
+// The window that becomes active when another one goes: its owner, else the frontmost one. An owner
+// may be disabled for another dialog's sake.
 Window* Successor(const Window& going) {
-    if (Window* owner = FindWindowOf(going.owner); owner != nullptr && owner->IsVisible())
+    if (Window* owner = FindWindowOf(going.owner); owner != nullptr && CanBeActive(*owner))
         return owner;
     for (Window* window : TheDesk().topLevel) {
-        if (window != &going && window->IsVisible() && window->IsEnabled() && !window->destroying)
+        if (window != &going && CanBeActive(*window))
             return window;
     }
     return nullptr;
+}
+
+// The frontmost window that takes input and lies, by its owners, over the given one.
+Window* FrontOf(const Window& window) {
+    const auto isOver = [&window](const Window* at) {
+        while (at != nullptr && at != &window)
+            at = FindWindowOf(at->owner);
+        return at != nullptr;
+    };
+    const auto& order = TheDesk().topLevel;
+    const auto front = std::find_if(order.begin(), order.end(), [&isOver](const Window* each) {
+        return CanBeActive(*each) && isOver(each);
+    });
+    return front != order.end() ? *front : nullptr;
+}
+
+enum class Origin { kProgram, kDesktop };
+
+void MakeActive(Window* window, Origin origin) {
+    Desk& desk = TheDesk();
+    const HWND next = window != nullptr ? window->handle : nullptr;
+    if (desk.active == next)
+        return;
+    const HWND previous = desk.active;
+    desk.active = next;
+    if (Window* old = FindWindowOf(previous); old != nullptr)
+        Call(*old, WM_ACTIVATE, WA_INACTIVE, reinterpret_cast<LPARAM>(next));
+    Window* still = FindWindowOf(next);
+    if (still == nullptr || desk.active != next) {
+        if (next == nullptr)
+            SetFocus(nullptr);
+        return;
+    }
+    MoveToFront(*still);
+    if (origin == Origin::kProgram)
+        CurrentScreen().Raise(still->Widget());
+    Call(*still, WM_ACTIVATE, WA_ACTIVE, reinterpret_cast<LPARAM>(previous));
 }
 
 bool HasFocusInside(const Window& window) {
@@ -59,23 +101,19 @@ void TakeFromScreen(Window& window) {
 }
 
 void Activate(Window* window) {
-    Desk& desk = TheDesk();
-    const HWND next = window != nullptr ? window->handle : nullptr;
-    if (desk.active == next)
+    MakeActive(window, Origin::kProgram);
+}
+
+void ActivatedByDesktop(Window* window) {
+    if (window == nullptr || window->IsEnabled())
+        return MakeActive(window, Origin::kDesktop);
+    Window* front = FrontOf(*window);
+    if (front == nullptr)
         return;
-    const HWND previous = desk.active;
-    desk.active = next;
-    if (Window* old = FindWindowOf(previous); old != nullptr)
-        Call(*old, WM_ACTIVATE, WA_INACTIVE, reinterpret_cast<LPARAM>(next));
-    Window* still = FindWindowOf(next);
-    if (still == nullptr || desk.active != next) {
-        if (next == nullptr)
-            SetFocus(nullptr);
-        return;
-    }
-    MoveToFront(*still);
-    CurrentScreen().Raise(still->Widget());
-    Call(*still, WM_ACTIVATE, WA_ACTIVE, reinterpret_cast<LPARAM>(previous));
+    const HWND handle = front->handle;
+    MakeActive(front, Origin::kDesktop);
+    if (IsLiveWindow(handle))
+        CurrentScreen().Raise(HandleNumber(handle));
 }
 
 }  // namespace vxd

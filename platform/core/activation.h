@@ -11,8 +11,13 @@ HWND FocusedWindow();
 // Takes the focus from a window and all in it. Its heir may refuse it.
 void LeaveFocus(HWND window, HWND heir);
 
-// Whether a top-level window is the active one is told by the screen or by ShowWindow.
+// Makes a top-level window the active one, as the program asks, and asks the desktop to follow.
+// Null for no window.
 void Activate(Window* window);
+// The desktop has made a top-level window the active one, or none. It is not asked in return, or
+// two windows could take turns for ever: but for a disabled window, whose keyboard belongs to the
+// one that lies over it.
+void ActivatedByDesktop(Window* window);
 // Puts a top-level window before all others, as far as the core knows their order.
 void MoveToFront(Window& window);
 // Hides a top-level window without telling it, and gives up being active.

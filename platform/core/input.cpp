@@ -71,10 +71,10 @@ void Focused(WidgetId id) {
 
 void Activated(WidgetId window, bool active) {
     Queue(window, [active](Window& changed) {
-        if (active && changed.IsEnabled())
-            Activate(&changed);
-        else if (!active && GetActiveWindow() == changed.handle)
-            Activate(nullptr);
+        if (active)
+            ActivatedByDesktop(&changed);
+        else if (GetActiveWindow() == changed.handle)
+            ActivatedByDesktop(nullptr);
     });
 }
 

@@ -7,8 +7,8 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QTimer>
-#include <QWindow>
 #include <algorithm>
+#include <chrono>
 #include <vector>
 
 #include "platform/qt/control.h"
@@ -21,6 +21,14 @@ namespace vxd {
 
 using qt::Control;
 using qt::TopLevel;
+
+namespace {
+
+// A desktop that has not made a window active by then has refused to. Until then it may still be
+// carrying out earlier requests.
+constexpr std::chrono::milliseconds kLongestAnswer{500};
+
+}  // namespace
 
 class QtScreen::Watcher : public QObject {
   public:
@@ -36,12 +44,12 @@ class QtScreen::Watcher : public QObject {
 
 QtScreen::QtScreen()
     : report_([this] { ReportActivation(); }),
+      answerTime_(std::make_unique<QTimer>()),
       dispatcher_(QAbstractEventDispatcher::instance()),
       timeLimit_(std::make_unique<QTimer>()),
       watcher_(std::make_unique<Watcher>(*this)) {
     timeLimit_->setSingleShot(true);
-    QObject::connect(qApp, &QGuiApplication::focusWindowChanged, watcher_.get(),
-                     [this](QWindow* window) { PassOnKeyboard(window); });
+    answerTime_->setSingleShot(true);
 }
 
 QtScreen::~QtScreen() {
@@ -54,6 +62,7 @@ void QtScreen::Retire() {
         Destroy(controls_.begin()->first);
     heldKeys_.clear();
     timeLimit_.reset();
+    answerTime_.reset();
     watcher_.reset();
     const std::lock_guard lock(wakeMutex_);
     dispatcher_ = nullptr;
@@ -138,8 +147,8 @@ void QtScreen::Destroy(WidgetId id) {
     const auto found = controls_.find(id);
     if (found == controls_.end())
         return;
-    if (reportedActive_ == id)
-        reportedActive_ = 0;
+    if (active_ == id)
+        active_ = 0;
     byWidget_.erase(&found->second->Widget());
     controls_.erase(found);
 }
@@ -177,8 +186,10 @@ void QtScreen::SetIcon(WidgetId id, const Pixels& icon) {
 // Top-level windows.
 
 void QtScreen::Raise(WidgetId id) {
-    if (TopLevel* top = FindTopLevel(id); top != nullptr)
-        top->Raise();
+    if (TopLevel* top = FindTopLevel(id); top != nullptr && top->Raise()) {
+        active_ = id;
+        answerTime_->start(kLongestAnswer);
+    }
 }
 
 void QtScreen::SetTopmost(WidgetId id, bool topmost) {
@@ -416,32 +427,28 @@ void QtScreen::ReportFocus(const QWidget& receiver, const QEvent& event) {
         report_(input::Focused, control->Id());
 }
 
-// The keyboard belongs to the dialog in front of a disabled window, whichever of them was clicked.
-void QtScreen::PassOnKeyboard(const QWindow* window) {
-    for (const auto& [id, front] : controls_) {
-        QWidget& widget = front->Widget();
-        const QWidget* behind = NativeWidget(front->Holder());
-        if (window != nullptr && widget.isWindow() && widget.isVisible() && behind != nullptr &&
-            behind->windowHandle() == window && IsShutOut(*behind))
-            widget.activateWindow();
-    }
-}
-
-// Tells which window is active now if that is another one than was told last. What changed twice in
-// the meantime is told once, or two windows could activate each other for ever.
+// Reports which window is active now if the core takes another one for active. What the desktop
+// does on the way to what it was asked for is none of the core's business. That a disabled window
+// is active is reported once: the core asks for another one in its place, which the desktop may
+// refuse.
 void QtScreen::ReportActivation() {
     const QWidget* window = QApplication::activeWindow();
     const Control* control = ControlOf(window);
     if (window != nullptr && control == nullptr)
         return;
     const WidgetId active = control != nullptr ? control->Id() : 0;
-    if (active == reportedActive_)
+    const bool toldAsDisabled = active != 0 && active == disabledActive_;
+    if (!toldAsDisabled)
+        disabledActive_ = 0;
+    if (active == active_ || answerTime_->isActive() || (toldAsDisabled && IsShutOut(*window)))
         return;
-    const WidgetId before = std::exchange(reportedActive_, active);
-    if (before != 0)
-        report_(input::Activated, before, false);
+    if (active != 0 && IsShutOut(*window))
+        disabledActive_ = active;
+    const WidgetId before = std::exchange(active_, active);
     if (active != 0)
         report_(input::Activated, active, true);
+    else
+        report_(input::Activated, before, false);
 }
 
 }  // namespace vxd

@@ -21,7 +21,6 @@ class QMenu;
 class QObject;
 class QTimer;
 class QWidget;
-class QWindow;
 
 namespace vxd {
 namespace qt {
@@ -97,7 +96,6 @@ class QtScreen final : public Screen {
     bool OfferKey(QWidget& receiver, const QKeyEvent& event);
     bool IsShutOut(const QWidget& receiver) const;
     void ReportFocus(const QWidget& receiver, const QEvent& event);
-    void PassOnKeyboard(const QWindow* window);
     void ReportActivation();
     void DeliverHeldKeys();
 
@@ -111,7 +109,12 @@ class QtScreen final : public Screen {
     // The key that an open menu or list was asked about last. It may close at that already; the
     // press of the key follows.
     int popupKey_ = 0;
-    WidgetId reportedActive_ = 0;
+    // The window that the core takes for the active one, as far as it was asked for or reported.
+    WidgetId active_ = 0;
+    // A disabled window that was reported as active.
+    WidgetId disabledActive_ = 0;
+    // Runs while the desktop may still answer a request for another active window.
+    std::unique_ptr<QTimer> answerTime_;
     std::unique_ptr<QMenu> popup_;
     std::mutex wakeMutex_;                  // Wake uses the dispatcher on other threads
     QAbstractEventDispatcher* dispatcher_;  // null once retired

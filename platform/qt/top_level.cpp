@@ -201,11 +201,14 @@ void TopLevel::Draw(const Pixels& pixels, const Rect& changed) {
         Native().Client()->Draw(pixels, changed);
 }
 
-void TopLevel::Raise() {
+bool TopLevel::Raise() {
     if (!IsOffscreen())
         Widget().raise();
-    if (Widget().isVisible() && QApplication::activeWindow() != &Widget())
+    if (!Widget().isVisible())
+        return false;
+    if (QApplication::activeWindow() != &Widget())
         Widget().activateWindow();
+    return true;
 }
 
 void TopLevel::SetTopmost(bool topmost) {

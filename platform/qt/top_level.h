@@ -24,7 +24,9 @@ class TopLevel : public Control {
 
     // A disabled window keeps its looks; the screen keeps all input from it.
     bool TakesInput() const { return takesInput_; }
-    void Raise();
+    // Brings the window to the front and asks for the keyboard; false for a hidden window, which
+    // gets both when it is shown.
+    bool Raise();
     void SetTopmost(bool topmost);
     void SetMaximumSize(Size size);
     void SetMenuBar(const std::vector<MenuView>& menu);

@@ -1,0 +1,142 @@
+// Activation on the Qt screen, offscreen and under a window manager alike.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTest>
+#include <QWindow>
+#include <chrono>
+#include <cstdlib>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "tests/kit/dialog.h"
+#include "tests/kit/user_interface.h"
+#include "tests/qt/native.h"
+
+namespace {
+
+using kit::OnUserInterface;
+
+// How often a window of the test became the active one. User-interface thread.
+int theActivations = 0;
+
+LRESULT CALLBACK CountingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_ACTIVATE && LOWORD(wParam) != WA_INACTIVE)
+        ++theActivations;
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+HWND MakeWindow(int x) {
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = CountingProcedure;
+    windowClass.hInstance = GetModuleHandleA(nullptr);
+    windowClass.lpszClassName = "Counting";
+    RegisterClassA(&windowClass);
+    return CreateWindowExA(0, "Counting", "Counting", WS_OVERLAPPEDWINDOW | WS_VISIBLE, x, 100, 200,
+                           100, nullptr, nullptr, windowClass.hInstance, nullptr);
+}
+
+class ActivationTest : public testing::Test {
+  protected:
+    ActivationTest()
+        : program_(kit::StartProgram([this] {
+              for (const int x : {100, 350, 600})
+                  windows_.push_back(MakeWindow(x));
+              MSG message;
+              while (GetMessageA(&message, nullptr, 0, 0)) {
+                  TranslateMessage(&message);
+                  DispatchMessageA(&message);
+              }
+              return 0;
+          })) {
+        WaitForRest();
+    }
+
+    ~ActivationTest() override {
+        kit::RunStep([] { PostQuitMessage(0); });
+        program_.get();
+    }
+
+    // Waits until the active window has been the same for a while; gives how often a window became
+    // active meanwhile, and gives up when that goes on.
+    static int WaitForRest() {
+        constexpr std::chrono::milliseconds kWhile{700};
+        constexpr int kForEver = 100;
+        const int before = OnUserInterface([] { return std::exchange(theActivations, 0); });
+        std::this_thread::sleep_for(kWhile);
+        const int now = OnUserInterface([] { return theActivations; });
+        if (now == 0 || before > kForEver)
+            return before;
+        OnUserInterface([before] { theActivations += before; });
+        return WaitForRest();
+    }
+
+    static bool HasWindowManager() { return QGuiApplication::platformName() == "xcb"; }
+
+    // A real key where there is a desktop to press it on.
+    static void PressReturn() {
+        if (HasWindowManager())
+            ASSERT_EQ(std::system("xdotool key Return"), 0);
+        else
+            native::Press(Qt::Key_Return);
+        WaitForRest();
+    }
+
+    static void ExpectActive(HWND window) {
+        OnUserInterface([window] {
+            EXPECT_EQ(GetActiveWindow(), window);
+            EXPECT_EQ(QApplication::activeWindow(), native::WidgetOf(window));
+        });
+    }
+
+    std::vector<HWND> windows_;
+
+  private:
+    std::future<int> program_;
+};
+
+TEST_F(ActivationTest, IsAskedForFasterThanTheDesktopAnswersAndComesToRest) {
+    OnUserInterface([this] {
+        theActivations = 0;
+        for (int round = 0; round < 5; ++round) {
+            for (const HWND window : windows_)
+                SetFocus(window);
+        }
+        SetFocus(windows_.front());
+    });
+    EXPECT_EQ(WaitForRest(), 16) << "each is told once, by its request";
+    ExpectActive(windows_.front());
+    // A person's choice counts as well as the program's.
+    native::Do([this] { native::WidgetOf(windows_[1])->windowHandle()->requestActivate(); });
+    EXPECT_EQ(WaitForRest(), 1);
+    ExpectActive(windows_[1]);
+}
+
+TEST_F(ActivationTest, OfABoxOverAnotherOneOfTheSameOwnerKeepsAndReturnsTheKeyboard) {
+    std::vector<std::string> answered;
+    const auto ask = [&](const char* title) {
+        kit::BeginStep([=, this, &answered] {
+            MessageBoxA(windows_.front(), "Text", title, MB_OK);
+            answered.emplace_back(title);
+        });
+        return kit::WaitForDialog(title);
+    };
+    const kit::Dialog under = ask("Under");
+    WaitForRest();
+    const kit::Dialog over = ask("Over");
+    EXPECT_LE(WaitForRest(), 2);
+    ExpectActive(over.Handle());
+    // The owner is disabled, and the desktop is told so.
+    native::Do([this] { native::WidgetOf(windows_.front())->windowHandle()->requestActivate(); });
+    WaitForRest();
+    ExpectActive(over.Handle());
+    PressReturn();
+    ExpectActive(under.Handle());
+    PressReturn();
+    ExpectActive(windows_.front());
+    EXPECT_EQ(OnUserInterface([&] { return answered; }),
+              (std::vector<std::string>{"Over", "Under"}));
+}
+
+}  // namespace
