@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <tuple>
 
 #include "codec/raw_command.h"
 #include "commands/arcofi_loops.h"
 #include "commands/board_commands.h"
 #include "commands/board_menu.h"
+#include "commands/chip_command_tables.h"
 #include "commands/chip_commands.h"
 #include "commands/debug_level_commands.h"
 #include "commands/led.h"
@@ -122,6 +124,20 @@ constexpr std::array kCommands = {
     Command{IDM_MENU_OLDER, Run<ChooseOlderMenu>},
     Command{IDM_MENU_NEWER, Run<ChooseNewerMenu>},
 };
+
+// Whether no command stands twice in the tables.
+template <typename... Tables>
+constexpr bool NoneStandsTwice(const Tables&... tables) {
+    std::array<uint32_t, (std::tuple_size_v<Tables> + ...)> ids{};
+    auto next = ids.begin();
+    ((next = std::ranges::transform(tables, next, [](const auto& row) { return row.id; }).out),
+     ...);
+    std::ranges::sort(ids);
+    return std::ranges::adjacent_find(ids) == ids.end();
+}
+static_assert(NoneStandsTwice(kCommands, chip::kDebugCommands, chip::kFixedCommands,
+                              chip::kChoiceCommands, chip::kOperations,
+                              chip::kOperationsWithArgument, chip::kUnsupportedCommands));
 
 }  // namespace
 
