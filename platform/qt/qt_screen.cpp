@@ -188,6 +188,7 @@ void QtScreen::SetIcon(WidgetId id, const Pixels& icon) {
 void QtScreen::Raise(WidgetId id) {
     if (TopLevel* top = FindTopLevel(id); top != nullptr && top->Raise()) {
         active_ = id;
+        requests_ = answerTime_->isActive() ? requests_ + 1 : 1;
         answerTime_->start(kLongestAnswer);
     }
 }
@@ -440,9 +441,16 @@ void QtScreen::ReportActivation() {
     const bool toldAsDisabled = active != 0 && active == disabledActive_;
     if (!toldAsDisabled)
         disabledActive_ = 0;
-    if (active == active_ || answerTime_->isActive() || (toldAsDisabled && IsShutOut(*window)))
+    if (active == active_) {
+        // After several requests the desktop may be carrying out any of them.
+        if (requests_ == 1)
+            answerTime_->stop();
         return;
-    if (active != 0 && IsShutOut(*window))
+    }
+    const bool isDisabled = active != 0 && IsShutOut(*window);
+    if (isDisabled ? toldAsDisabled : answerTime_->isActive())
+        return;
+    if (isDisabled)
         disabledActive_ = active;
     const WidgetId before = std::exchange(active_, active);
     if (active != 0)

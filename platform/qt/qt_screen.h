@@ -115,6 +115,7 @@ class QtScreen final : public Screen {
     WidgetId disabledActive_ = 0;
     // Runs while the desktop may still answer a request for another active window.
     std::unique_ptr<QTimer> answerTime_;
+    int requests_ = 0;  // in that time
     std::unique_ptr<QMenu> popup_;
     std::mutex wakeMutex_;                  // Wake uses the dispatcher on other threads
     QAbstractEventDispatcher* dispatcher_;  // null once retired
