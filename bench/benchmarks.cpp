@@ -1,11 +1,15 @@
 // How long the utility's everyday steps take, dialogs on the screen without a display.
 #include <benchmark/benchmark.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "bench/dialog_benchmarks.h"
+#include "driver/firmware_command.h"
+#include "driver/papi.h"
 #include "platform/headless/headless_screen.h"
 #include "platform/win32.h"
 
@@ -56,6 +60,27 @@ void WriteThePalette(benchmark::State& state) {
     std::filesystem::remove(file);
 }
 BENCHMARK(WriteThePalette)->Unit(benchmark::kMillisecond);
+
+// A firmware command to the simulated board, with a settings file that says what fails and without
+// one. What the board has read of a file it keeps once the file has been at rest for a while.
+void SendFirmwareCommand(benchmark::State& state, bool hasSettingsFile) {
+    const auto folder = std::filesystem::temp_directory_path() / "vxdtest-benchmark";
+    SetEnvironmentVariableA("XDG_CONFIG_HOME", folder.c_str());
+    std::filesystem::create_directories(folder / "vxdtest");
+    if (hasSettingsFile)
+        std::ofstream(folder / "vxdtest" / "board.ini") << "[Fail]\nPELLAN_COMMAND_STANDBY = 13\n";
+    vdapi_Initialize(0);
+    Sleep(3000);
+    uint32_t response1 = 0;
+    uint32_t response2 = 0;
+    uint16_t response3 = 0;
+    for (auto _ : state)
+        vdapi_SendCommand(PELLAN_COMMAND_GET_VER, 0, 0, 0, &response1, &response2, &response3);
+    vdapi_Terminate();
+    std::filesystem::remove_all(folder);
+}
+BENCHMARK_CAPTURE(SendFirmwareCommand, plain, false)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(SendFirmwareCommand, board_ini, true)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 

@@ -1,6 +1,5 @@
 #include "board/operation.h"
 
-#include "board/settings.h"
 #include "board/simulation.h"
 
 namespace board {
@@ -13,7 +12,7 @@ constexpr size_t kCallsKept = 10000;
 ResultCode TakeFault(Simulation& simulation, const std::string& name) {
     const auto found = simulation.faults.find(name);
     if (found == simulation.faults.end()) {
-        return FailureSetting(name);
+        return simulation.disturbances.Find(name).failure;
     }
     const Fault fault = found->second;
     if (fault.once) {
@@ -23,9 +22,10 @@ ResultCode TakeFault(Simulation& simulation, const std::string& name) {
 }
 
 // The bits that are wanted to read 1 in what an operation or a command of that name gives.
-uint32_t FindStuckBits(const Simulation& simulation, const std::string& name) {
+uint32_t FindStuckBits(Simulation& simulation, const std::string& name) {
     const auto found = simulation.stuckBits.find(name);
-    return found == simulation.stuckBits.end() ? StuckBitsSetting(name) : found->second;
+    return found == simulation.stuckBits.end() ? simulation.disturbances.Find(name).stuckBits
+                                               : found->second;
 }
 
 ResultCode Judge(Simulation& simulation, const Call& call, unsigned needs) {
@@ -53,6 +53,7 @@ Simulation& TheSimulation() {
 Operation::Operation(Call call, unsigned needs)
     : lock_(TheSimulation().lock), call_(std::move(call)) {
     Simulation& simulation = TheSimulation();
+    simulation.disturbances.Refresh();
     result = Judge(simulation, call_, needs);
     simulation.state.stuckBits =
         FindStuckBits(simulation, call_.operation) | FindStuckBits(simulation, call_.command);

@@ -40,12 +40,23 @@ void ReadSettings(State& state) {
     state.traceCalls = ReadNumber("Trace", "Calls", state.traceCalls) != 0;
 }
 
-ResultCode FailureSetting(const std::string& name) {
-    return static_cast<ResultCode>(ReadNumber("Fail", name.c_str(), VXD_SUCCESS));
+void Disturbances::Refresh() {
+    char folder[MAX_PATH];
+    GetWindowsDirectoryA(folder, sizeof folder);
+    if (!file_.IsUnchanged(folder, kFile)) {
+        known_.clear();
+    }
 }
 
-uint32_t StuckBitsSetting(const std::string& name) {
-    return ReadNumber("StuckBits", name.c_str(), 0);
+const Disturbance& Disturbances::Find(const std::string& name) {
+    const auto [found, isNew] = known_.try_emplace(name);
+    Disturbance& disturbance = found->second;
+    if (isNew && file_.Exists()) {
+        disturbance.failure =
+            static_cast<ResultCode>(ReadNumber("Fail", name.c_str(), VXD_SUCCESS));
+        disturbance.stuckBits = ReadNumber("StuckBits", name.c_str(), 0);
+    }
+    return disturbance;
 }
 
 }  // namespace board

@@ -25,23 +25,39 @@
 // arguments, the bytes of its block, its result.
 //
 // [Board] and [Trace] are read when a library is initialised; a key that is absent leaves things as
-// they are. [Fail] and [StuckBits] are looked up at each call, so a change is met by the next one.
+// they are. [Fail] and [StuckBits] count as they stand in the file at each call.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <unordered_map>
 
+#include "board/file_watch.h"
 #include "board/state.h"
 #include "driver/result_code.h"
 
 namespace board {
 
-// [Board] and [Trace].
+// Reads [Board] and [Trace].
 void ReadSettings(State& state);
 
-// The code with which the named operation or command fails, or VXD_SUCCESS.
-ResultCode FailureSetting(const std::string& name);
+// What the file asks of the operation or command of one name.
+struct Disturbance {
+    ResultCode failure = VXD_SUCCESS;
+    uint32_t stuckBits = 0;
+};
 
-// The bits that read 1 in what the named operation or command gives.
-uint32_t StuckBitsSetting(const std::string& name);
+// What the file asks, kept as long as the file is unchanged.
+class Disturbances {
+  public:
+    // Looks whether the file has changed; what is found from then on is as it stands in it now.
+    void Refresh();
+
+    const Disturbance& Find(const std::string& name);
+
+  private:
+    FileWatch file_;
+    std::unordered_map<std::string, Disturbance> known_;  // by name
+};
 
 }  // namespace board

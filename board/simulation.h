@@ -9,6 +9,7 @@
 #include <string>
 
 #include "board/call.h"
+#include "board/settings.h"
 #include "board/state.h"
 #include "board/worker.h"
 #include "driver/result_code.h"
@@ -24,6 +25,7 @@ struct Fault {
 struct Simulation {
     std::mutex lock;
     State state;
+    Disturbances disturbances;                  // that the settings file asks for
     std::map<std::string, Fault> faults;        // by name of operation or command
     std::map<std::string, uint32_t> stuckBits;  // in what is read, by that name too
     std::deque<Call> calls;                     // the most recent ones, oldest first

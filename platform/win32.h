@@ -5,9 +5,9 @@
 // Valid in C and in C++.
 //
 // Threads: windows, dialogs, menus and drawing belong to the one thread that created its first
-// window. PostMessageA, SendMessageA, OutputDebugStringA and the profile, memory, module and clock
-// functions may be called from any thread. Texts are UTF-8 here, and on Windows what the system is
-// set to; the project's own are ASCII.
+// window. PostMessageA, SendMessageA, OutputDebugStringA and the profile, file, memory, module and
+// clock functions may be called from any thread. Texts are UTF-8 here, and on Windows what the
+// system is set to; the project's own are ASCII.
 #pragma once
 
 #ifdef _WIN32
@@ -458,6 +458,25 @@ typedef struct tagMINMAXINFO {
 #define SEM_NOOPENFILEERRORBOX 0x8000
 #define MAX_PATH 260
 
+// File attributes. Times count units of 100 ns; one that a file system does not keep is 0.
+#define FILE_ATTRIBUTE_READONLY 0x00000001
+#define FILE_ATTRIBUTE_DIRECTORY 0x00000010
+#define FILE_ATTRIBUTE_ARCHIVE 0x00000020
+
+typedef struct _FILETIME {
+    DWORD dwLowDateTime;
+    DWORD dwHighDateTime;
+} FILETIME;
+typedef enum _GET_FILEEX_INFO_LEVELS { GetFileExInfoStandard } GET_FILEEX_INFO_LEVELS;
+typedef struct _WIN32_FILE_ATTRIBUTE_DATA {
+    DWORD dwFileAttributes;
+    FILETIME ftCreationTime;
+    FILETIME ftLastAccessTime;
+    FILETIME ftLastWriteTime;
+    DWORD nFileSizeHigh;
+    DWORD nFileSizeLow;
+} WIN32_FILE_ATTRIBUTE_DATA;
+
 #define PM_NOREMOVE 0x0000
 #define PM_REMOVE 0x0001
 
@@ -572,6 +591,9 @@ DWORD WINAPI GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR default
                                       DWORD capacity, LPCSTR file);
 BOOL WINAPI WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR text, LPCSTR file);
 UINT WINAPI GetWindowsDirectoryA(LPSTR folder, UINT capacity);
+
+// Files. Where none has exactly the name, one that differs in case only is meant.
+BOOL WINAPI GetFileAttributesExA(LPCSTR path, GET_FILEEX_INFO_LEVELS level, LPVOID attributes);
 
 // Kernel.
 void WINAPI OutputDebugStringA(LPCSTR text);

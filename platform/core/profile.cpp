@@ -5,7 +5,6 @@
 // lock of the folder, from reading the old text until the new one is in place; as the lock is on
 // the folder itself, no lock file is left behind. A temporary file that a killed program has left
 // is taken away by the next write into that folder.
-#include <dirent.h>
 #include <fcntl.h>
 #include <pwd.h>
 #include <sys/file.h>
@@ -25,9 +24,9 @@
 #include <utility>
 
 #include "platform/core/descriptor.h"
+#include "platform/core/folder.h"
 #include "platform/core/process.h"
 #include "platform/core/profile_text.h"
-#include "platform/core/text.h"
 #include "platform/win32.h"
 
 namespace vxd {
@@ -77,21 +76,6 @@ bool Lock(const Descriptor& folder) {
         result = flock(folder.Get(), LOCK_EX);
     } while (result != 0 && errno == EINTR);
     return result == 0;
-}
-
-// The folder's file whose name differs in case only; of several, the first in order.
-std::optional<std::string> FindIgnoringCase(const Descriptor& folder, std::string_view name) {
-    const int again = openat(folder.Get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    DIR* const stream = again >= 0 ? fdopendir(again) : nullptr;
-    if (stream == nullptr)
-        return std::nullopt;
-    std::optional<std::string> found;
-    while (const dirent* entry = readdir(stream)) {
-        if (EqualIgnoringCase(entry->d_name, name) && (!found || entry->d_name < *found))
-            found = entry->d_name;
-    }
-    closedir(stream);
-    return found;
 }
 
 std::optional<std::string> ReadAll(const Descriptor& file, std::size_t expected) {
@@ -203,7 +187,7 @@ std::optional<Profile> OpenProfile(std::string_view path, Access access) {
             return std::nullopt;
         Descriptor file = OpenFile(profile.folder, place.name, access);
         if (!file && errno == ENOENT) {
-            if (const auto match = FindIgnoringCase(profile.folder, place.name)) {
+            if (const auto match = FindIgnoringCase(profile.folder.Get(), place.name)) {
                 place.name = *match;
                 file = OpenFile(profile.folder, place.name, access);
             } else {

@@ -1,5 +1,7 @@
 // What holds for every operation: failures asked for, a missing board, the list of calls.
 #include <chrono>
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -191,6 +193,40 @@ TEST_F(Operations, TakeTheBoardFromTheSettingsFile) {
     settings_.Write(file, "Board", "Present", "0");
     vdapi_Initialize(0);
     EXPECT_FALSE(board::IsPresent());
+}
+
+TEST_F(Operations, MeetEveryChangeOfTheSettingsFileAtOnce) {
+    constexpr DWORD kUntilTheFileIsAtRest = 2300;
+    char folder[MAX_PATH];
+    GetWindowsDirectoryA(folder, sizeof folder);
+    std::filesystem::create_directories(folder);
+    const auto file = std::filesystem::path(folder) / kit::kBoardFile;
+    const auto codeAfterWriting = [&](ResultCode code) {
+        std::ofstream(file) << "[Fail]\nvdapi_JADE_Reset = " << code << '\n';
+        return CodeOf(vdapi_JADE_Reset(0x32));
+    };
+    // What is kept from a file at rest, or from its absence, lasts no longer than that.
+    const auto rest = [] {
+        vdapi_JADE_Reset(0x32);
+        Sleep(kUntilTheFileIsAtRest);
+        vdapi_JADE_Reset(0x32);
+    };
+    rest();
+    EXPECT_EQ(codeAfterWriting(11), 11);
+    rest();
+    EXPECT_EQ(codeAfterWriting(12), 12);
+    const auto time = std::filesystem::last_write_time(file);
+    std::ofstream(file) << "[Fail]\nvdapi_JADE_Reset = 13\n";
+    std::filesystem::last_write_time(file, time);
+    EXPECT_EQ(vdapi_JADE_Reset(0x32), 13u) << "written twice, with the same length, in one tick";
+    rest();
+    std::filesystem::remove(file);
+    std::ofstream(file) << "[Fail]\nvdapi_JADE_Reset = 44\n";
+    std::filesystem::last_write_time(file, time);
+    EXPECT_EQ(vdapi_JADE_Reset(0x32), 44u) << "another file with the same length and time";
+    rest();
+    std::filesystem::remove(file);
+    EXPECT_EQ(vdapi_JADE_Reset(0x32), VXD_SUCCESS);
 }
 
 TEST_F(Operations, AreTracedAsLinesWhereTheSettingsFileWantsIt) {
