@@ -1,7 +1,11 @@
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSignalBlocker>
+#include <utility>
 
+#include "platform/qt/accessibility.h"
 #include "platform/qt/control.h"
 #include "platform/qt/text.h"
 #include "platform/win32.h"
@@ -27,7 +31,10 @@ class Button : public Control {
                          [&report, id = setup.id] { report(input::Clicked, id); });
     }
 
-    void SetText(const std::string& text) override { Native().setText(ToQt(text)); }
+    void SetText(const std::string& text) override {
+        Native().setText(ToQt(text));
+        NameByNeighbours(Widget());
+    }
 
   protected:
     QAbstractButton& Native() const { return static_cast<QAbstractButton&>(Widget()); }
@@ -43,12 +50,42 @@ class PushButton : public Button {
     }
 };
 
-class CheckBox : public Button {
+// A button with a check. Assistive tools toggle it without a click; it counts as one.
+class CheckedButton : public Button {
   public:
-    CheckBox(const WidgetSetup& setup, QWidget& parent, Report& report)
-        : Button(setup, std::make_unique<Steady<QCheckBox>>(&parent), report) {}
+    CheckedButton(const WidgetSetup& setup, std::unique_ptr<QAbstractButton> button, Report& report)
+        : Button(setup, std::move(button), report) {
+        QObject::connect(&Native(), &QAbstractButton::toggled, &Native(), [this, &report] {
+            if (!report.IsOpen())
+                return;
+            ShowAsSet();
+            report(input::Clicked, Id());
+        });
+    }
 
     void SetCheck(int check) override {
+        check_ = check;
+        ShowAsSet();
+    }
+
+  private:
+    virtual void ShowCheck(int check) = 0;
+
+    void ShowAsSet() {
+        const QSignalBlocker blocker(Native());
+        ShowCheck(check_);
+    }
+
+    int check_ = BST_UNCHECKED;
+};
+
+class CheckBox : public CheckedButton {
+  public:
+    CheckBox(const WidgetSetup& setup, QWidget& parent, Report& report)
+        : CheckedButton(setup, std::make_unique<Steady<QCheckBox>>(&parent), report) {}
+
+  private:
+    void ShowCheck(int check) override {
         static_cast<QCheckBox&>(Widget()).setCheckState(check == BST_CHECKED ? Qt::Checked
                                                         : check == BST_INDETERMINATE
                                                             ? Qt::PartiallyChecked
@@ -56,14 +93,20 @@ class CheckBox : public Button {
     }
 };
 
-class RadioButton : public Button {
+class RadioButton : public CheckedButton {
   public:
     RadioButton(const WidgetSetup& setup, QWidget& parent, Report& report)
-        : Button(setup, std::make_unique<Steady<QRadioButton>>(&parent), report) {
-        Native().setAutoExclusive(false);
+        : CheckedButton(setup, std::make_unique<Steady<QRadioButton>>(&parent), report) {
+        // Alone in a group that excludes nothing: which others go off is the core's to say. Without
+        // its mark of exclusiveness Qt would call it a check box.
+        alone_.setExclusive(false);
+        alone_.addButton(&Native());
     }
 
-    void SetCheck(int check) override { Native().setChecked(check == BST_CHECKED); }
+  private:
+    void ShowCheck(int check) override { Native().setChecked(check == BST_CHECKED); }
+
+    QButtonGroup alone_;
 };
 
 }  // namespace

@@ -4,11 +4,14 @@
 #include <QKeyEvent>
 #include <QListWidget>
 #include <QProxyStyle>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
 #include <algorithm>
 #include <functional>
 #include <optional>
 #include <utility>
 
+#include "platform/qt/accessibility.h"
 #include "platform/qt/control.h"
 #include "platform/qt/line_text.h"
 #include "platform/qt/text.h"
@@ -17,7 +20,8 @@ namespace vxd::qt {
 namespace {
 
 // A list of which a person chooses one row: with the mouse when the button comes up, with the keys
-// at once. The second click of two tells of nothing but the double click.
+// at once. The second click of two tells of nothing but the double click. Assistive tools select a
+// row without any of these.
 class RowList : public QListWidget {
   public:
     RowList(QWidget* parent, WidgetId id, Report& report)
@@ -28,6 +32,7 @@ class RowList : public QListWidget {
             doubleClicked_ = true;
             report_(input::RowDoubleClicked, id_, row(item));
         });
+        connect(this, &QListWidget::itemSelectionChanged, this, [this] { SelectionChanged(); });
     }
 
     void Insert(int at, const std::string& text) {
@@ -54,6 +59,16 @@ class RowList : public QListWidget {
     }
 
   protected:
+    bool event(QEvent* event) override {
+        const QScopedValueRollback inside(inEvent_, true);
+        return QListWidget::event(event);
+    }
+
+    bool viewportEvent(QEvent* event) override {
+        const QScopedValueRollback inside(inEvent_, true);
+        return QListWidget::viewportEvent(event);
+    }
+
     void mouseReleaseEvent(QMouseEvent* event) override {
         QListWidget::mouseReleaseEvent(event);
         if (event->button() == Qt::LeftButton && !std::exchange(doubleClicked_, false))
@@ -76,10 +91,28 @@ class RowList : public QListWidget {
         report_(input::RowChosen, id_, chosen);
     }
 
+    // A tool may first take the selection away and then select besides what is selected.
+    void SelectionChanged() {
+        if (inEvent_ || !report_.IsOpen())
+            return;
+        int chosen = -1;
+        for (const QListWidgetItem* item : selectedItems()) {
+            if (row(item) != row_)
+                chosen = row(item);
+        }
+        {
+            const QSignalBlocker blocker(this);
+            Select(row_);
+        }
+        if (chosen >= 0)
+            report_(input::RowChosen, id_, chosen);
+    }
+
     WidgetId id_;
     Report& report_;
     int row_ = -1;
     bool doubleClicked_ = false;
+    bool inEvent_ = false;  // what changes then is the mouse's or a key's
 };
 
 class ListBox : public Control {
@@ -125,6 +158,15 @@ class DropDown : public QComboBox {
         setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         connect(this, &QComboBox::activated, this,
                 [this](int row) { report_(input::RowChosen, id_, row); });
+        connect(
+            view()->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this] { SelectionChanged(); }, Qt::QueuedConnection);
+    }
+
+    // The list knows the row also while it is closed: assistive tools read it there.
+    void Select(int row) {
+        setCurrentIndex(row);
+        MarkInList();
     }
 
     // The room under the closed box that the list may take.
@@ -149,6 +191,27 @@ class DropDown : public QComboBox {
     }
 
   private:
+    void MarkInList() {
+        view()->setCurrentIndex(model()->index(currentIndex(), modelColumn(), rootModelIndex()));
+    }
+
+    // Mouse and keys make the row that they lead to the current one before it is chosen. Assistive
+    // tools select another, and so choose it, or none, which counts for nothing.
+    void SelectionChanged() {
+        int chosen = -1;
+        for (const QModelIndex& index : view()->selectionModel()->selectedIndexes()) {
+            if (index != view()->currentIndex())
+                chosen = index.row();
+        }
+        if (chosen < 0 && view()->selectionModel()->hasSelection())
+            return;
+        MarkInList();
+        if (chosen < 0)
+            return;
+        hidePopup();
+        report_(input::RowChosen, id_, chosen);
+    }
+
     WidgetId id_;
     Report& report_;
     int listHeight_ = 0;
@@ -211,7 +274,7 @@ class ComboBox : public Control {
     }
 
     void SelectRow(int row) override {
-        ChangeRows([&] { Native().setCurrentIndex(row); });
+        ChangeRows([&] { Native().Select(row); });
     }
 
     void SetDropped(bool dropped) override {
@@ -242,6 +305,7 @@ class EditOverList : public QWidget {
   public:
     EditOverList(QWidget* parent, WidgetId id, Report& report)
         : QWidget(parent), edit_(this), list_(this, id, report) {
+        SetRole(*this, QAccessible::ComboBox);
         edit_.setFocusPolicy(Qt::ClickFocus);
         edit_.installEventFilter(this);
     }

@@ -11,6 +11,7 @@
 #include <chrono>
 #include <vector>
 
+#include "platform/qt/accessibility.h"
 #include "platform/qt/control.h"
 #include "platform/qt/keys.h"
 #include "platform/qt/menus.h"
@@ -50,6 +51,7 @@ QtScreen::QtScreen()
       watcher_(std::make_unique<Watcher>(*this)) {
     timeLimit_->setSingleShot(true);
     answerTime_->setSingleShot(true);
+    qt::InstallAccessibility();
 }
 
 QtScreen::~QtScreen() {
@@ -132,6 +134,7 @@ void QtScreen::Create(const WidgetSetup& setup) {
     control->SetText(setup.text);
     control->Place(setup.rect);
     control->Enable(setup.enabled);
+    qt::NameByNeighbours(control->Widget());
     byWidget_[&control->Widget()] = control.get();
     controls_[setup.id] = std::move(control);
 }

@@ -1,4 +1,6 @@
+#include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QStyleOption>
 #include <QStylePainter>
 #include <QWheelEvent>
@@ -12,7 +14,8 @@ namespace vxd::qt {
 namespace {
 
 // What a person does to the bar with the mouse, in the codes of WM_HSCROLL. The wheel is left to
-// whoever it is meant for, and Qt's own menu of ways to scroll is not offered.
+// whoever it is meant for, and Qt's own menu of ways to scroll is not offered. A position that is
+// given by assistive tools counts as the thumb drawn there and let go.
 class Bar : public QScrollBar {
   public:
     Bar(QWidget* parent, WidgetId id, std::uint32_t style, Report& report)
@@ -24,6 +27,7 @@ class Bar : public QScrollBar {
         connect(this, &QScrollBar::actionTriggered, this, [this](int action) { Tell(action); });
         connect(this, &QScrollBar::sliderReleased, this,
                 [this] { report_(input::Scrolled, id_, SB_THUMBPOSITION, sliderPosition()); });
+        connect(this, &QScrollBar::valueChanged, this, [this](int value) { TellValue(value); });
     }
 
     void Set(int minimum, int maximum, int position) {
@@ -31,11 +35,17 @@ class Bar : public QScrollBar {
         constexpr int kPages = 8;
         setRange(minimum, maximum);
         setPageStep(std::max(1, (maximum - minimum) / kPages));
+        position_ = position;
         if (!isSliderDown())
             setValue(position);
     }
 
   protected:
+    bool event(QEvent* event) override {
+        const QScopedValueRollback inside(inEvent_, true);
+        return QScrollBar::event(event);
+    }
+
     // The thumb shows that the bar has the keyboard, which the style itself does not.
     void paintEvent(QPaintEvent* event) override {
         QScrollBar::paintEvent(event);
@@ -64,6 +74,18 @@ class Bar : public QScrollBar {
         report_(input::Scrolled, id_, CodeOf(action), sliderPosition());
     }
 
+    void TellValue(int value) {
+        if (inEvent_ || !report_.IsOpen())
+            return;
+        {
+            const QSignalBlocker blocker(this);
+            setValue(position_);
+        }
+        report_(input::Scrolled, id_, SB_THUMBTRACK, value);
+        report_(input::Scrolled, id_, SB_THUMBPOSITION, value);
+        report_(input::Scrolled, id_, SB_ENDSCROLL, 0);
+    }
+
     static std::uint32_t CodeOf(int action) {
         switch (action) {
             case SliderSingleStepSub:
@@ -85,7 +107,9 @@ class Bar : public QScrollBar {
 
     WidgetId id_;
     Report& report_;
+    int position_ = 0;  // as the core has set it
     bool scrolling_ = false;
+    bool inEvent_ = false;  // what changes then is the mouse's
 };
 
 class ScrollBar : public Control {

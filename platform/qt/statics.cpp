@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QStyle>
 
+#include "platform/qt/accessibility.h"
 #include "platform/qt/control.h"
 #include "platform/qt/image.h"
 #include "platform/qt/text.h"
@@ -12,17 +13,22 @@
 namespace vxd::qt {
 namespace {
 
-// QLabel underlines a key only for a buddy of its own; here the core knows what a key reaches.
+// QLabel would take the key in its text for its buddy, the field that it names; here the core knows
+// what a key reaches. So the text is not QLabel's.
 class LabelWidget : public QLabel {
   public:
-    LabelWidget(QWidget* parent, std::uint32_t style) : QLabel(parent), style_(style) {
-        setTextFormat(Qt::PlainText);
+    LabelWidget(QWidget* parent, std::uint32_t style) : QLabel(parent), style_(style) {}
+
+    void SetText(const QString& text) {
+        text_ = text;
+        NameLabel(*this, (style_ & SS_NOPREFIX) != 0 ? text : WithoutKeyMarks(text));
+        update();
     }
 
   protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        style()->drawItemText(&painter, rect(), TextFlags(), palette(), isEnabled(), text(),
+        style()->drawItemText(&painter, rect(), TextFlags(), palette(), isEnabled(), text_,
                               foregroundRole());
     }
 
@@ -46,6 +52,7 @@ class LabelWidget : public QLabel {
     }
 
     std::uint32_t style_;
+    QString text_;
 };
 
 class Label : public Control {
@@ -54,7 +61,7 @@ class Label : public Control {
         : Control(setup, std::make_unique<LabelWidget>(&parent, setup.style)) {}
 
     void SetText(const std::string& text) override {
-        static_cast<QLabel&>(Widget()).setText(ToQt(text));
+        static_cast<LabelWidget&>(Widget()).SetText(ToQt(text));
     }
 };
 

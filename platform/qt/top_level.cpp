@@ -6,6 +6,7 @@
 #include <QIcon>
 #include <QWindow>
 
+#include "platform/qt/accessibility.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/image.h"
 #include "platform/qt/menus.h"
@@ -42,10 +43,12 @@ class Frame : public QWidget {
         : QWidget(owner, WindowFlags(setup)), id_(setup.id), report_(report) {
         setContextMenuPolicy(Qt::PreventContextMenu);
         if (setup.kind == WidgetKind::kDialog) {
+            SetRole(*this, QAccessible::Dialog);
             if (owner != nullptr)
                 setWindowModality(Qt::WindowModal);
             return;
         }
+        SetRole(*this, QAccessible::Window);
         client_ = std::make_unique<Surface>(setup.id, setup.kind, this, report);
         menu_ = std::make_unique<MenuRows>(
             *this, [this](int position) { report_(input::MenuOpened, id_, position); },

@@ -1,6 +1,7 @@
 // A scroll bar under a person's mouse and keys, in a program that moves it by steps alone.
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QScrollBar>
 #include <QStyle>
 #include <QStyleOptionSlider>
@@ -122,6 +123,15 @@ TEST_F(ScrollBarOnScreen, TellsOfItsThumbAndGoesBackWhereTheProgramLeavesIt) {
     mouse([](QWindow* window, QPoint at) { QTest::mouseRelease(window, Qt::LeftButton, {}, at); },
           thumb + QPoint(300, 0));
     EXPECT_EQ(TakeTold(), "4=31 8 at 16");
+}
+
+TEST_F(ScrollBarOnScreen, TellsOfAPositionThatAToolSetsLikeOfAThumbThatIsDrawnThere) {
+    native::Do([this] {
+        QAccessible::queryAccessibleInterface(native::WidgetOf(bar_))
+            ->valueInterface()
+            ->setCurrentValue(20);
+    });
+    EXPECT_EQ(TakeTold(), "5=20 4=20 8 at 16");
 }
 
 TEST_F(ScrollBarOnScreen, TellsOfKeysWhereItHasTheFocusAndShowsThatItHas) {

@@ -12,6 +12,7 @@
 #include "res/resource.h"
 #include "tests/kit/user_interface.h"
 #include "tests/kit/utility.h"
+#include "tests/tour/tools_view.h"
 
 namespace tour {
 namespace {
@@ -304,6 +305,7 @@ void TakePicture(const std::string& name) {
         UpdateWindow(FindWindowA("VxDTest", nullptr));
         return vxd::qt::SaveDesktopPicture(path.string());
     })) << path;
+    ExpectReadableByTools();
 }
 
 }  // namespace tour
