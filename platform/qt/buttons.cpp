@@ -7,6 +7,7 @@
 
 #include "platform/qt/accessibility.h"
 #include "platform/qt/control.h"
+#include "platform/qt/focus.h"
 #include "platform/qt/text.h"
 #include "platform/win32.h"
 
@@ -29,6 +30,7 @@ class Button : public Control {
         : Control(setup, std::move(button)) {
         QObject::connect(&Native(), &QAbstractButton::clicked, &Native(),
                          [&report, id = setup.id] { report(input::Clicked, id); });
+        ShowFocus(Native());
     }
 
     void SetText(const std::string& text) override {

@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "platform/qt/control.h"
+#include "platform/qt/focus.h"
 #include "platform/qt/line_text.h"
 #include "platform/qt/text.h"
 #include "platform/win32.h"
@@ -103,6 +104,7 @@ class TextEdit : public Control {
         const bool scrollsAside = (setup.style & ES_AUTOHSCROLL) != 0;
         edit.setLineWrapMode(scrollsAside ? QPlainTextEdit::NoWrap : QPlainTextEdit::WidgetWidth);
         SetScrollBars(edit, setup.style);
+        ShowFocus(edit);
         QObject::connect(&edit, &QPlainTextEdit::textChanged, &edit, [this] { TextEdited(); });
         QObject::connect(&edit, &QPlainTextEdit::selectionChanged, &edit,
                          [this] { SelectionMoved(); });

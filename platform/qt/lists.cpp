@@ -3,7 +3,6 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QListWidget>
-#include <QProxyStyle>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <algorithm>
@@ -13,6 +12,7 @@
 
 #include "platform/qt/accessibility.h"
 #include "platform/qt/control.h"
+#include "platform/qt/focus.h"
 #include "platform/qt/line_text.h"
 #include "platform/qt/text.h"
 
@@ -28,6 +28,7 @@ class RowList : public QListWidget {
         : QListWidget(parent), id_(id), report_(report) {
         setUniformItemSizes(true);
         setFocusPolicy(Qt::ClickFocus);
+        ShowFocus(*this);
         connect(this, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
             doubleClicked_ = true;
             report_(input::RowDoubleClicked, id_, row(item));
@@ -133,11 +134,11 @@ class ListBox : public Control {
 
 // Lists drop down below their box and scroll, in every style: some of the utility's have a hundred
 // rows, and a menu in the middle of the desktop would show them all.
-class ListBelow : public QProxyStyle {
+class ListBelow : public FocusStyle {
   public:
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* result) const override {
-        return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, result);
+        return hint == SH_ComboBox_Popup ? 0 : FocusStyle::styleHint(hint, option, widget, result);
     }
 
     static QStyle* Shared() {

@@ -229,18 +229,6 @@ TEST_F(FormTest, TabAndAltLettersMoveTheFocusOfBothSides) {
     expectFocus(IDC_NAME);
 }
 
-TEST_F(FormTest, TheFocusIsSeenOnButtonsAndComboBoxes) {
-    for (const int id : {IDC_PLACE, IDC_APPLY, IDC_MANUAL}) {
-        const auto look = [&](int focused) {
-            Focus(focused);
-            return Shown<QWidget>(id, [](QWidget& widget) { return widget.grab().toImage(); });
-        };
-        // The focus comes and goes between controls that are no default buttons.
-        const QImage without = look(IDC_LIST);
-        EXPECT_NE(look(id), without) << id;
-    }
-}
-
 TEST_F(FormTest, ADialogsFrameHasACloseBoxAndNoOthers) {
     const HWND form = form_.Handle();
     const Qt::WindowFlags flags =
