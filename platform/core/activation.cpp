@@ -163,14 +163,12 @@ BOOL WINAPI EnableWindow(HWND handle, BOOL enable) {
     if (enable) {
         window->style &= ~static_cast<DWORD>(WS_DISABLED);
     } else {
-        if (const Window* focus = FindWindowOf(TheDesk().focus);
-            focus != nullptr && vxd::IsInside(*focus, *window) && !window->IsChild())
-            window->lastFocus = TheDesk().focus;
         window->style |= WS_DISABLED;
     }
     vxd::CurrentScreen().SetEnabled(window->Widget(), enable != FALSE);
-    if (!enable)
-        vxd::LeaveFocus(handle, nullptr);
+    // What is inside a disabled window keeps the focus until it goes elsewhere.
+    if (!enable && TheDesk().focus == handle)
+        SetFocus(nullptr);
     if (Window* still = FindWindowOf(handle); still != nullptr)
         vxd::Call(*still, WM_ENABLE, static_cast<WPARAM>(enable != FALSE), 0);
     return wasDisabled;
@@ -199,7 +197,6 @@ HWND WINAPI SetFocus(HWND handle) {
     window = FindWindowOf(handle);
     if (window == nullptr || desk.focus != handle)
         return previous;
-    vxd::TopLevelOf(*window).lastFocus = handle;
     vxd::CurrentScreen().SetFocus(window->Widget());
     vxd::Call(*window, WM_SETFOCUS, reinterpret_cast<WPARAM>(losing), 0);
     return previous;

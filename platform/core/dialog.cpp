@@ -58,6 +58,27 @@ HWND MakeControl(HWND dialog, HINSTANCE instance, const DialogControl& control) 
                            nullptr);
 }
 
+// The control that has the focus where nothing else says so: the first tab stop, or in a dialog
+// without one the first control that can have it. Null where none can.
+Window* FirstControl(const Window& dialog) {
+    if (Window* stop = FindWindowOf(GetNextDlgTabItem(dialog.handle, nullptr, FALSE)))
+        return stop;
+    const auto able =
+        std::find_if(dialog.children.begin(), dialog.children.end(),
+                     [](const Window* child) { return child->IsVisible() && child->IsEnabled(); });
+    return able != dialog.children.end() ? *able : nullptr;
+}
+
+// The focus goes to the control that had it when the dialog was last active, else to the first.
+void RestoreFocus(Window& dialog) {
+    const Window* saved = FindWindowOf(std::exchange(dialog.dialog->savedFocus, nullptr));
+    const bool usable = saved != nullptr && IsInside(*saved, dialog) && saved != &dialog;
+    if (usable)
+        SetFocus(saved->handle);
+    else if (Window* first = FirstControl(dialog); first != nullptr)
+        FocusByKey(*first);
+}
+
 void FindDefaultButton(Window& dialog) {
     for (const Window* child : dialog.children) {
         const auto code = Call(*const_cast<Window*>(child), WM_GETDLGCODE, 0, 0);
@@ -93,30 +114,29 @@ HWND MakeDialog(HINSTANCE instance, const DialogTemplate& made, HWND owner, DLGP
     }
     FindDefaultButton(*FindWindowOf(handle));
 
-    const HWND first = GetNextDlgTabItem(handle, nullptr, FALSE);
-    const LRESULT setFocus =
-        SendMessageA(handle, WM_INITDIALOG, reinterpret_cast<WPARAM>(first), parameter);
+    const Window* first = FirstControl(*FindWindowOf(handle));
+    const LRESULT setFocus = SendMessageA(
+        handle, WM_INITDIALOG, reinterpret_cast<WPARAM>(first != nullptr ? first->handle : nullptr),
+        parameter);
     Window* dialog = FindWindowOf(handle);
     if (dialog == nullptr || dialog->dialog->ended)
         return handle;
-    if (setFocus != 0) {
-        Window* target = FindWindowOf(first);
-        if (target == nullptr || !target->IsEnabled() || !target->IsVisible())
-            target = FindWindowOf(GetNextDlgTabItem(handle, nullptr, FALSE));
-        if (target != nullptr)
-            FocusByKey(*target);
-    }
+    // Initialising may have moved the stops: checking a radio button does.
+    if (Window* target = setFocus != 0 ? FirstControl(*dialog) : nullptr; target != nullptr)
+        FocusByKey(*target);
     return handle;
 }
 
-// Shows the dialog when everything that waited at its start has been dealt with.
+// Shows the dialog when everything that waited at its start has been dealt with. Timers do not
+// wait: one that is always due would keep it away for ever.
 void RunModalLoop(HWND handle) {
     for (bool shown = false;;) {
         const Window* dialog = FindWindowOf(handle);
         if (dialog == nullptr || dialog->dialog->ended)
             return;
         MSG message;
-        if (!shown && !PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE)) {
+        if (!shown &&
+            (!PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE) || message.message == WM_TIMER)) {
             shown = true;
             ShowWindow(handle, SW_SHOWNORMAL);
             continue;
@@ -195,7 +215,8 @@ void DefaultButtonFollows(const Window& control) {
     const auto isPushButton = [](const Window& window) {
         return (SendMessageA(window.handle, WM_GETDLGCODE, 0, 0) & kPushButton) != 0;
     };
-    const int wanted = isPushButton(control) ? control.id : dialog->dialog->defaultId;
+    const int standing = dialog->dialog->defaultId != 0 ? dialog->dialog->defaultId : IDOK;
+    const int wanted = isPushButton(control) ? control.id : standing;
     for (const Window* child : dialog->children) {
         if (isPushButton(*child))
             SendMessageA(child->handle, BM_SETSTYLE,
@@ -275,11 +296,18 @@ LRESULT WINAPI DefDlgProcA(HWND handle, UINT message, WPARAM wParam, LPARAM lPar
         case WM_INITDIALOG:
             return TRUE;
         case WM_ACTIVATE:
-            if (LOWORD(wParam) != WA_INACTIVE) {
-                const Window* last = FindWindowOf(dialog->lastFocus);
-                SetFocus(last != nullptr ? last->handle
-                                         : GetNextDlgTabItem(handle, nullptr, FALSE));
+            if (LOWORD(wParam) == WA_INACTIVE) {
+                if (const Window* focus = FindWindowOf(GetFocus());
+                    focus != nullptr && vxd::IsInside(*focus, *dialog))
+                    dialog->dialog->savedFocus = focus->handle;
+            } else if (dialog->IsVisible()) {
+                // Before it is shown its focus is a matter of its initialisation.
+                vxd::RestoreFocus(*dialog);
             }
+            return 0;
+        case WM_SETFOCUS:
+            if (!dialog->dialog->ended)
+                vxd::RestoreFocus(*dialog);
             return 0;
         case WM_CLOSE:
             PostMessageA(handle, WM_COMMAND, IDCANCEL, 0);
@@ -288,7 +316,8 @@ LRESULT WINAPI DefDlgProcA(HWND handle, UINT message, WPARAM wParam, LPARAM lPar
             const HWND next = LOWORD(lParam) != 0
                                   ? reinterpret_cast<HWND>(wParam)
                                   : GetNextDlgTabItem(handle, GetFocus(), wParam != 0);
-            if (Window* control = FindWindowOf(next); control != nullptr)
+            if (Window* control = FindWindowOf(next != nullptr ? next : GetFocus());
+                control != nullptr)
                 vxd::FocusByKey(*control);
             return 0;
         }

@@ -1,6 +1,5 @@
 // How keys move about in a dialog box.
 #include <algorithm>
-#include <iterator>
 
 #include "platform/core/dialog.h"
 #include "platform/core/queue.h"
@@ -8,8 +7,6 @@
 
 namespace vxd {
 namespace {
-
-constexpr LRESULT kPushButtonCodes = DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON;
 
 bool CanTakeFocus(const Window& control) {
     return control.IsVisible() && control.IsEnabled();
@@ -32,8 +29,9 @@ bool IsTabStop(const Window& control) {
 Window* NextTabStop(Window& dialog, const Window* from, bool backwards) {
     const int count = static_cast<int>(dialog.children.size());
     int at = IndexOf(dialog, from);
-    if (at < 0)
-        at = backwards ? 0 : -1;
+    // Before nothing there is nothing.
+    if (at < 0 && backwards)
+        return nullptr;
     for (int tried = 0; tried < count; ++tried) {
         at = (at + (backwards ? count - 1 : 1)) % count;
         Window* candidate = dialog.children[static_cast<std::size_t>(at)];
@@ -43,32 +41,42 @@ Window* NextTabStop(Window& dialog, const Window* from, bool backwards) {
     return nullptr;
 }
 
-// The group of a control: from the last WS_GROUP before it to the next one.
-std::pair<int, int> GroupAround(const Window& dialog, int at) {
-    const auto startsGroup = [&dialog](int index) {
-        return (dialog.children[static_cast<std::size_t>(index)]->style & WS_GROUP) != 0;
+// The group of a control, in its order: from a WS_GROUP to the one before the next, round the
+// dialog's end. Without any WS_GROUP it is the whole dialog.
+std::vector<Window*> GroupAround(const Window& dialog, int at) {
+    const int count = static_cast<int>(dialog.children.size());
+    const auto child = [&](int index) {
+        return dialog.children[static_cast<std::size_t>((index + count) % count)];
     };
+    const auto startsGroup = [&](int index) { return (child(index)->style & WS_GROUP) != 0; };
     int first = at;
-    while (first > 0 && !startsGroup(first))
+    while (first > at - count && !startsGroup(first))
         --first;
-    int end = at + 1;
-    while (end < static_cast<int>(dialog.children.size()) && !startsGroup(end))
-        ++end;
-    return {first, end};
+    if (first == at - count)
+        first = 0;
+    std::vector<Window*> group{child(first)};
+    for (int next = first + 1; next < first + count && !startsGroup((next + count) % count); ++next)
+        group.push_back(child(next));
+    return group;
 }
 
+// From nothing the first control of the dialog.
 Window* NextInGroup(const Window& dialog, const Window* from, bool backwards) {
+    const auto takesPart = [](Window* candidate) {
+        return CanTakeFocus(*candidate) && (DialogCode(*candidate) & DLGC_STATIC) == 0;
+    };
     const int start = IndexOf(dialog, from);
-    if (start < 0)
-        return nullptr;
-    const auto [first, end] = GroupAround(dialog, start);
-    const int count = end - first;
-    int at = start - first;
-    for (int tried = 0; tried < count; ++tried) {
+    if (start < 0) {
+        const auto found = std::find_if(dialog.children.begin(), dialog.children.end(), takesPart);
+        return found != dialog.children.end() ? *found : nullptr;
+    }
+    const std::vector<Window*> group = GroupAround(dialog, start);
+    const std::size_t count = group.size();
+    auto at = static_cast<std::size_t>(std::find(group.begin(), group.end(), from) - group.begin());
+    for (std::size_t tried = 0; tried < count; ++tried) {
         at = (at + (backwards ? count - 1 : 1)) % count;
-        Window* candidate = dialog.children[static_cast<std::size_t>(first + at)];
-        if (CanTakeFocus(*candidate) && (DialogCode(*candidate) & DLGC_STATIC) == 0)
-            return candidate;
+        if (takesPart(group[at]))
+            return group[at];
     }
     return nullptr;
 }
@@ -79,20 +87,21 @@ void Press(Window& button) {
     SendMessageA(handle, BM_CLICK, 0, 0);
 }
 
-// An arrow key moves inside the group; onto a radio button it also checks it.
-void MoveInGroup(Window& dialog, Window& from, bool backwards) {
-    Window* next = NextInGroup(dialog, &from, backwards);
-    if (next == nullptr || next == &from)
+// An arrow key moves inside the group; onto a radio button that is not checked it checks it.
+void MoveInGroup(Window& dialog, const Window* from, bool backwards) {
+    Window* next = NextInGroup(dialog, from, backwards);
+    if (next == nullptr)
         return;
     if ((DialogCode(*next) & DLGC_RADIOBUTTON) != 0 &&
-        (next->style & BS_TYPEMASK) == BS_AUTORADIOBUTTON)
+        (next->style & BS_TYPEMASK) == BS_AUTORADIOBUTTON && Call(*next, BM_GETCHECK, 0, 0) == 0)
         Press(*next);
-    else
+    else if (next != from)
         FocusByKey(*next);
 }
 
-// The control that a letter stands for, looked for from the focused one on.
-Window* ControlMarkedBy(Window& dialog, const Window* from, char letter) {
+// The controls that a letter stands for, from the one behind the focused one on.
+std::vector<Window*> ControlsMarkedBy(Window& dialog, const Window* from, char letter) {
+    std::vector<Window*> marked;
     const int count = static_cast<int>(dialog.children.size());
     const int start = IndexOf(dialog, from);
     for (int step = 1; step <= count; ++step) {
@@ -101,31 +110,25 @@ Window* ControlMarkedBy(Window& dialog, const Window* from, char letter) {
         if (!CanTakeFocus(*candidate) || MarkedKey(candidate->text) != Lower(letter))
             continue;
         const LRESULT code = DialogCode(*candidate);
-        const bool showsMark = (code & (DLGC_BUTTON | DLGC_STATIC)) != 0 &&
-                               ((code & DLGC_BUTTON) != 0 || (candidate->style & SS_NOPREFIX) == 0);
+        const bool showsMark = (code & DLGC_BUTTON) != 0 ||
+                               ((code & DLGC_STATIC) != 0 && (candidate->style & SS_NOPREFIX) == 0);
         if (showsMark)
-            return candidate;
+            marked.push_back(candidate);
     }
-    return nullptr;
+    return marked;
 }
 
-// A label's letter leads to the control behind the label.
-void FollowLetter(Window& dialog, Window& marked) {
-    if ((DialogCode(marked) & DLGC_BUTTON) != 0) {
-        if ((DialogCode(marked) & kPushButtonCodes) != 0 || (marked.style & WS_TABSTOP) != 0 ||
-            (DialogCode(marked) & DLGC_RADIOBUTTON) != 0) {
-            Press(marked);
-            return;
-        }
-    }
-    const int count = static_cast<int>(dialog.children.size());
-    for (int at = IndexOf(dialog, &marked) + 1; at < count; ++at) {
-        Window* next = dialog.children[static_cast<std::size_t>(at)];
-        if ((DialogCode(*next) & DLGC_STATIC) != 0)
-            continue;
-        if (CanTakeFocus(*next))
+// A letter of one control presses a button and leads from a label to the next tab stop. A letter
+// that several share moves the focus among them; of the buttons it presses the default one alone.
+void FollowLetter(Window& dialog, Window& marked, bool shared) {
+    const LRESULT code = DialogCode(marked);
+    if ((code & DLGC_BUTTON) == 0) {
+        if (Window* next = NextTabStop(dialog, &marked, false); next != nullptr)
             FocusByKey(*next);
-        return;
+    } else if (shared && (code & DLGC_DEFPUSHBUTTON) == 0) {
+        FocusByKey(marked);
+    } else {
+        Press(marked);
     }
 }
 
@@ -142,11 +145,7 @@ void PressEnter(Window& dialog, Window* focus) {
         return;
     }
     const LRESULT answer = SendMessageA(handle, DM_GETDEFID, 0, 0);
-    if (HIWORD(answer) != DC_HASDEFID) {
-        SendCommand(dialog, IDOK);
-        return;
-    }
-    const int id = static_cast<SHORT>(LOWORD(answer));
+    const int id = HIWORD(answer) == DC_HASDEFID ? static_cast<SHORT>(LOWORD(answer)) : IDOK;
     const HWND button = GetDlgItem(handle, id);
     // An edit of several lines goes there first.
     if ((focused & DLGC_WANTALLKEYS) != 0)
@@ -165,16 +164,19 @@ bool HandleKeyDown(Window& dialog, Window* focus, const MSG& message) {
         case VK_TAB:
             if ((wants & DLGC_WANTTAB) != 0)
                 return false;
+            // In a dialog without stops it stays where it is.
             if (Window* next = NextTabStop(dialog, focus, IsShiftDown()); next != nullptr)
                 FocusByKey(*next);
+            else if (focus != nullptr)
+                FocusByKey(*focus);
             return true;
         case VK_LEFT:
         case VK_UP:
         case VK_RIGHT:
         case VK_DOWN:
-            if ((wants & DLGC_WANTARROWS) != 0 || focus == nullptr)
+            if ((wants & DLGC_WANTARROWS) != 0)
                 return false;
-            MoveInGroup(dialog, *focus, message.wParam == VK_LEFT || message.wParam == VK_UP);
+            MoveInGroup(dialog, focus, message.wParam == VK_LEFT || message.wParam == VK_UP);
             return true;
         case VK_ESCAPE: {
             const Window* cancel = FindWindowOf(GetDlgItem(dialog.handle, IDCANCEL));
@@ -194,23 +196,24 @@ bool HandleLetter(Window& dialog, Window* focus, const MSG& message) {
     if (message.message == WM_CHAR && focus != nullptr &&
         (DialogCode(*focus, &message) & (DLGC_WANTCHARS | DLGC_WANTMESSAGE)) != 0)
         return false;
-    Window* marked = ControlMarkedBy(dialog, focus, static_cast<char>(message.wParam));
-    if (marked == nullptr)
+    // Captions mark plain letters alone.
+    if (message.wParam >= 0x80)
         return false;
-    FollowLetter(dialog, *marked);
+    const std::vector<Window*> marked =
+        ControlsMarkedBy(dialog, focus, static_cast<char>(message.wParam));
+    if (marked.empty())
+        return false;
+    FollowLetter(dialog, *marked.front(), marked.size() > 1);
     return true;
 }
 
 }  // namespace
 
 std::vector<Window*> GroupOf(const Window& control) {
-    std::vector<Window*> group;
     if (control.parent == nullptr)
-        return group;
-    const auto& all = control.parent->children;
-    const auto [first, end] = GroupAround(*control.parent, IndexOf(*control.parent, &control));
-    std::copy_if(all.begin() + first, all.begin() + end, std::back_inserter(group),
-                 [](const Window* each) { return CanTakeFocus(*each); });
+        return {};
+    std::vector<Window*> group = GroupAround(*control.parent, IndexOf(*control.parent, &control));
+    std::erase_if(group, [](const Window* each) { return !CanTakeFocus(*each); });
     return group;
 }
 
@@ -225,7 +228,7 @@ bool IsDialogKey(Window& focused, UINT message, WPARAM key, char character) {
     asked.wParam = key;
     const LRESULT wants = control != nullptr ? DialogCode(*control, &asked) : 0;
     if (message == WM_SYSKEYDOWN)
-        return character != 0 && ControlMarkedBy(dialog, control, character) != nullptr;
+        return character != 0 && !ControlsMarkedBy(dialog, control, character).empty();
     if ((wants & DLGC_WANTMESSAGE) != 0)
         return false;
     switch (key) {
@@ -241,7 +244,7 @@ bool IsDialogKey(Window& focused, UINT message, WPARAM key, char character) {
             return control != nullptr && (wants & DLGC_WANTARROWS) == 0;
         default:
             return character != 0 && (wants & DLGC_WANTCHARS) == 0 &&
-                   ControlMarkedBy(dialog, control, character) != nullptr;
+                   !ControlsMarkedBy(dialog, control, character).empty();
     }
 }
 

@@ -57,7 +57,8 @@ struct DialogState {
     INT_PTR result = 0;
     bool ended = false;
     bool ownerWasEnabled = false;
-    int defaultId = 0;
+    int defaultId = 0;          // 0: no button is, and Enter stands for OK
+    HWND savedFocus = nullptr;  // who had the focus when the dialog was last active
     HWND owner = nullptr;
 };
 
@@ -81,7 +82,6 @@ struct Window {
     std::optional<Rect> update;            // what of the client area waits to be painted
     bool eraseUpdate = false;
     Pixels pixels;
-    HWND lastFocus = nullptr;  // of a top-level window: who had the focus when it was active
     bool destroying = false;
     bool placed = false;        // is told of new places by WM_SIZE and WM_MOVE
     bool placementDue = false;  // will be told of its first place when it is shown

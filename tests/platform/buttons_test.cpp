@@ -75,6 +75,17 @@ TEST_F(Buttons, TabEntersAGroupAtTheButtonThatIsChecked) {
     EXPECT_EQ(dialog_.Shown().FocusedId(), IDC_RIGHT);
 }
 
+TEST(PlainRadioButtons, KeepTheirStopAndTheirMarkWhenTheyAreClicked) {
+    kit::RecordedDialog dialog(IDD_LETTERS, "Letters");
+    dialog.Shown().Press(IDC_PLAIN_RADIO);
+    EXPECT_EQ(dialog.Shown().FocusedId(), IDC_PLAIN_RADIO);
+    OnUserInterface([&] {
+        EXPECT_NE(
+            GetWindowLongPtrA(dialog.Shown().Control(IDC_PLAIN_RADIO), GWL_STYLE) & WS_TABSTOP, 0);
+    });
+    EXPECT_FALSE(dialog.Shown().IsChecked(IDC_PLAIN_RADIO));
+}
+
 TEST_F(Buttons, AClickTurnsThoseOnThatTurnThemselves) {
     EXPECT_EQ(Click(IDC_MANUAL), Code(IDC_MANUAL, BN_CLICKED));
     EXPECT_FALSE(dialog_.Shown().IsChecked(IDC_MANUAL)) << "the program checks it";

@@ -38,6 +38,24 @@
 #define IDC_ACROSS 501
 #define IDC_DOWN 502
 
+#define IDD_LETTERS 105
+#define IDC_START 601
+#define IDC_TWIN 602
+#define IDC_OTHER_TWIN 603
+#define IDC_GREY_FIELD 604
+#define IDC_NO_STOP 605
+#define IDC_FIELD 606
+#define IDC_KIND_A 607
+#define IDC_KIND_B 608
+#define IDC_UNSTOPPED 609
+#define IDC_ALONE 610
+#define IDC_PLAIN_RADIO 611
+#define IDC_SEND 612
+
+#define IDD_NO_STOPS 106
+
+#define IDD_CHOICE 107
+
 #define IDR_BAR 110
 #define IDM_OPEN 1001
 #define IDM_GREY 1002

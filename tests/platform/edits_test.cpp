@@ -3,6 +3,7 @@
 
 #include <array>
 #include <string>
+#include <tuple>
 
 #include "tests/kit/person.h"
 #include "tests/kit/user_interface.h"
@@ -101,6 +102,30 @@ TEST_F(Edits, TypingGoesInPlaceOfTheSelection) {
         << "nothing is selected";
     SetText(IDC_LINE, "new");
     EXPECT_EQ(Send(IDC_LINE, EM_GETSEL), 0) << "the caret stands before new text";
+}
+
+TEST_F(Edits, ACharacterInPlaceOfItsLikeIsAChange) {
+    SetText(IDC_LINE, "a1b");
+    Send(IDC_LINE, EM_SETSEL, 1, 2);
+    dialog_.TakeNotifications();
+    Type(IDC_LINE, "1");
+    EXPECT_EQ(dialog_.Shown().Text(IDC_LINE), "a1b");
+    EXPECT_EQ(dialog_.TakeNotifications(), Changed(IDC_LINE));
+}
+
+TEST_F(Edits, ALineEndIsOneCharacterForKeys) {
+    Focus(IDC_RETURN_LINES);
+    for (const auto& [key, left, caret] : {std::tuple{VK_BACK, "ab", 1},
+                                           {VK_DELETE, "ab", 1},
+                                           {VK_LEFT, "a\r\nb", 1},
+                                           {VK_RIGHT, "a\r\nb", 3}}) {
+        const bool behind = key == VK_BACK || key == VK_LEFT;
+        SetText(IDC_RETURN_LINES, "a\r\nb");
+        Send(IDC_RETURN_LINES, EM_SETSEL, behind ? 3 : 1, behind ? 3 : 1);
+        dialog_.Shown().Key(static_cast<WPARAM>(key));
+        EXPECT_EQ(dialog_.Shown().Text(IDC_RETURN_LINES), left) << "key " << key;
+        EXPECT_EQ(Send(IDC_RETURN_LINES, EM_GETSEL), MAKELONG(caret, caret)) << "key " << key;
+    }
 }
 
 TEST_F(Edits, KeysMoveTheCaretAndDelete) {

@@ -1,6 +1,8 @@
 // What keys do in a dialog box.
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <sstream>
 #include <string>
 
 #include "tests/kit/user_interface.h"
@@ -40,6 +42,71 @@ class DialogKeys : public testing::Test {
     kit::RecordedDialog dialog_{IDD_KEYS, "Keys"};
 };
 
+class DialogLetters : public testing::Test {
+  protected:
+    // What Alt and a letter make the dialog tell of clicks, and the number of who has the focus.
+    std::string Follow(char letter) {
+        dialog_.TakeNotifications();
+        dialog_.Shown().AltKey(letter);
+        std::string clicks;
+        std::istringstream told(dialog_.TakeNotifications());
+        for (std::string each; told >> each;) {
+            if (each.ends_with(":0"))
+                clicks += each + " ";
+        }
+        return clicks + "focus " + std::to_string(dialog_.Shown().FocusedId());
+    }
+
+    kit::RecordedDialog dialog_{IDD_LETTERS, "Letters", {.act = [](HWND window) {
+                                    CheckRadioButton(window, IDC_KIND_A, IDC_KIND_B, IDC_KIND_B);
+                                }}};
+};
+
+std::string FocusOn(int id) {
+    return "focus " + std::to_string(id);
+}
+
+TEST_F(DialogLetters, LeadFromALabelToTheNextStopAndPressAButtonThatIsNone) {
+    EXPECT_EQ(Follow('f'), FocusOn(IDC_FIELD)) << "over a disabled field and one that is no stop";
+    EXPECT_EQ(Follow('k'), FocusOn(IDC_KIND_B)) << "the radio button of the frame that is checked";
+    EXPECT_EQ(Follow('u'), Pressed(IDC_UNSTOPPED) + " " + FocusOn(IDC_UNSTOPPED));
+    EXPECT_TRUE(dialog_.Shown().IsChecked(IDC_UNSTOPPED));
+}
+
+TEST_F(DialogLetters, ThatSeveralShareMoveTheFocusAndPressTheDefaultButtonAlone) {
+    const auto expected = [](int id, int pressedByWine) {
+        return kit::ExceptOn(
+            WindowSystem::kWine, Pressed(pressedByWine) + " " + FocusOn(pressedByWine),
+            "presses the next of several buttons; Windows' guidelines have the focus move",
+            FocusOn(id));
+    };
+    EXPECT_EQ(Follow('t'), expected(IDC_TWIN, IDC_TWIN));
+    EXPECT_EQ(Follow('t'), expected(IDC_OTHER_TWIN, IDC_TWIN));
+    EXPECT_EQ(Follow('t'), expected(IDC_TWIN, IDC_TWIN)) << "and round";
+    EXPECT_EQ(Follow('s'), expected(IDC_SEND, IDC_SEND));
+    OnUserInterface([&] { SetFocus(dialog_.Shown().Control(IDC_FIELD)); });
+    OnUserInterface([&] { EnableWindow(dialog_.Shown().Control(IDC_SEND), FALSE); });
+    EXPECT_EQ(Follow('s'), Pressed(IDOK) + " " + FocusOn(IDOK)) << "no longer shared";
+}
+
+TEST_F(DialogLetters, GroupsGoRoundTheDialogsEnd) {
+    const struct {
+        int from;
+        BOOL previous;
+        int expected;
+    } cases[] = {{IDOK, FALSE, IDC_START},        {IDC_START, TRUE, IDOK},
+                 {IDC_START, FALSE, IDC_TWIN},    {IDC_ALONE, FALSE, IDC_ALONE},
+                 {IDC_KIND_B, FALSE, IDC_KIND_A}, {IDC_KIND_A, TRUE, IDC_KIND_B},
+                 {IDC_SEND, FALSE, IDOK}};
+    for (const auto& each : cases) {
+        const int found = OnUserInterface([&] {
+            return GetDlgCtrlID(GetNextDlgGroupItem(
+                dialog_.Shown().Handle(), dialog_.Shown().Control(each.from), each.previous));
+        });
+        EXPECT_EQ(found, each.expected) << (each.previous ? "before " : "behind ") << each.from;
+    }
+}
+
 TEST_F(DialogKeys, EscapeSendsCancelEvenWithoutACancelButton) {
     EXPECT_EQ(Press(VK_ESCAPE), "2");
     Focus(IDC_RETURN_LINES);
@@ -76,6 +143,13 @@ TEST(BareDialogKeys, EnterWithoutADefaultButtonSendsOk) {
     dialog.TakeNotifications();
     dialog.Shown().Key(VK_RETURN);
     EXPECT_EQ(dialog.TakeNotifications(), "1");
+    OnUserInterface([&] {
+        CreateWindowExA(0, "Button", "OK", WS_CHILD | WS_VISIBLE | WS_DISABLED, 0, 0, 10, 10,
+                        dialog.Shown().Handle(), reinterpret_cast<HMENU>(INT_PTR{IDOK}), nullptr,
+                        nullptr);
+    });
+    dialog.Shown().Key(VK_RETURN);
+    EXPECT_EQ(dialog.TakeNotifications(), "") << "an OK that cannot be pressed";
 }
 
 TEST_F(DialogKeys, EnterPressesTheDefaultButtonWhereverTheProgramPutsTheFocus) {
@@ -150,6 +224,56 @@ TEST_F(DialogKeys, ArrowsMoveTheChoiceInsideAGroupAndAround) {
     }
     EXPECT_NE(Press(VK_UP).find(Pressed(IDC_RADIO_C)), std::string::npos);
     EXPECT_TRUE(dialog_.Shown().IsChecked(IDC_RADIO_C));
+}
+
+TEST_F(DialogKeys, AnArrowToACheckedRadioButtonTellsNothing) {
+    OnUserInterface(
+        [&] { CheckRadioButton(dialog_.Shown().Handle(), IDC_RADIO_A, IDC_RADIO_C, IDC_RADIO_B); });
+    Focus(IDC_RADIO_A);
+    EXPECT_EQ(Press(VK_DOWN), "");
+    EXPECT_EQ(dialog_.Shown().FocusedId(), IDC_RADIO_B);
+}
+
+TEST_F(DialogLetters, AnArrowInAGroupOfOneRadioButtonChecksItOnce) {
+    OnUserInterface([&] { SetFocus(dialog_.Shown().Control(IDC_ALONE)); });
+    for (const std::string& told : {Pressed(IDC_ALONE), std::string()}) {
+        dialog_.TakeNotifications();
+        dialog_.Shown().Key(VK_DOWN);
+        EXPECT_EQ(dialog_.TakeNotifications(), told);
+    }
+    EXPECT_TRUE(dialog_.Shown().IsChecked(IDC_ALONE));
+}
+
+TEST_F(DialogKeys, WithoutAFocusTabAndArrowsLeadToTheFirstControlAndShiftTabNowhere) {
+    for (const WPARAM key : {VK_DOWN, VK_TAB}) {
+        OnUserInterface([&] {
+            SetFocus(nullptr);
+            EXPECT_EQ(GetNextDlgTabItem(dialog_.Shown().Handle(), nullptr, TRUE), nullptr);
+        });
+        PostMessageA(dialog_.Shown().Handle(), WM_KEYDOWN, key, 0);
+        EXPECT_EQ(dialog_.Shown().FocusedId(), IDC_LINE) << "key " << key;
+    }
+}
+
+// A control that goes gives the focus up to the first stop.
+TEST_F(DialogKeys, AControlThatIsHiddenOrDestroyedHandsTheFocusOn) {
+    OnUserInterface([&] { SetDlgItemTextA(dialog_.Shown().Handle(), IDC_LINE, "text"); });
+    const struct {
+        int id;
+        std::function<void(HWND)> go;
+    } cases[] = {{IDC_CHECK, [](HWND window) { ShowWindow(window, SW_HIDE); }},
+                 {IDC_APPLY, [](HWND window) { DestroyWindow(window); }}};
+    for (const auto& each : cases) {
+        Focus(each.id);
+        dialog_.TakeNotifications();
+        OnUserInterface([&] { each.go(dialog_.Shown().Control(each.id)); });
+        EXPECT_EQ(dialog_.TakeNotifications(), Code(IDC_LINE, EN_SETFOCUS));
+        EXPECT_EQ(OnUserInterface([&] {
+                      return SendDlgItemMessageA(dialog_.Shown().Handle(), IDC_LINE, EM_GETSEL, 0,
+                                                 0);
+                  }),
+                  MAKELONG(0, 4));
+    }
 }
 
 TEST_F(DialogKeys, ArrowsMoveAmongPushButtonsWithoutPressingThem) {

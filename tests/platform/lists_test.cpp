@@ -55,6 +55,10 @@ TEST_F(Lists, SelectingByMessageNotifiesNobodyAndABadRowIsAnError) {
     EXPECT_EQ(Send(IDC_DROP_LIST, CB_SETCURSEL, 3), 3);
     EXPECT_EQ(dialog_.TakeNotifications(), "");
     EXPECT_EQ(Send(IDC_LIST, LB_SETCURSEL, 4), LB_ERR);
+    EXPECT_EQ(Send(IDC_LIST, LB_SETCURSEL, static_cast<WPARAM>(-2)), LB_ERR);
+    EXPECT_EQ(Send(IDC_LIST, LB_GETCURSEL), 2) << "a row that is not there changes nothing";
+    EXPECT_EQ(Send(IDC_LIST, LB_SETCURSEL, static_cast<WPARAM>(-1)), LB_ERR);
+    EXPECT_EQ(Send(IDC_LIST, LB_GETCURSEL), LB_ERR);
     EXPECT_EQ(Send(IDC_DROP_LIST, CB_SETCURSEL, static_cast<WPARAM>(-1)), CB_ERR);
     EXPECT_EQ(Send(IDC_DROP_LIST, CB_GETCURSEL), CB_ERR);
     EXPECT_EQ(Send(IDC_LIST, LB_GETTEXTLEN, 9), LB_ERR);
@@ -110,6 +114,33 @@ TEST_F(Lists, FindingStartsBehindTheGivenRowWrapsAndIgnoresCase) {
     EXPECT_EQ(Send(IDC_LIST, LB_GETCURSEL), 1) << "what is not found changes nothing";
     EXPECT_EQ(SendText(IDC_DROP_LIST, CB_SELECTSTRING, 0, "ap"), 2);
     EXPECT_EQ(Send(IDC_DROP_LIST, CB_GETCURSEL), 2);
+}
+
+TEST_F(Lists, NothingIsFoundByAnEmptyText) {
+    Fill(IDC_LIST, LB_ADDSTRING);
+    Fill(IDC_DROP_LIST, CB_ADDSTRING);
+    EXPECT_EQ(SendText(IDC_LIST, LB_FINDSTRING, -1, ""), LB_ERR);
+    EXPECT_EQ(SendText(IDC_LIST, LB_SELECTSTRING, -1, ""), LB_ERR);
+    EXPECT_EQ(SendText(IDC_DROP_LIST, CB_SELECTSTRING, -1, ""), CB_ERR);
+    EXPECT_EQ(Send(IDC_DROP_LIST, CB_GETCURSEL), CB_ERR);
+}
+
+TEST_F(Lists, KeysMoveTheCaretInAComboBoxsEditAndDelete) {
+    SendText(IDC_COMBO, WM_SETTEXT, 0, "abc");
+    EXPECT_EQ(Send(IDC_DROP_LIST, CB_GETEDITSEL), CB_ERR) << "a list without an edit";
+    Focus(IDC_DROP_LIST);
+    OnUserInterface([&] { SetFocus(dialog_.Shown().Control(IDC_COMBO)); });
+    EXPECT_EQ(Send(IDC_COMBO, CB_GETEDITSEL), MAKELONG(0, 3)) << "all is selected by the focus";
+    dialog_.TakeNotifications();
+    dialog_.Shown().Key(VK_HOME);
+    dialog_.Shown().Key(VK_RIGHT);
+    EXPECT_EQ(Send(IDC_COMBO, CB_GETEDITSEL), MAKELONG(1, 1));
+    dialog_.Shown().Key(VK_DELETE);
+    EXPECT_EQ(dialog_.Shown().Text(IDC_COMBO), "ac");
+    EXPECT_EQ(dialog_.TakeNotifications(), Edited());
+    dialog_.Shown().Key(VK_END);
+    dialog_.Shown().Key(VK_DELETE);
+    EXPECT_EQ(dialog_.TakeNotifications(), "") << "nothing stands behind";
 }
 
 TEST_F(Lists, RowsThatComeAndGoBeforeTheSelectedOneMoveTheSelection) {

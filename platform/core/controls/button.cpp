@@ -115,7 +115,7 @@ class Button : public BasicControl {
                 break;
             default:
                 // The screen's own widget may have changed its look on the click.
-                SetCheck(check_);
+                CurrentScreen().SetCheck(window_.Widget(), check_);
                 break;
         }
         Notify(window_, BN_CLICKED);

@@ -2,6 +2,7 @@
 #include "platform/core/controls/control.h"
 #include "platform/core/controls/edit_text.h"
 #include "platform/core/controls/row_list.h"
+#include "platform/core/queue.h"
 
 namespace vxd {
 namespace {
@@ -38,6 +39,8 @@ class ComboBox : public BasicControl {
             case WM_GETTEXTLENGTH:
                 return static_cast<LRESULT>(FieldText().size());
             case WM_SETFOCUS:
+                if (HasEdit())
+                    SelectText(0, -1);
                 Notify(window_, CBN_SETFOCUS);
                 return 0;
             case WM_KILLFOCUS:
@@ -58,7 +61,7 @@ class ComboBox : public BasicControl {
                 edit_.SetLimit(static_cast<int>(wParam));
                 return TRUE;
             case CB_GETEDITSEL:
-                return MAKELONG(edit_.Start(), edit_.End());
+                return HasEdit() ? MAKELONG(edit_.Start(), edit_.End()) : CB_ERR;
             case CB_ADDSTRING:
                 return rows_.Add(text);
             case CB_INSERTSTRING:
@@ -198,18 +201,14 @@ class ComboBox : public BasicControl {
     void KeyDown(WPARAM key) {
         const bool sideways = key == VK_LEFT || key == VK_RIGHT || key == VK_HOME || key == VK_END;
         if (HasEdit() && sideways) {
-            MoveCaret(key);
-            return;
+            edit_.MoveByKey(key, IsShiftDown());
+            CurrentScreen().SetTextSelection(window_.Widget(), edit_.Start(), edit_.End());
+        } else if (HasEdit() && key == VK_DELETE) {
+            if (edit_.DeleteForwards())
+                ShowAndTellEdited();
+        } else {
+            Choose(rows_.RowForKey(key));
         }
-        Choose(rows_.RowForKey(key));
-    }
-
-    void MoveCaret(WPARAM key) {
-        if (key == VK_LEFT || key == VK_RIGHT)
-            edit_.MoveBy(key == VK_LEFT ? -1 : 1, false);
-        else
-            edit_.MoveTo(key == VK_HOME ? 0 : static_cast<int>(edit_.Text().size()), false);
-        CurrentScreen().SetTextSelection(window_.Widget(), edit_.Start(), edit_.End());
     }
 
     void Type(char character) {
@@ -217,13 +216,16 @@ class ComboBox : public BasicControl {
             Choose(rows_.RowForCharacter(character));
             return;
         }
-        const std::string before = edit_.Text();
+        bool changed = false;
         if (character == VK_BACK)
-            edit_.DeleteBackwards();
+            changed = edit_.DeleteBackwards();
         else if (static_cast<unsigned char>(character) >= ' ')
-            edit_.Replace({&character, 1});
-        if (edit_.Text() == before)
-            return;
+            changed = edit_.Replace({&character, 1}).changed;
+        if (changed)
+            ShowAndTellEdited();
+    }
+
+    void ShowAndTellEdited() {
         ShowEdit();
         TellEdited();
     }

@@ -45,7 +45,7 @@ class Edit : public BasicControl {
                 Type(static_cast<char>(wParam));
                 return 0;
             case WM_KEYDOWN:
-                MoveCaret(wParam);
+                KeyDown(wParam);
                 return 0;
             case EM_LIMITTEXT:
                 text_.SetLimit(static_cast<int>(wParam));
@@ -121,9 +121,7 @@ class Edit : public BasicControl {
     }
 
     void Insert(std::string_view text) {
-        const std::string before = text_.Text();
-        const bool fitted = text_.Replace(text);
-        const bool changed = text_.Text() != before;
+        const auto [fitted, changed] = text_.Replace(text);
         if (changed)
             Show();
         TellInserted(changed, fitted);
@@ -151,31 +149,16 @@ class Edit : public BasicControl {
         }
     }
 
-    void MoveCaret(WPARAM key) {
-        const bool extend = IsShiftDown();
-        switch (key) {
-            case VK_LEFT:
-                text_.MoveBy(-1, extend);
-                break;
-            case VK_RIGHT:
-                text_.MoveBy(1, extend);
-                break;
-            case VK_HOME:
-                text_.MoveTo(0, extend);
-                break;
-            case VK_END:
-                text_.MoveTo(static_cast<int>(text_.Text().size()), extend);
-                break;
-            case VK_DELETE:
-                if (!Has(ES_READONLY) && text_.DeleteForwards()) {
-                    Show();
-                    TellChange();
-                }
-                return;
-            default:
-                return;
+    void KeyDown(WPARAM key) {
+        const bool amongLines = IsMultiLine() && (key == VK_UP || key == VK_DOWN);
+        if (key == VK_DELETE) {
+            if (!Has(ES_READONLY) && text_.DeleteForwards()) {
+                Show();
+                TellChange();
+            }
+        } else if (!amongLines && text_.MoveByKey(key, IsShiftDown())) {
+            ShowSelection();
         }
-        ShowSelection();
     }
 
     LRESULT GetSelection(DWORD* start, DWORD* end) const {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/core/text.h"
+#include "platform/win32.h"
 
 namespace vxd {
 namespace {
@@ -42,15 +43,16 @@ void EditText::Select(int start, int end) {
     anchor_ = from;
 }
 
-bool EditText::Replace(std::string_view text) {
+EditText::Replaced EditText::Replace(std::string_view text) {
     std::string inserted = Converted(text);
     const int room = std::max(0, limit_ - (Length() - (end_ - start_)));
     const bool fits = static_cast<int>(inserted.size()) <= room;
     inserted.resize(WholeCharacters(inserted, static_cast<std::size_t>(room)));
+    const bool changed = start_ != end_ || !inserted.empty();
     Erase(start_, end_);
     text_.insert(static_cast<std::size_t>(start_), inserted);
     start_ = end_ = anchor_ = start_ + static_cast<int>(inserted.size());
-    return fits;
+    return {fits, changed};
 }
 
 bool EditText::Follow(std::string_view edited, int start, int end) {
@@ -100,12 +102,34 @@ void EditText::MoveTo(int position, bool extend) {
     end_ = std::max(anchor_, caret);
 }
 
+bool EditText::MoveByKey(std::uintptr_t virtualKey, bool extend) {
+    switch (virtualKey) {
+        case VK_LEFT:
+        case VK_UP:
+            MoveBy(-1, extend);
+            return true;
+        case VK_RIGHT:
+        case VK_DOWN:
+            MoveBy(1, extend);
+            return true;
+        case VK_HOME:
+            MoveTo(0, extend);
+            return true;
+        case VK_END:
+            MoveTo(Length(), extend);
+            return true;
+        default:
+            return false;
+    }
+}
+
 int EditText::Before(int position) const {
     if (position == 0)
         return 0;
     do
         --position;
-    while (position > 0 && IsContinuation(text_[static_cast<std::size_t>(position)]));
+    while (position > 0 && (IsContinuation(text_[static_cast<std::size_t>(position)]) ||
+                            IsInsideLineEnd(position)));
     return position;
 }
 
@@ -114,8 +138,14 @@ int EditText::Behind(int position) const {
         return Length();
     do
         ++position;
-    while (position < Length() && IsContinuation(text_[static_cast<std::size_t>(position)]));
+    while (position < Length() && (IsContinuation(text_[static_cast<std::size_t>(position)]) ||
+                                   IsInsideLineEnd(position)));
     return position;
+}
+
+bool EditText::IsInsideLineEnd(int position) const {
+    return position > 0 &&
+           std::string_view(text_).substr(static_cast<std::size_t>(position) - 1, 2) == "\r\n";
 }
 
 void EditText::Erase(int start, int end) {

@@ -39,7 +39,7 @@ class ListBox : public BasicControl {
                 rows_.Clear();
                 return LB_OKAY;
             case LB_SETCURSEL:
-                return rows_.Select(row);
+                return row == -1 || rows_.HasRow(row) ? rows_.Select(row) : LB_ERR;
             case LB_GETCURSEL:
                 return rows_.Selected();
             case LB_GETCOUNT:

@@ -95,6 +95,8 @@ LRESULT RowList::FindFrom(LRESULT after, Matches matches) const {
 }
 
 LRESULT RowList::FindPrefix(LRESULT after, std::string_view text) const {
+    if (text.empty())
+        return kError;
     return FindFrom(after, [text](std::string_view row) { return BeginsIgnoringCase(row, text); });
 }
 
