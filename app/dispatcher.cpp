@@ -144,9 +144,10 @@ static_assert(NoneStandsTwice(kCommands, chip::kDebugCommands, chip::kFixedComma
 LRESULT DispatchCommand(HWND window, uint32_t command) {
     const auto found = std::find_if(kCommands.begin(), kCommands.end(),
                                     [command](const Command& each) { return each.id == command; });
-    if (found != kCommands.end())
+    if (found != kCommands.end()) {
         found->run(window, command);
-    else
+    } else {
         RunChipCommand(window, command);
+    }
     return 0;
 }

@@ -152,10 +152,11 @@ void ChooseCommand(HWND dialog) {
     EnableField(dialog, IDC_RAW_COMMAND, row <= 0);
     EnableField(dialog, IDC_RAW_PARAM_1, !audio);
     EnableField(dialog, IDC_RAW_AUDIO_PARAM_LIST, audio);
-    if (audio)
+    if (audio) {
         ShowAudioParameter(dialog);
-    else
+    } else {
         SetDlgItemTextA(dialog, IDC_RAW_PARAM_1, "");
+    }
     ShowField(dialog, IDC_RAW_COMMAND, "%u", command);
 }
 

@@ -57,10 +57,11 @@ bool OfferBoardMenus(HWND window, LPARAM where) {
     POINT corner{0, 0};
     ClientToScreen(window, &corner);
     POINT point{static_cast<SHORT>(LOWORD(where)), static_cast<SHORT>(HIWORD(where))};
-    if (where == kAskedByKey)
+    if (where == kAskedByKey) {
         point = corner;
-    else if (!IsInClientArea(window, {point.x - corner.x, point.y - corner.y}))
+    } else if (!IsInClientArea(window, {point.x - corner.x, point.y - corner.y})) {
         return false;
+    }
     const HMENU menu = LoadMenuA(AppInstance, MAKEINTRESOURCEA(IDR_MENU_CONTEXT));
     CheckMenuRadioItem(GetSubMenu(menu, 0), IDM_MENU_OLDER, IDM_MENU_NEWER,
                        shownMenu == IDR_MENU_OLDER ? IDM_MENU_OLDER : IDM_MENU_NEWER, MF_BYCOMMAND);

@@ -5,10 +5,10 @@
 
 namespace {
 
-bool AlwaysOnTop = false;
+bool alwaysOnTop = false;
 
 void ApplyAlwaysOnTop(HWND window) {
-    SetWindowPos(window, AlwaysOnTop ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
+    SetWindowPos(window, alwaysOnTop ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
                  SWP_NOSIZE | SWP_NOMOVE);
     MarkAlwaysOnTop(window);
 }
@@ -24,17 +24,17 @@ void ChangeColor(HWND window) {
 }
 
 void ToggleAlwaysOnTop(HWND window) {
-    AlwaysOnTop = !AlwaysOnTop;
+    alwaysOnTop = !alwaysOnTop;
     ApplyAlwaysOnTop(window);
-    WriteSetting(setting::kAlwaysOnTop, AlwaysOnTop);
-    WriteSetting(setting::kAlwaysOnTopShared, AlwaysOnTop);
+    WriteSetting(setting::kAlwaysOnTop, alwaysOnTop);
+    WriteSetting(setting::kAlwaysOnTopShared, alwaysOnTop);
 }
 
 void RestoreAlwaysOnTop(HWND window) {
-    AlwaysOnTop = ReadSetting(setting::kAlwaysOnTop) != 0;
+    alwaysOnTop = ReadSetting(setting::kAlwaysOnTop) != 0;
     ApplyAlwaysOnTop(window);
 }
 
 void MarkAlwaysOnTop(HWND window) {
-    CheckMenuItem(GetMenu(window), IDM_HELP_ALWAYS_ON_TOP, AlwaysOnTop ? MF_CHECKED : MF_UNCHECKED);
+    CheckMenuItem(GetMenu(window), IDM_HELP_ALWAYS_ON_TOP, alwaysOnTop ? MF_CHECKED : MF_UNCHECKED);
 }

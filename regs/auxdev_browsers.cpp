@@ -34,10 +34,11 @@ std::optional<std::string> ReadFeature(HWND /*dialog*/, std::size_t row) {
 
 void WriteFeature(HWND dialog, std::size_t row, const std::string& text) {
     const uint32_t feature = auxdev::kFeatures[row].id;
-    if (static_cast<uint16_t>(ParseHexShortAfterPrefix(text)) != 0)
+    if (static_cast<uint16_t>(ParseHexShortAfterPrefix(text)) != 0) {
         ReportFailure(dialog, CodeOf(vdapi_AUXDEV_Activate(feature)), "vdapi_AUXDEV_Activate");
-    else
+    } else {
         ReportFailure(dialog, CodeOf(vdapi_AUXDEV_Deactivate(feature)), "vdapi_AUXDEV_Deactivate");
+    }
 }
 
 constexpr RegisterBrowser kFieldBrowser{

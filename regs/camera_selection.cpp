@@ -15,12 +15,12 @@ namespace {
 constexpr uint32_t kPhilipsCamera = 1;
 constexpr uint32_t kVcr = 2;
 
-template <uint32_t input>
+template <uint32_t kInput>
 void SelectInput(HWND /*dialog*/) {
     uint32_t response1 = 0;
     uint32_t response2 = 0;
     uint16_t response3 = 0;
-    vdapi_SendCommand(PELLAN_COMMAND_CAM_SET_INPUT, input, 0, 0, &response1, &response2,
+    vdapi_SendCommand(PELLAN_COMMAND_CAM_SET_INPUT, kInput, 0, 0, &response1, &response2,
                       &response3);
 }
 

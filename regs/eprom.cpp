@@ -59,9 +59,10 @@ bool TransferEnds() {
 }
 
 void ShowBytes(HWND dialog, uint32_t length) {
-    for (std::size_t i = 0; i < kDataFields.size(); ++i)
+    for (std::size_t i = 0; i < kDataFields.size(); ++i) {
         ShowField(dialog, kDataFields[i], "0x%02hX",
                   static_cast<uint16_t>(i < length ? transferBytes[i] : 0));
+    }
 }
 
 // What the operation itself answers is not looked at: one that was refused never ends.
@@ -69,10 +70,11 @@ void ReadBytes(HWND dialog, uint32_t address, uint32_t length) {
     transferBytes.fill(0);
     PendingFlag() = 1;
     vdapi_EPROM_Read(address, transferBytes.data(), length, kTransferConstant);
-    if (TransferEnds())
+    if (TransferEnds()) {
         ShowBytes(dialog, length);
-    else
+    } else {
         ReportFailure(dialog, VXD_TIMEOUT_FAILURE, "vdapi_Debug: TALVERO_DBG_EPROM_READ");
+    }
 }
 
 void WriteBytes(HWND dialog, uint32_t address, uint32_t length) {
@@ -93,10 +95,11 @@ int Operation(HWND dialog) {
 void Apply(HWND dialog) {
     const uint32_t address = ReadHexShort(dialog, IDC_EPROM_ADDRESS);
     const uint32_t length = ReadHexShort(dialog, IDC_EPROM_LENGTH);
-    if (Operation(dialog) == IDC_EPROM_WRITE)
+    if (Operation(dialog) == IDC_EPROM_WRITE) {
         WriteBytes(dialog, address, length);
-    else
+    } else {
         ReadBytes(dialog, address, length);
+    }
 }
 
 void Open(HWND dialog) {

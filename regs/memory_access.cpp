@@ -32,22 +32,22 @@ constexpr Space kPorts{IDC_PORT_ADDRESS, IDC_PORT_VALUE, IDC_PORT_UNIT, vdapi_IO
                        vdapi_IO_Write};
 
 // A failed read shows 0.
-template <const Space& space>
+template <const Space& kSpace>
 void Get(HWND dialog) {
-    const auto address = ReadHexField(dialog, space.address);
+    const auto address = ReadHexField(dialog, kSpace.address);
     if (!address)
         return;
     uint32_t value = 0;
-    space.read(*address, SelectedNumber(dialog, space.unit), &value);
-    ShowField(dialog, space.value, "0x%x", value);
+    kSpace.read(*address, SelectedNumber(dialog, kSpace.unit), &value);
+    ShowField(dialog, kSpace.value, "0x%x", value);
 }
 
-template <const Space& space>
+template <const Space& kSpace>
 void Set(HWND dialog) {
-    const auto address = ReadHexField(dialog, space.address);
-    const auto value = ReadHexField(dialog, space.value);
+    const auto address = ReadHexField(dialog, kSpace.address);
+    const auto value = ReadHexField(dialog, kSpace.value);
     if (address && value)
-        space.write(*address, SelectedNumber(dialog, space.unit), *value);
+        kSpace.write(*address, SelectedNumber(dialog, kSpace.unit), *value);
 }
 
 // The widest unit, which comes last, is selected.

@@ -83,10 +83,11 @@ void ShowCurrentRow(HWND dialog) {
     const std::size_t row = CurrentRow(dialog, open);
     const std::string value = browser.read(dialog, row).value_or(browser.failureText);
     SetDlgItemTextA(dialog, browser.value, value.c_str());
-    if (browser.showName != nullptr)
+    if (browser.showName != nullptr) {
         browser.showName(dialog, row);
-    else
+    } else {
         SetDlgItemTextA(dialog, browser.name, browser.catalogue.nameOf(row));
+    }
 }
 
 void SetCurrentRow(HWND dialog) {

@@ -23,9 +23,10 @@ uint32_t SendRegisterCommand(uint32_t command, uint32_t address, uint32_t value)
 
 void Get(HWND dialog) {
     const auto address = ReadHexField(dialog, IDC_USS_ADDRESS);
-    if (address)
+    if (address) {
         ShowField(dialog, IDC_USS_VALUE, "0x%x",
                   SendRegisterCommand(PELLAN_COMMAND_GET_USS_REG, *address, 0));
+    }
 }
 
 void Set(HWND dialog) {

@@ -40,14 +40,15 @@ std::optional<std::string> ReadBit(HWND /*dialog*/, std::size_t row) {
 
 void WriteBit(HWND dialog, std::size_t row, const std::string& text) {
     BitBlock block{.chip = {}, .bit = IdForWriting(vpic::kBits[row])};
-    if (ParseHexShort(text) != 0)
+    if (ParseHexShort(text) != 0) {
         ReportFailure(dialog,
                       CodeOf(vdapi_Debug(TALVERO_DBG_VPIC_OP_BIT_SET, sizeof block, &block)),
                       "vdapi_Debug: TALVERO_DBG_VPIC_OP_BIT_SET");
-    else
+    } else {
         ReportFailure(dialog,
                       CodeOf(vdapi_Debug(TALVERO_DBG_VPIC_OP_BIT_CLR, sizeof block, &block)),
                       "vdapi_Debug: TALVERO_DBG_VPIC_OP_BIT_CLR");
+    }
 }
 
 constexpr RegisterBrowser kPortBrowser{

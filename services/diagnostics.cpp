@@ -36,7 +36,7 @@ constexpr std::array kBoxStyles = {
 
 uint16_t debugLevel = 0;
 int openBoxes = 0;
-std::array<const char*, kResultNames.size()> ErrorNameTable{};
+std::array<const char*, kResultNames.size()> errorNames{};
 
 std::string TracePrefix(uint16_t severity) {
     char prefix[kFormatBuffer];
@@ -66,7 +66,7 @@ int ViewerOutputMode() {
 }  // namespace
 
 void BuildErrorNames() {
-    std::copy(kResultNames.begin(), kResultNames.end(), ErrorNameTable.begin());
+    std::copy(kResultNames.begin(), kResultNames.end(), errorNames.begin());
 }
 
 void DbgMsg(uint16_t severity, const char* format, ...) {
@@ -98,7 +98,7 @@ void ReportFailure(HWND owner, ResultCode code, const char* operation) {
     if (code == VXD_SUCCESS)
         return;
     ShowMessage(owner, MessageKind::kWarning, operation,
-                code < ErrorNameTable.size() ? ErrorNameTable[code] : "Unknown Error");
+                code < errorNames.size() ? errorNames[code] : "Unknown Error");
 }
 
 int ShowBox(HWND owner, const char* text, const char* caption, UINT style) {

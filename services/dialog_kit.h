@@ -50,13 +50,13 @@ State& StateOf(HWND dialog) {
 }
 
 // Actions that end a dialog: with a result, or with 1 once it has taken the choice in its fields.
-template <INT_PTR result>
+template <INT_PTR kResult>
 void EndWith(HWND dialog) {
-    EndDialog(dialog, result);
+    EndDialog(dialog, kResult);
 }
-template <void (*take)(HWND dialog)>
+template <void (*kTake)(HWND dialog)>
 void Accept(HWND dialog) {
-    take(dialog);
+    kTake(dialog);
     EndDialog(dialog, 1);
 }
 
