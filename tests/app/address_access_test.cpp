@@ -153,6 +153,9 @@ TEST_F(JadeAccess, WritesAndReadsARegisterAndShows0WithoutAReportWhereThatFails)
     dialog_.Type(IDC_JADE_VALUE, "");
     EXPECT_EQ(ReceivedOn(IDC_JADE_GET), Texts{"vdapi_JADE_Read(2A, address)"});
     EXPECT_EQ(Shown({IDC_JADE_REGISTER, IDC_JADE_VALUE}), (Texts{"0x2A", "0x2B"}));
+    board::StickBits("vdapi_JADE_Read", 0xABCDEF00);
+    dialog_.Press(IDC_JADE_GET);
+    EXPECT_EQ(dialog_.Text(IDC_JADE_VALUE), "0x2B");
     board::FailAlways("vdapi_JADE_Read", VXD_HARDWARE_FAILURE);
     dialog_.Press(IDC_JADE_GET);
     EXPECT_EQ(dialog_.Text(IDC_JADE_VALUE), "0x00");

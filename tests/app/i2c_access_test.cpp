@@ -55,6 +55,11 @@ TEST_F(I2cAccess, ReadsBackARegisterThatItHasWrittenAndZeroWithoutAReportWhereNo
     dialog_.Press(IDC_I2C_READ_REGISTER);
     dialog_.Press(IDC_I2C_APPLY);
     EXPECT_EQ(dialog_.Text(IDC_I2C_DATA_1), "0x3C");
+    board::StickBits("vdapi_I2C_Transfer", 0xABCDEF00);
+    Type({{IDC_I2C_DATA_1, "0x0A"}});
+    dialog_.Press(IDC_I2C_APPLY);
+    EXPECT_EQ(dialog_.Text(IDC_I2C_DATA_1), "0x3C");
+    board::SucceedAgain();
     dialog_.Type(IDC_I2C_ADDRESS, "0x60");
     dialog_.Press(IDC_I2C_APPLY);
     EXPECT_EQ(dialog_.Text(IDC_I2C_DATA_1), "0x00");

@@ -272,6 +272,36 @@ TEST_F(OneBrowser, ValuesAreReadBehindTheirPrefixAndCutToTheRegister) {
     }
 }
 
+TEST_F(OneBrowser, ValuesAreShownInTheirRegistersWidthWhateverTheBoardGives) {
+    struct Case {
+        const char* test;
+        const char* row;
+        uint32_t stuck;  // bits that read 1 beside what the register holds
+        const char* shown;
+    };
+    for (const Case& each : {
+             Case{"VpicPorts", "VCP_VCX                    ", 0x0A, "0x0000000A"},
+             Case{"IsacRegisters", "TIMR  - Timer ", 0x0A, "0x0A"},
+             Case{"ArcofiPorts", "REG_GCR                        ", 0x0A, "0x0A"},
+             Case{"ArcofiCoefficients", "TONE_FILTER                  ", 0x0A,
+                  "0x0A\r\n0x0A\r\n0x0A\r\n0x0A"},
+             Case{"SaecPorts", "HWCONF1                  ", 0xFFFFFF0A, "0x0A"},
+             Case{"SaecPorts", "SAGX5                    ", 0xFFFF0A0B, "0x0A0B"},
+             Case{"DigitalCamera", "Control Register            ", 0x0A, "0x0A"},
+             Case{"AnalogCamera", "Version Number              ", 0x0A, "0x0B"},
+             Case{"AuxdevFields", "Audio Output Select", 0x0A, "0x0A"},
+             Case{"AuxdevFields", "Audio Output Select", 0xABC, "0xABC"},
+             Case{"AuxdevFeatures", "Jade Reset", 0x0A, "0x0A"},
+         }) {
+        SCOPED_TRACE(std::string(each.test) + ", " + each.row);
+        Use(each.test);
+        board::StickBits(browser_->read, each.stuck);
+        dialog_.Pick(browser_->list, std::string(each.row));
+        EXPECT_EQ(Shown(), each.shown);
+        board::SucceedAgain();
+    }
+}
+
 TEST_F(OneBrowser, BitsAreReadFromTheFirstCharacterOn) {
     for (const auto& [test, block, set, clear] :
          {std::tuple{"VpicBits", "00000000 20400002", "1D", "1E"},
@@ -429,6 +459,15 @@ TEST_F(OneBrowser, IsacChipsCanBeChosenAsTheBoardHasThem) {
                 EXPECT_EQ(dialog_.IsEnabled(firstChip + chip), chip < each.chips) << test << chip;
         }
     }
+}
+
+TEST_F(OneBrowser, ABoardThatDoesNotTellHowManyIsacChipsItHasOffersTheFirstAlone) {
+    board::SetRevisions({.board = 0x011D});
+    kit::RunStep([] { BoardRevision = 0x011D; });
+    board::FailAlways("vdapi_AUXDEV_GetField", VXD_TIMEOUT_FAILURE);
+    Use("IsacRegisters");
+    EXPECT_FALSE(dialog_.IsEnabled(IDC_ISAC_REGISTERS_CHIP_1 + 1));
+    EXPECT_FALSE(dialog_.IsEnabled(IDC_ISAC_REGISTERS_CHIP_1 + 2));
 }
 
 TEST_F(OneBrowser, AChipThatIsChosenIsShownAndWrittenUntilTheDialogCloses) {
