@@ -73,8 +73,10 @@ TEST_F(ProfilePosixTest, TheSettingsFolderFollowsTheEnvironmentAndThePasswords) 
         SetEnvironmentVariableA("XDG_CONFIG_HOME", useless);
         EXPECT_EQ(settingsFolder(), "/some/home/.config/vxdtest");
     }
-    SetEnvironmentVariableA("HOME", nullptr);
-    EXPECT_EQ(settingsFolder(), std::string(getpwuid(getuid())->pw_dir) + "/.config/vxdtest");
+    for (const char* useless : {static_cast<const char*>(nullptr), "", "relative"}) {
+        SetEnvironmentVariableA("HOME", useless);
+        EXPECT_EQ(settingsFolder(), std::string(getpwuid(getuid())->pw_dir) + "/.config/vxdtest");
+    }
 }
 
 TEST_F(ProfilePosixTest, FolderAndFilesAreMadeForTheUserAloneWhenFirstWritten) {
