@@ -76,7 +76,7 @@ EepromContents GetEeprom() {
 }
 
 void SetEeprom(const EepromContents& contents) {
-    Locked([&](Simulation&) { StoreEeprom(contents); });
+    Locked([&](Simulation&) { StoreEeprom(0, contents); });
 }
 
 Services GetServices() {

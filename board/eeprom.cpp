@@ -3,10 +3,9 @@
 #include <algorithm>
 #include <atomic>
 #include <chrono>
-#include <filesystem>
-#include <fstream>
+#include <cstdlib>
+#include <string>
 #include <utility>
-#include <vector>
 
 #include "board/state.h"
 #include "platform/win32.h"
@@ -18,10 +17,27 @@ constexpr uint32_t kMostBytes = 8;
 constexpr uint8_t kErased = 0xFF;
 constexpr size_t kPendingFlagSlot = 0;  // in the table shared with the utility
 
-std::filesystem::path FilePath() {
-    char folder[MAX_PATH];
-    GetWindowsDirectoryA(folder, sizeof folder);
-    return std::filesystem::path(folder) / "board.eeprom";
+constexpr const char* kFile = "board.eeprom";
+constexpr const char* kSection = "EEPROM";
+
+// The key of the byte at an address.
+std::string KeyOf(size_t address) {
+    char key[8];
+    wsprintfA(key, "0x%03X", static_cast<unsigned>(address));
+    return key;
+}
+
+uint8_t LoadByte(size_t address) {
+    char text[8];
+    const DWORD length =
+        GetPrivateProfileStringA(kSection, KeyOf(address).c_str(), "", text, sizeof text, kFile);
+    return length != 0 ? static_cast<uint8_t>(std::strtoul(text, nullptr, 0)) : kErased;
+}
+
+bool StoreByte(size_t address, uint8_t byte) {
+    char text[8];
+    wsprintfA(text, "0x%02X", static_cast<unsigned>(byte));
+    return WritePrivateProfileStringA(kSection, KeyOf(address).c_str(), text, kFile) != 0;
 }
 
 bool HasRange(uint32_t address, uint32_t length) {
@@ -36,9 +52,10 @@ void ClearPendingFlag(const State& state) {
     }
 }
 
-// Has `transfer` made when `length` bytes' time has passed.
-template <typename Transfer>
-ResultCode Start(State& state, uint32_t length, Transfer transfer) {
+// Starts a transfer: does `first` at once and, where that went well, `last` when `length` bytes'
+// time has passed.
+template <typename First, typename Last>
+ResultCode Start(State& state, uint32_t length, First first, Last last) {
     Eeprom& eeprom = state.eeprom;
     const auto now = Schedule::Clock::now();
     if (now < eeprom.busyUntil) {
@@ -47,11 +64,14 @@ ResultCode Start(State& state, uint32_t length, Transfer transfer) {
     if (eeprom.behaviour.hangs) {
         return VXD_SUCCESS;
     }
+    if (!first()) {
+        return VXD_FILE_OPEN_FAILURE;
+    }
     const std::chrono::milliseconds duration{uint64_t{eeprom.behaviour.millisecondsPerByte} *
                                              length};
     eeprom.busyUntil = now + duration;
-    state.schedule.After(duration, [transfer = std::move(transfer)](State& later) {
-        transfer();
+    state.schedule.After(duration, [last = std::move(last)](State& later) {
+        last();
         ClearPendingFlag(later);
     });
     return VXD_SUCCESS;
@@ -61,30 +81,27 @@ ResultCode Start(State& state, uint32_t length, Transfer transfer) {
 
 EepromContents LoadEeprom() {
     EepromContents contents;
-    contents.fill(kErased);
-    std::array<char, std::tuple_size_v<EepromContents>> bytes;
-    std::ifstream file(FilePath(), std::ios::binary);
-    file.read(bytes.data(), bytes.size());
-    std::copy_n(bytes.begin(), file.gcount(), contents.begin());
+    for (size_t address = 0; address < contents.size(); ++address) {
+        contents[address] = LoadByte(address);
+    }
     return contents;
 }
 
-void StoreEeprom(const EepromContents& contents) {
-    const std::filesystem::path path = FilePath();
-    std::error_code ignored;
-    std::filesystem::create_directories(path.parent_path(), ignored);
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    std::ranges::for_each(contents, [&](uint8_t byte) { file.put(static_cast<char>(byte)); });
+bool StoreEeprom(uint32_t address, std::span<const uint8_t> bytes) {
+    return std::ranges::all_of(bytes, [&](uint8_t byte) { return StoreByte(address++, byte); });
 }
 
 ResultCode StartEepromRead(State& state, uint32_t address, uint8_t* buffer, uint32_t length) {
     if (!buffer || !HasRange(address, length)) {
         return VXD_INVALID_PARAMETER;
     }
-    return Start(state, length, [=] {
-        const EepromContents contents = LoadEeprom();
-        std::copy_n(contents.begin() + address, length, buffer);
-    });
+    return Start(
+        state, length, [] { return true; },
+        [=] {
+            for (uint32_t i = 0; i < length; ++i) {
+                buffer[i] = LoadByte(address + i);
+            }
+        });
 }
 
 ResultCode StartEepromWrite(State& state, uint32_t address, const uint8_t* buffer,
@@ -92,12 +109,12 @@ ResultCode StartEepromWrite(State& state, uint32_t address, const uint8_t* buffe
     if (!buffer || !HasRange(address, length)) {
         return VXD_INVALID_PARAMETER;
     }
-    const std::vector<uint8_t> bytes(buffer, buffer + length);
-    return Start(state, length, [=] {
-        EepromContents contents = LoadEeprom();
-        std::ranges::copy(bytes, contents.begin() + address);
-        StoreEeprom(contents);
-    });
+    return Start(
+        state, length,
+        [=] {
+            return StoreEeprom(address, {buffer, length});
+        },
+        [] {});
 }
 
 }  // namespace board

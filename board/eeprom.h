@@ -1,9 +1,12 @@
 // The board's EEPROM: 512 bytes that stay between runs, in the file "board.eeprom" beside the
-// settings files. What was never written, or is missing in the file, is erased: 0xFF.
+// settings files and of their kind: in its section [EEPROM] each byte that was ever written is a
+// key, its address, with its value ("0x01F = 0x55"). So programs that share the file lose none of
+// each other's bytes. What is missing in it is erased: 0xFF.
 #pragma once
 
 #include <array>
 #include <cstdint>
+#include <span>
 
 #include "board/schedule.h"
 #include "driver/result_code.h"
@@ -15,7 +18,9 @@ struct State;
 using EepromContents = std::array<uint8_t, 512>;
 
 EepromContents LoadEeprom();
-void StoreEeprom(const EepromContents& contents);
+
+// Puts bytes into the file; false when it can't be written. They must end within the EEPROM.
+bool StoreEeprom(uint32_t address, std::span<const uint8_t> bytes);
 
 // How the EEPROM behaves.
 struct EepromBehaviour {
@@ -28,11 +33,12 @@ struct Eeprom {
     Schedule::Clock::time_point busyUntil{};
 };
 
-// Start a transfer of 1 to 8 bytes. The board's own thread makes it when its time has passed and
-// then clears the utility's EpromPendingFlag. Bytes to be written are taken over at once; the
-// buffer of those to be read is filled just before the flag is cleared. Another number of bytes,
-// bytes beyond the last one or a missing buffer answer VXD_INVALID_PARAMETER, a transfer while the
-// one before is still under way VXD_BUSY_WITH_PRIOR_REQUEST.
+// Start a transfer of 1 to 8 bytes. Bytes to be written are in the file when the call returns;
+// where they could not be put there it answers VXD_FILE_OPEN_FAILURE. When the transfer's time has
+// passed the board's own thread fills the buffer of bytes to be read, and clears the utility's
+// EpromPendingFlag. Another number of bytes, bytes beyond the last one or a missing buffer answer
+// VXD_INVALID_PARAMETER, a transfer while the one before is still under way
+// VXD_BUSY_WITH_PRIOR_REQUEST.
 ResultCode StartEepromRead(State& state, uint32_t address, uint8_t* buffer, uint32_t length);
 ResultCode StartEepromWrite(State& state, uint32_t address, const uint8_t* buffer, uint32_t length);
 

@@ -41,8 +41,10 @@ void ReadSettings(State& state) {
 }
 
 void Disturbances::Refresh() {
-    char folder[MAX_PATH];
-    GetWindowsDirectoryA(folder, sizeof folder);
+    char folder[4096];  // a longer path opens no file
+    if (GetWindowsDirectoryA(folder, sizeof folder) >= sizeof folder) {
+        folder[0] = '\0';
+    }
     if (!file_.IsUnchanged(folder, kFile)) {
         known_.clear();
     }

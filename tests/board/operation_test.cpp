@@ -197,10 +197,8 @@ TEST_F(Operations, TakeTheBoardFromTheSettingsFile) {
 
 TEST_F(Operations, MeetEveryChangeOfTheSettingsFileAtOnce) {
     constexpr DWORD kUntilTheFileIsAtRest = 2300;
-    char folder[MAX_PATH];
-    GetWindowsDirectoryA(folder, sizeof folder);
-    std::filesystem::create_directories(folder);
-    const auto file = std::filesystem::path(folder) / kit::kBoardFile;
+    const auto file = kit::SettingsPath(kit::kBoardFile);
+    std::filesystem::create_directories(file.parent_path());
     const auto codeAfterWriting = [&](ResultCode code) {
         std::ofstream(file) << "[Fail]\nvdapi_JADE_Reset = " << code << '\n';
         return CodeOf(vdapi_JADE_Reset(0x32));
@@ -233,9 +231,8 @@ TEST_F(Operations, AreTracedAsLinesWhereTheSettingsFileWantsIt) {
     vdapi_AUXDEV_Activate(1);
     settings_.Write(kit::kBoardFile, "Trace", "Calls", "1");
     // A place for the monitor that tests running beside this one don't use.
-    char folder[MAX_PATH];
-    GetWindowsDirectoryA(folder, sizeof folder);
-    SetEnvironmentVariableA("XDG_RUNTIME_DIR", folder);
+    const std::string folder = kit::SettingsPath(kit::kBoardFile).parent_path().string();
+    SetEnvironmentVariableA("XDG_RUNTIME_DIR", folder.c_str());
     DebugMonitor monitor;
     ASSERT_TRUE(monitor.IsListening());
     vdapi_Initialize(0);

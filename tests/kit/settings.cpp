@@ -8,15 +8,19 @@ namespace kit {
 namespace {
 
 void RemoveFiles() {
-    char folder[MAX_PATH];
-    GetWindowsDirectoryA(folder, sizeof folder);
     for (const char* file : {kOwnFile, kSharedFile, kBoardFile, kEepromFile}) {
         std::error_code ignored;
-        std::filesystem::remove(std::filesystem::path(folder) / file, ignored);
+        std::filesystem::remove(SettingsPath(file), ignored);
     }
 }
 
 }  // namespace
+
+std::filesystem::path SettingsPath(const char* file) {
+    std::string folder(GetWindowsDirectoryA(nullptr, 0), '\0');
+    folder.resize(GetWindowsDirectoryA(folder.data(), static_cast<UINT>(folder.size())));
+    return std::filesystem::path(folder) / file;
+}
 
 SettingsFolder::SettingsFolder() {
     std::random_device random;

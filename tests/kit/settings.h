@@ -12,6 +12,9 @@ inline constexpr char kSharedFile[] = "TALVERO.INI";
 inline constexpr char kBoardFile[] = "board.ini";
 inline constexpr char kEepromFile[] = "board.eeprom";
 
+// Where the system keeps the settings file of this name.
+std::filesystem::path SettingsPath(const char* file);
+
 // A settings folder with none of the files in it, for this process. Where the system has only one
 // folder for all, the files are taken out of it. Debug output, too, goes to monitors of this
 // process alone where the system allows that.
