@@ -172,6 +172,18 @@ TEST_F(Lists, KeysAndLettersChooseRowsAndTellTheProgram) {
     EXPECT_EQ(dialog_.Shown().SelectedRow(IDC_LIST), 1);
 }
 
+TEST_F(Lists, SpaceChoosesTheRowThatKeysStandOn) {
+    Fill(IDC_LIST, LB_ADDSTRING);
+    Focus(IDC_LIST);
+    dialog_.Shown().Key(VK_SPACE);
+    EXPECT_EQ(dialog_.Shown().SelectedRow(IDC_LIST), 0);
+    EXPECT_EQ(dialog_.TakeNotifications(), Code(IDC_LIST, LBN_SELCHANGE));
+    Send(IDC_LIST, LB_SETCURSEL, 2);
+    dialog_.Shown().Key(VK_SPACE);
+    EXPECT_EQ(dialog_.Shown().SelectedRow(IDC_LIST), 2);
+    EXPECT_EQ(dialog_.TakeNotifications(), "");
+}
+
 TEST_F(Lists, AClickTakesTheFocusAndChoosesAndADoubleClickIsTold) {
     Fill(IDC_LIST, LB_ADDSTRING);
     Focus(IDC_CAPITALS);
