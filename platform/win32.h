@@ -258,6 +258,7 @@ typedef struct tagMINMAXINFO {
 #define DS_ABSALIGN 0x0001
 #define DS_SETFONT 0x0040
 #define DS_MODALFRAME 0x0080
+#define DS_NOIDLEMSG 0x0100
 #define DS_CENTER 0x0800
 #define IDOK 1
 #define IDCANCEL 2

@@ -84,7 +84,9 @@ DialogTemplate LayOut(const std::string& text, const char* title, UINT style) {
     const int buttonsWidth = count * kButtonWidth + (count - 1) * kGap;
 
     DialogTemplate made;
-    made.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME | DS_SETFONT | DS_CENTER;
+    // Windows' own message boxes are told from other dialogs by DS_NOIDLEMSG too.
+    made.style =
+        WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME | DS_NOIDLEMSG | DS_SETFONT | DS_CENTER;
     made.title = title;
     made.width = std::max(textLeft + textWidth, buttonsWidth + kMargin) + kMargin;
     made.height = kMargin + bodyHeight + kMargin + kButtonHeight + kMargin;

@@ -43,7 +43,8 @@ class Frame : public QWidget {
         : QWidget(owner, WindowFlags(setup)), id_(setup.id), report_(report) {
         setContextMenuPolicy(Qt::PreventContextMenu);
         if (setup.kind == WidgetKind::kDialog) {
-            SetRole(*this, QAccessible::Dialog);
+            const bool isMessage = (setup.style & DS_NOIDLEMSG) != 0;
+            SetRole(*this, isMessage ? QAccessible::AlertMessage : QAccessible::Dialog);
             if (owner != nullptr)
                 setWindowModality(Qt::WindowModal);
             return;

@@ -213,4 +213,17 @@ TEST_F(ToolsOnForm, ControlsHaveNamesAndSayWhatTheyAre) {
     });
 }
 
+TEST_F(ToolsOnForm, AMessageBoxSaysThatItIsOneAndModal) {
+    kit::BeginStep([this] { MessageBoxA(form_.Handle(), "R&D", "Warning", MB_OK); });
+    const kit::Dialog box = kit::WaitForDialog("Warning");
+    OnUserInterface([&box] {
+        const QAccessibleInterface& view = ToolsView(box.Handle());
+        EXPECT_EQ(view.role(), QAccessible::AlertMessage);
+        EXPECT_EQ(view.text(QAccessible::Name), "Warning");
+        EXPECT_TRUE(view.state().modal);
+        EXPECT_EQ(view.child(0)->text(QAccessible::Name), "R&D") << "this text has no keys";
+    });
+    kit::MeetBox("Warning", "R&D");
+}
+
 }  // namespace
