@@ -12,11 +12,14 @@
 struct DebugLine {
     std::uint32_t processId = 0;
     std::string text;
+    // Not 0: no text, but so many lines that were lost at this place because somebody was behind:
+    // the program's, or with process 0 those that this monitor could not keep.
+    std::uint32_t lost = 0;
 };
 
 // Takes the debug output of all programs of this user, from its construction to its destruction.
-// Writers don't wait for the owner: a thread of the monitor's own keeps the lines until they are
-// asked for. Only one monitor listens at a time.
+// Writers don't wait for the owner: a thread of the monitor's own keeps the lines, up to some
+// megabytes, until they are asked for. Only one monitor listens at a time.
 //
 // Threads: IsListening and Next may be called from any thread.
 class DebugMonitor {

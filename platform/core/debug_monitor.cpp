@@ -6,10 +6,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
+#include <algorithm>
 #include <cstring>
+#include <string>
 #include <string_view>
 #include <thread>
+#include <vector>
 
 #include "platform/core/debug_socket.h"
 #include "platform/core/descriptor.h"
@@ -37,15 +39,22 @@ vxd::Descriptor Bind(const vxd::DebugSocket& place) {
 }
 
 void Receive(const std::stop_token& stop, int socket, DebugLineQueue& lines) {
-    std::array<char, sizeof(std::uint32_t) + vxd::kDebugTextLimit> datagram;
+    vxd::DebugDatagramHeader header;
+    std::vector<char> datagram(sizeof header + vxd::kMostBytesInDatagram);
     while (!stop.stop_requested()) {
         const ssize_t length = recv(socket, datagram.data(), datagram.size(), 0);
-        if (length < static_cast<ssize_t>(sizeof(std::uint32_t)))
+        if (length < static_cast<ssize_t>(sizeof header))
             continue;
-        DebugLine line;
-        std::memcpy(&line.processId, datagram.data(), sizeof line.processId);
-        line.text.assign(datagram.data() + sizeof line.processId, datagram.data() + length);
-        lines.Add(std::move(line));
+        std::memcpy(&header, datagram.data(), sizeof header);
+        if (header.lost != 0)
+            lines.Add({header.processId, {}, header.lost});
+        std::string_view rest(datagram.data(), static_cast<std::size_t>(length));
+        rest.remove_prefix(sizeof header);
+        while (!rest.empty()) {
+            const std::string_view line = rest.substr(0, rest.find('\0'));
+            lines.Add({header.processId, std::string(line)});
+            rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+        }
     }
 }
 

@@ -1,9 +1,11 @@
 // Where debug output meets its viewer: a datagram socket that the viewer binds in a folder of the
-// user's own. A datagram is the writer's process id (32 bits) and a piece of text without a zero.
+// user's own. A datagram is a header and lines, each with a zero at its end.
 #pragma once
 
 #include <sys/un.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -11,6 +13,13 @@ namespace vxd {
 
 // What Windows' buffer leaves for the text.
 inline constexpr std::size_t kDebugTextLimit = 4091;
+
+struct DebugDatagramHeader {
+    std::uint32_t processId;
+    std::uint32_t lost;  // how many lines the process could not send before these
+};
+
+inline constexpr std::size_t kMostBytesInDatagram = std::size_t{32} << 10;  // behind the header
 
 struct DebugSocket {
     std::string folder;

@@ -1,0 +1,173 @@
+#include "platform/core/debug_backlog.h"
+
+#include <sys/socket.h>
+#include <sys/uio.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <utility>
+
+namespace vxd {
+namespace {
+
+enum class Result { kSent, kViewerIsBehind, kNoViewer };
+
+// The socket that this process sends from.
+int Sender() {
+    static const int sender = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    return sender;
+}
+
+// Sends lines, each with a zero at its end; `ending` is what the last one lacks of it.
+Result Send(const DebugSocket& socket, std::uint32_t lost, std::string_view lines,
+            std::string_view ending, int wait) {
+    DebugDatagramHeader header = {static_cast<std::uint32_t>(getpid()), lost};
+    std::array<iovec, 3> parts = {iovec{&header, sizeof header},
+                                  iovec{const_cast<char*>(lines.data()), lines.size()},
+                                  iovec{const_cast<char*>(ending.data()), ending.size()}};
+    msghdr message = {};
+    message.msg_name = const_cast<sockaddr_un*>(&socket.address);
+    message.msg_namelen = sizeof socket.address;
+    message.msg_iov = parts.data();
+    message.msg_iovlen = parts.size();
+    while (sendmsg(Sender(), &message, MSG_NOSIGNAL | wait) < 0) {
+        if (errno != EINTR)
+            return errno == EAGAIN || errno == ENOBUFS ? Result::kViewerIsBehind
+                                                       : Result::kNoViewer;
+    }
+    return Result::kSent;
+}
+
+class Backlog {
+  public:
+    bool Join(std::string_view piece) {
+        if (!isWaiting_.load(std::memory_order_relaxed))
+            return false;
+        if (isFull_.load(std::memory_order_relaxed)) {
+            lost_.fetch_add(1, std::memory_order_relaxed);
+            return true;
+        }
+        std::lock_guard lock(mutex_);
+        if (isWaiting_)
+            Append(piece);
+        return isWaiting_;
+    }
+
+    void Begin(const DebugSocket& socket, std::string_view piece) {
+        std::lock_guard lock(mutex_);
+        if (!isWaiting_) {
+            socket_ = socket;
+            lines_.reserve(kMostBytes);  // takes memory only as lines come
+            isWaiting_ = true;
+            StartThread();
+            changed_.notify_all();
+        }
+        Append(piece);
+    }
+
+    void WaitUntilSent(std::chrono::milliseconds longest) {
+        std::unique_lock lock(mutex_);
+        changed_.wait_for(lock, longest, [this] { return !isWaiting_; });
+    }
+
+  private:
+    static constexpr std::size_t kMostBytes = std::size_t{4} << 20;
+
+    void Append(std::string_view piece) {
+        isFull_ = isFull_ || lines_.size() + piece.size() + 1 > kMostBytes;
+        if (isFull_)
+            ++lost_;
+        else
+            lines_.append(piece).push_back('\0');
+    }
+
+    // A process that was forked has none of its parent's threads.
+    void StartThread() {
+        if (std::exchange(threadOwner_, getpid()) != getpid())
+            std::thread([this] { Run(); }).detach();
+    }
+
+    void Run() {
+        std::string batch;
+        std::unique_lock lock(mutex_);
+        for (;;) {
+            changed_.wait(lock, [this] { return isWaiting_.load(); });
+            batch.reserve(kMostBytes);
+            batch.swap(lines_);
+            isFull_ = false;
+            const std::uint32_t lost = lost_.exchange(0);
+            const DebugSocket socket = socket_;
+            bool goesOn = !batch.empty() || lostBefore_ != 0;
+            if (goesOn) {
+                lock.unlock();
+                goesOn = SendAll(socket, std::exchange(lostBefore_, lost), batch);
+                batch.clear();
+                lock.lock();
+            }
+            if (!goesOn) {
+                lines_.clear();
+                isFull_ = false;
+                lost_ = lostBefore_ = 0;
+                isWaiting_ = false;
+                changed_.notify_all();
+            }
+        }
+    }
+
+    // Waits for the viewer. False when it has gone.
+    static bool SendAll(const DebugSocket& socket, std::uint32_t lost, std::string_view lines) {
+        do {
+            std::string_view part = lines.substr(0, kMostBytesInDatagram);
+            part = part.substr(0, part.rfind('\0') + 1);
+            if (Send(socket, std::exchange(lost, 0), part, {}, 0) != Result::kSent)
+                return false;
+            lines.remove_prefix(part.size());
+        } while (!lines.empty());
+        return true;
+    }
+
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::atomic<bool> isWaiting_ = false;
+    DebugSocket socket_ = {};
+    std::string lines_;
+    std::atomic<bool> isFull_ = false;     // from the first line that is lost on
+    std::atomic<std::uint32_t> lost_ = 0;  // behind these lines
+    std::uint32_t lostBefore_ = 0;  // behind those that the thread has sent; the thread's own
+    pid_t threadOwner_ = 0;
+};
+
+Backlog& TheBacklog() {
+    static auto& backlog = *new Backlog;  // its thread may outlive what ends with the process
+    return backlog;
+}
+
+struct AtProcessEnd {
+    ~AtProcessEnd() { TheBacklog().WaitUntilSent(std::chrono::milliseconds(100)); }
+};
+
+}  // namespace
+
+bool JoinDebugBacklog(std::string_view piece) {
+    return TheBacklog().Join(piece);
+}
+
+bool SendDebugLine(const DebugSocket& socket, std::string_view piece) {
+    const Result result = Send(socket, 0, piece, std::string_view("", 1), MSG_DONTWAIT);
+    if (result == Result::kViewerIsBehind) {
+        static const AtProcessEnd atProcessEnd;
+        TheBacklog().Begin(socket, piece);
+    }
+    return result != Result::kNoViewer;
+}
+
+}  // namespace vxd
