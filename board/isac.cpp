@@ -114,10 +114,10 @@ ResultCode ClearIsacBit(State& state, const BitBlock& block) {
 }
 
 ResultCode TestIsacBit(State& state, const BitBlock& block) {
-    return OnChip(state, block.chip.value, [&](const Registers& registers) -> ResultCode {
+    return OnChip(state, block.chip.value, [&](const Registers& registers) {
         uint32_t value = 0;
         const ResultCode code = registers.Read(RegisterOf(block.bit), value);
-        return code == VXD_SUCCESS ? (value & MaskOf(block.bit)) != 0 : code;
+        return code == VXD_SUCCESS ? state.Answer((value & MaskOf(block.bit)) != 0) : code;
     });
 }
 

@@ -55,6 +55,7 @@ Operation::Operation(Call call, unsigned needs)
     Simulation& simulation = TheSimulation();
     simulation.disturbances.Refresh();
     result = Judge(simulation, call_, needs);
+    simulation.state.resultIsBit = false;
     simulation.state.stuckBits =
         FindStuckBits(simulation, call_.operation) | FindStuckBits(simulation, call_.command);
 }
@@ -65,7 +66,7 @@ Operation::~Operation() {
     const std::string& name = call_.command.empty() ? call_.operation : call_.command;
     CallCount& count = simulation.state.callCounts[name];
     ++count.calls;
-    count.failures += result != VXD_SUCCESS;
+    count.failures += result != VXD_SUCCESS && !simulation.state.resultIsBit;
     if (simulation.state.traceCalls) {
         simulation.state.outbox.lines.push_back(Describe(call_) + '\n');
     }

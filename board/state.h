@@ -45,6 +45,7 @@ struct State {
     bool koraOpen = false;
     std::array<Slot, 4> sharedTable{};
     bool traceCalls = false;                      // each call as a line of debug output
+    bool resultIsBit = false;                     // the operation at work answers a bit, not a code
     uint32_t stuckBits = 0;                       // they read 1 in what the operation at work gives
     std::map<std::string, CallCount> callCounts;  // by name of the command or operation
     Schedule schedule;
@@ -63,6 +64,12 @@ struct State {
     template <typename Output>
     void Give(Output& output, uint32_t value) const {
         output = static_cast<Output>(value | stuckBits);
+    }
+
+    // Answers a bit that was tested in place of a result code.
+    ResultCode Answer(bool bit) {
+        resultIsBit = true;
+        return bit;
     }
 
     // How many ISAC chips the board has.

@@ -182,7 +182,7 @@ ResultCode TestVpicBit(State& state, const BitBlock& block) {
     uint32_t bit = 0;
     const ResultCode code = BitNumber(block.bit) == 0 ? VXD_INVALID_PARAMETER
                                                       : state.hardware.vpic.Read(block.bit, bit);
-    return code == VXD_SUCCESS ? static_cast<ResultCode>(bit) : code;
+    return code == VXD_SUCCESS ? state.Answer(bit != 0) : code;
 }
 
 ResultCode SetVpicLine(State& state, const I2cLineSetBlock& block) {

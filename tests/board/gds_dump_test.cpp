@@ -53,6 +53,12 @@ TEST_F(GdsDumps, TellWhatAModuleHoldsAndHowItWasCalled) {
                                     "GDS Seq: TALVERO_DBG_SEQ_TR_INIT: 2 called, 1 failed\n",
                                 }));
 
+    constexpr uint32_t kTransmitFifoIsFree = 0x00400221;
+    EXPECT_EQ(Debug(TALVERO_DBG_ISAC_OP_BIT_ST, BitBlock{{1}, kTransmitFifoIsFree}), 1);
+    EXPECT_EQ(Debug(TALVERO_DBG_ISAC_OP_BIT_ST, BitBlock{{2}, kTransmitFifoIsFree}), 1);
+    EXPECT_EQ(Dump(monitor, 6).back(), "GDS Isac: TALVERO_DBG_ISAC_OP_BIT_ST: 2 called, 1 failed\n")
+        << "a bit that is 1 and a chip that is not there";
+
     vdapi_CAM_ACIF_Terminate();
     EXPECT_EQ(Dump(monitor, 15), (std::vector<std::string>{
                                      "GDS Acif: analog camera: down\n",
