@@ -1,0 +1,20 @@
+// PAPI's operations on the echo-cancelling DSP.
+#include "driver/papi.h"
+
+#include <cstdint>
+
+#include "board/papi_operation.h"
+
+using namespace board;
+
+uint32_t WINAPI vdapi_AEC_Initialize() {
+    return OnBoard({"vdapi_AEC_Initialize"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_AEC_Terminate() {
+    return OnBoard({"vdapi_AEC_Terminate"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_AEC_SetMode(uint32_t code) {
+    return OnBoard({"vdapi_AEC_SetMode", {code}}, NotYetSimulated);
+}

@@ -1,0 +1,42 @@
+// PAPI's operations on video inlay and post-processing.
+#include "driver/papi.h"
+
+#include <cstddef>
+#include <cstdint>
+
+#include "board/papi_operation.h"
+
+using namespace board;
+
+namespace {
+
+constexpr size_t kVppParameters = 6;
+
+}  // namespace
+
+uint32_t WINAPI vdapi_VIDINLAY_SetFrameDispMode(uint32_t mode) {
+    return OnBoard({"vdapi_VIDINLAY_SetFrameDispMode", {mode}}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_VPP_Initialize() {
+    return OnBoard({"vdapi_VPP_Initialize"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_VPP_Terminate() {
+    return OnBoard({"vdapi_VPP_Terminate"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_VPP_Activate() {
+    return OnBoard({"vdapi_VPP_Activate"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_VPP_Deactivate() {
+    return OnBoard({"vdapi_VPP_Deactivate"}, NotYetSimulated);
+}
+
+uint32_t WINAPI vdapi_VPP_SetMode(uint32_t modeWord, const uint32_t* parameters) {
+    return OnBoard({"vdapi_VPP_SetMode",
+                    {modeWord, parameters},
+                    BytesAt(parameters, kVppParameters * sizeof *parameters)},
+                   NotYetSimulated);
+}
