@@ -3,19 +3,25 @@
 
 #include <cstdint>
 
+#include "board/annex_d.h"
+#include "board/life_cycle.h"
 #include "board/papi_operation.h"
 
 using namespace board;
 
 uint32_t WINAPI vdapi_ANNEXD_Initialize() {
-    return OnBoard({"vdapi_ANNEXD_Initialize"}, NotYetSimulated);
+    return OnBoard({"vdapi_ANNEXD_Initialize"}, TakeStep<Service::AnnexD, kInitialize>);
 }
 
 uint32_t WINAPI vdapi_ANNEXD_Terminate() {
-    return OnBoard({"vdapi_ANNEXD_Terminate"}, NotYetSimulated);
+    return OnBoard({"vdapi_ANNEXD_Terminate"}, TakeStep<Service::AnnexD, kTerminate>);
 }
 
-uint32_t WINAPI vdapi_ANNEXD_Download(uint32_t constant, uint32_t size, void* buffer,
+uint32_t WINAPI vdapi_ANNEXD_Download(uint32_t channel, uint32_t size, void* buffer,
                                       uint32_t* byteCount) {
-    return OnBoard({"vdapi_ANNEXD_Download", {constant, size, buffer, byteCount}}, NotYetSimulated);
+    return OnService(Service::AnnexD, {"vdapi_ANNEXD_Download", {channel, size, buffer, byteCount}},
+                     [=](State&) {
+                         return DownloadAnnexD(channel, size, static_cast<uint8_t*>(buffer),
+                                               byteCount);
+                     });
 }

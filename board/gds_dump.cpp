@@ -99,6 +99,11 @@ void DescribeBt85x(const State& state, Lines& lines) {
     lines.push_back(state.services.displayType == 0 ? "display type: NTSC" : "display type: PAL");
 }
 
+void DescribeMbe(const State& state, Lines& lines) {
+    lines.push_back(
+        Number("messages waiting", static_cast<uint32_t>(state.services.mbe.waiting.size())));
+}
+
 // In the order of the modules.
 constexpr auto kModules = std::to_array<ModuleEntry>({
     {Module::Validity, "Validity", {"vdapi_GetVersion"}, DescribeValidity},
@@ -132,7 +137,7 @@ constexpr auto kModules = std::to_array<ModuleEntry>({
     {Module::VcpRegs, "vcpregs", {"vdapi_VCPXI_"}},
     {Module::Vpp, "VPP", {"vdapi_VPP_", "KORA_DLL_StartVpp", "KORA_DLL_StopVpp"}},
     {Module::AnnexD, "AnnexD", {"vdapi_ANNEXD_"}},
-    {Module::Mbe, "MBE", {"vdapi_MBE_"}},
+    {Module::Mbe, "MBE", {"vdapi_MBE_"}, DescribeMbe},
 });
 
 void DescribeServices(const State& state, Module module, Lines& lines) {

@@ -91,6 +91,8 @@ constexpr std::array<ServiceEntry, kServiceCount> kServices{{
     {Service::Stream, Module::Stream, "stream service", false},
     {Service::Bt85x, Module::Bt85x, "video encoder", false,
      [](State& state) { state.services.displayType = 0; }},
+    {Service::Mbe, Module::Mbe, "message channel", true},
+    {Service::AnnexD, Module::AnnexD, "still images", false},
 }};
 
 ResultCode NeedUp(const State& state, Service service) {

@@ -72,6 +72,8 @@ enum class Service {
     Eprom,
     Stream,
     Bt85x,
+    Mbe,  // active while it has an outgoing stream
+    AnnexD,
 };
 
 struct ServiceEntry {
@@ -82,7 +84,7 @@ struct ServiceEntry {
     void (*reset)(State& state) = nullptr;  // what else Reset makes as at power-on
 };
 
-inline constexpr size_t kServiceCount = static_cast<size_t>(Service::Bt85x) + 1;
+inline constexpr size_t kServiceCount = static_cast<size_t>(Service::AnnexD) + 1;
 // In the order of the services.
 extern const std::array<ServiceEntry, kServiceCount> kServices;
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "board/life_cycle.h"
+#include "board/mbe.h"
 #include "board/sequencer.h"
 
 namespace board {
@@ -12,6 +13,7 @@ namespace board {
 struct Services {
     LifeCycles lifeCycles;
     Sequencer sequencer;
+    Mbe mbe;
     bool codecProcessorRegistered = false;
     uint32_t arcofiChannel = 0;    // channel code
     bool arcofiShadow = false;     // the driver's copy was initialised by command

@@ -21,6 +21,7 @@ void State::RestartDriver() {
     schedule = {};
     services.lifeCycles = {};
     services.sequencer = {};
+    services.mbe = {};
     services.codecProcessorRegistered = false;
     auxiliaryDevice = {};
     firmware.streams = Firmware{}.streams;

@@ -228,17 +228,18 @@ uint32_t WINAPI vdapi_BT85X_ReadPixelMask(uint32_t constant, uint32_t* mask);
 
 // --- MBE data channel ---
 
-// Starts the service; the arguments are 0 and 1020.
+// Starts the service; the arguments are 0 and 1020, the most bytes of a message.
 uint32_t WINAPI vdapi_MBE_Initialize(uint32_t channel, uint32_t capacity);
 uint32_t WINAPI vdapi_MBE_Terminate(void);
 uint32_t WINAPI vdapi_MBE_RegisterOutgoingStream(void);
 
-// Gives the message that was received (a buffer of 100 bytes), its length and 32 bits that nobody
-// uses.
-uint32_t WINAPI vdapi_MBE_Read(void* buffer, uint16_t* length, uint32_t* scratch);
+// Takes the oldest message that was received: up to 100 bytes of it, which go to the buffer without
+// an end mark; its whole length, 0 where there is none; and 32 bits that nobody uses.
+uint32_t WINAPI vdapi_MBE_Read(void* buffer, uint16_t* length, uint32_t* reserved);
 
-// Sends a zero-ended text of `length` characters; the second argument is 1, the last 0xFE.
-uint32_t WINAPI vdapi_MBE_Write(const char* text, uint32_t constant, uint32_t length,
+// Sends a text of `length` bytes; the second argument is 1, the last, which ends the message on the
+// line, 0xFE.
+uint32_t WINAPI vdapi_MBE_Write(const char* text, uint32_t channel, uint32_t length,
                                 uint32_t terminator);
 
 // --- BAS ---
@@ -255,9 +256,9 @@ uint32_t WINAPI vdapi_BAS_Write(int32_t commandCount, int32_t repeatCount, const
 uint32_t WINAPI vdapi_ANNEXD_Initialize(void);
 uint32_t WINAPI vdapi_ANNEXD_Terminate(void);
 
-// Loads `size` bytes into the buffer (2050 bytes for the 2048 asked for) and gives their number;
-// the first argument is 1.
-uint32_t WINAPI vdapi_ANNEXD_Download(uint32_t constant, uint32_t size, void* buffer,
+// Loads up to `size` bytes of an image into a buffer that has two bytes more, 2050 for the 2048
+// asked for, and gives their number; the first argument is 1.
+uint32_t WINAPI vdapi_ANNEXD_Download(uint32_t channel, uint32_t size, void* buffer,
                                       uint32_t* byteCount);
 
 #ifdef __cplusplus

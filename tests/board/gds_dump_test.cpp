@@ -28,7 +28,7 @@ std::vector<std::string> Dump(DebugMonitor& monitor, uint32_t module) {
 TEST_F(GdsDumps, TellWhatAModuleHoldsAndHowItWasCalled) {
     DebugMonitor monitor;
     ASSERT_TRUE(monitor.IsListening());
-    EXPECT_EQ(Dump(monitor, 25), (std::vector<std::string>{"GDS MBE: unused\n"}));
+    EXPECT_EQ(Dump(monitor, 19), (std::vector<std::string>{"GDS HSD: unused\n"}));
     EXPECT_EQ(Dump(monitor, 0), (std::vector<std::string>{
                                     "GDS Validity: board revision: 0x11D\n",
                                     "GDS Validity: VPIC revision: 0x8\n",

@@ -1,0 +1,92 @@
+// The services that carry data beside a call: messages over MBE, still images over Annex-D.
+#include <array>
+#include <cstdint>
+#include <string>
+#include <utility>
+
+#include "tests/board/board_test.h"
+
+using DataServices = BoardTest;
+
+namespace {
+
+constexpr uint8_t kUntouched = 0xEE;
+
+ResultCode SendText(const std::string& text) {
+    return CodeOf(vdapi_MBE_Write(text.c_str(), 1, static_cast<uint32_t>(text.size()), 0xFE));
+}
+
+// The bytes that came into the buffer, and the length that was told.
+struct Received {
+    std::string text;
+    uint32_t length;
+};
+
+Received ReceiveText() {
+    std::array<uint8_t, 110> buffer;
+    buffer.fill(kUntouched);
+    uint16_t length = 0xA5A5;
+    uint32_t reserved = 0;
+    EXPECT_EQ(vdapi_MBE_Read(buffer.data(), &length, &reserved), VXD_SUCCESS);
+    const std::string text(buffer.begin(), buffer.end());
+    return {text.substr(0, text.find(static_cast<char>(kUntouched))), length};
+}
+
+}  // namespace
+
+TEST_F(DataServices, BringMessagesBackInTheirOrder) {
+    EXPECT_EQ(ReceiveText().length, 0u);
+    EXPECT_EQ(SendText("first"), VXD_SUCCESS);
+    EXPECT_EQ(SendText(""), VXD_SUCCESS);
+    const std::string beyondTheBuffer(90, 'a');
+    EXPECT_EQ(SendText(beyondTheBuffer + "0123456789x"), VXD_SUCCESS);
+    EXPECT_EQ(ReceiveText().text, "first");
+    EXPECT_EQ(ReceiveText().text, "");
+    const Received cut = ReceiveText();
+    EXPECT_EQ(cut.text, beyondTheBuffer + "0123456789");
+    EXPECT_EQ(cut.length, 101u);
+    EXPECT_EQ(ReceiveText().length, 0u);
+}
+
+TEST_F(DataServices, TakeMessagesOnlyWithAnOutgoingStreamAndOfTheSizeAgreed) {
+    EXPECT_EQ(vdapi_MBE_Initialize(0, 1021), VXD_INVALID_PARAMETER);
+    SendText("lost");
+    EXPECT_EQ(vdapi_MBE_Terminate(), VXD_SUCCESS);
+    EXPECT_EQ(SendText("text"), VXD_CONFIGURATION_NOT_SET);
+    EXPECT_EQ(vdapi_MBE_RegisterOutgoingStream(), VXD_CONFIGURATION_NOT_SET);
+    EXPECT_EQ(vdapi_MBE_Initialize(0, 10), VXD_SUCCESS);
+    EXPECT_EQ(SendText("text"), VXD_ILLEGAL_OPERATION);
+    EXPECT_EQ(vdapi_MBE_RegisterOutgoingStream(), VXD_SUCCESS);
+    EXPECT_EQ(SendText("0123456789"), VXD_SUCCESS);
+    EXPECT_EQ(SendText("0123456789a"), VXD_PACKET_TOO_BIG);
+    EXPECT_EQ(ReceiveText().text, "0123456789");
+    ResultCode code = VXD_SUCCESS;
+    int sent = 0;
+    for (; sent < 100 && code == VXD_SUCCESS; ++sent) {
+        code = SendText("again");
+    }
+    EXPECT_EQ(code, VXD_STREAM_OVERFLOW);
+    EXPECT_EQ(sent, 17);
+}
+
+TEST_F(DataServices, LoadAnImageWithItsSumBehindIt) {
+    std::array<uint8_t, 2050> buffer;
+    uint32_t bytes = 0;
+    for (const auto& [wanted, expected] : {std::pair{2048u, 1584u}, std::pair{100u, 100u}}) {
+        buffer.fill(kUntouched);
+        EXPECT_EQ(vdapi_ANNEXD_Download(1, wanted, buffer.data(), &bytes), VXD_SUCCESS);
+        EXPECT_EQ(bytes, expected);
+        uint32_t sum = 0;
+        for (uint32_t i = 0; i < bytes; ++i) {
+            sum += buffer[i];
+        }
+        EXPECT_EQ(buffer[bytes], sum & 0xFF);
+        EXPECT_EQ(buffer[bytes + 1], (sum >> 8) & 0xFF);
+        EXPECT_EQ(buffer[bytes + 2], kUntouched);
+    }
+    EXPECT_EQ(buffer[0], 0x00);
+    EXPECT_GT(buffer[43], buffer[0]) << "brighter to the right";
+    EXPECT_EQ(buffer[44], buffer[1]) << "and downwards";
+    EXPECT_EQ(vdapi_ANNEXD_Terminate(), VXD_SUCCESS);
+    EXPECT_EQ(vdapi_ANNEXD_Download(1, 2048, buffer.data(), &bytes), VXD_CONFIGURATION_NOT_SET);
+}
