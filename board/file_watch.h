@@ -3,10 +3,11 @@
 //
 // A file is taken for the same while its length and the times of its last write and its creation
 // are: writing it in place changes the first or the second, putting another in its place the third
-// as well. A file that is not there stays so while its folder's times are the same. File systems
-// count time in ticks, of up to 2 seconds on FAT, so a file may be written twice under one time;
-// therefore nothing counts as unchanged until that long after the change was first seen. What then
-// goes unnoticed is a write that keeps the length and puts the times back by hand.
+// as well where the file system tells the two apart. A file that is not there stays so while its
+// folder's times are the same. File systems count time in ticks, of up to 2 seconds on FAT, so a
+// file may be written twice under one time; therefore nothing counts as unchanged until that long
+// after the change was first seen. What then goes unnoticed is a change that keeps the length and
+// puts the times back.
 #pragma once
 
 #include <chrono>
