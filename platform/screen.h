@@ -130,7 +130,8 @@ class Screen {
     // Shows a popup menu at a point of the desktop and returns at once; input::MenuEnded follows.
     virtual void ShowPopup(WidgetId id, const std::vector<MenuView>& menu, Point where) = 0;
     virtual void ClosePopup() = 0;
-    // The widget's client pixels have changed inside `changed`.
+    // The widget's client pixels have changed inside `changed`. Those of a dialog or a control lie
+    // over its own look and are transparent (0) where nothing was drawn; none at all clear them.
     virtual void Draw(WidgetId id, const Pixels& pixels, const Rect& changed) = 0;
 
     // Buttons. `check` is BST_UNCHECKED, BST_CHECKED or BST_INDETERMINATE.

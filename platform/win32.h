@@ -99,6 +99,8 @@ typedef struct tagMSG {
     POINT pt;
 } MSG, *LPMSG;
 
+#define CS_OWNDC 0x0020
+
 typedef struct tagWNDCLASSA {
     UINT style;
     WNDPROC lpfnWndProc;

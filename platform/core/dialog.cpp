@@ -330,8 +330,6 @@ LRESULT WINAPI DefDlgProcA(HWND handle, UINT message, WPARAM wParam, LPARAM lPar
                 button != nullptr)
                 vxd::DefaultButtonFollows(*button);
             return TRUE;
-        case WM_ERASEBKGND:
-            return TRUE;
         default:
             return DefWindowProcA(handle, message, wParam, lParam);
     }

@@ -14,8 +14,10 @@ struct Brush {
 struct DeviceContext {
     HWND window = nullptr;
     Rect clip;  // in client coordinates
-    bool drawn = false;
 };
+
+// The clip of a context that a window keeps, which grows with the window.
+constexpr Rect kEverywhere{0, 0, 1 << 20, 1 << 20};
 
 struct PaintTables {
     HandleTable<Brush, HandleKind::kBrush> brushes;
@@ -87,6 +89,8 @@ void MakePixels(Window& window) {
 }
 
 void Invalidate(Window& window, const Rect& area, bool erase) {
+    if (window.control != nullptr)
+        return DrawnAnew(window);
     const Rect visible = Intersection(area, ClientRect(window));
     if (visible.Empty())
         return;
@@ -114,26 +118,32 @@ HDC NewContext(const Window& window, const Rect& clip) {
     return ToHandle<HDC>(Tables().contexts.Add(std::move(context)));
 }
 
-// Ends a device context and shows what was drawn on it.
-bool EndContext(HDC dc) {
-    const auto context = Tables().contexts.Remove(HandleNumber(dc));
-    if (context == nullptr)
-        return false;
-    const Window* window = FindWindowOf(context->window);
-    if (window != nullptr && context->drawn)
-        CurrentScreen().Draw(window->Widget(), window->pixels, context->clip);
+HDC ContextFor(const Window& window, const Rect& clip) {
+    DeviceContext* own = ContextOf(window.ownContext);
+    if (own == nullptr)
+        return NewContext(window, clip);
+    own->clip = clip;
+    return window.ownContext;
+}
+
+// Ends the use of a device context; one of the window's own stays for the next.
+bool EndContext(const Window& window, HDC dc) {
+    if (dc == nullptr || dc != window.ownContext)
+        return Tables().contexts.Remove(HandleNumber(dc)) != nullptr;
+    ContextOf(dc)->clip = kEverywhere;
     return true;
 }
 
-void Fill(Window& window, DeviceContext& context, const Rect& area, COLORREF colour) {
+// Sets the pixels of an area and shows them at once: nobody need release the context for that.
+void Fill(Window& window, const DeviceContext& context, const Rect& area, std::uint32_t pixel) {
     const Rect inside = Intersection(Intersection(area, context.clip), ClientRect(window));
     if (inside.Empty())
         return;
     MakePixels(window);
     for (int y = inside.y; y < inside.y + inside.height; ++y)
         std::fill_n(window.pixels.data.begin() + y * window.pixels.width + inside.x, inside.width,
-                    PixelOf(colour));
-    context.drawn = true;
+                    pixel);
+    CurrentScreen().Draw(window.Widget(), window.pixels, inside);
 }
 
 }  // namespace
@@ -142,9 +152,24 @@ const Window* NextWindowToPaint(const std::function<bool(const Window&)>& wanted
     return NextToPaintIn(TopLevelWindows(), wanted);
 }
 
+void DrawnAnew(Window& control) {
+    if (control.pixels.data.empty())
+        return;
+    control.pixels = {};
+    CurrentScreen().Draw(control.Widget(), control.pixels, ClientRect(control));
+}
+
+void MakeOwnContext(Window& window) {
+    window.ownContext = NewContext(window, kEverywhere);
+}
+
+void EndOwnContext(Window& window) {
+    Tables().contexts.Remove(HandleNumber(std::exchange(window.ownContext, nullptr)));
+}
+
 void ClientResized(Window& window) {
     if (window.control != nullptr)
-        return;
+        return DrawnAnew(window);
     const Size size = ClientSize(window);
     const int oldWidth = window.pixels.width;
     const int oldHeight = window.pixels.height;
@@ -155,11 +180,19 @@ void ClientResized(Window& window) {
 }
 
 bool EraseBackground(Window& window, HDC dc) {
-    const Brush* brush = Tables().brushes.Find(HandleNumber(window.windowClass->background));
-    DeviceContext* context = ContextOf(dc);
-    if (brush == nullptr || context == nullptr)
+    const DeviceContext* context = ContextOf(dc);
+    if (context == nullptr)
         return false;
-    Fill(window, *context, context->clip, brush->colour);
+    if (window.dialog != nullptr) {
+        // Where nothing is drawn the screen shows a dialog's own look.
+        if (!window.pixels.data.empty())
+            Fill(window, *context, context->clip, 0);
+        return true;
+    }
+    const Brush* brush = Tables().brushes.Find(HandleNumber(window.windowClass->background));
+    if (brush == nullptr)
+        return false;
+    Fill(window, *context, context->clip, PixelOf(brush->colour));
     return true;
 }
 
@@ -177,7 +210,7 @@ HDC WINAPI BeginPaint(HWND handle, LPPAINTSTRUCT paint) {
     const bool erase = window->eraseUpdate;
     window->update.reset();
     window->eraseUpdate = false;
-    paint->hdc = vxd::NewContext(*window, area);
+    paint->hdc = vxd::ContextFor(*window, area);
     paint->rcPaint = vxd::ToRect(area);
     if (erase)
         paint->fErase =
@@ -186,16 +219,21 @@ HDC WINAPI BeginPaint(HWND handle, LPPAINTSTRUCT paint) {
 }
 
 BOOL WINAPI EndPaint(HWND handle, const PAINTSTRUCT* paint) {
-    return FindWindowOf(handle) != nullptr && paint != nullptr && vxd::EndContext(paint->hdc);
+    const Window* window = FindWindowOf(handle);
+    return window != nullptr && paint != nullptr && vxd::EndContext(*window, paint->hdc);
 }
 
 HDC WINAPI GetDC(HWND handle) {
     const Window* window = FindWindowOf(handle);
-    return window != nullptr ? vxd::NewContext(*window, vxd::ClientRect(*window)) : nullptr;
+    if (window == nullptr)
+        return nullptr;
+    return window->ownContext != nullptr ? window->ownContext
+                                         : vxd::NewContext(*window, vxd::ClientRect(*window));
 }
 
 int WINAPI ReleaseDC(HWND handle, HDC dc) {
-    return FindWindowOf(handle) != nullptr && vxd::EndContext(dc);
+    const Window* window = FindWindowOf(handle);
+    return window != nullptr && vxd::EndContext(*window, dc);
 }
 
 BOOL WINAPI InvalidateRect(HWND handle, const RECT* rect, BOOL erase) {
@@ -228,11 +266,11 @@ BOOL WINAPI DeleteObject(HGDIOBJ object) {
 
 int WINAPI FillRect(HDC dc, const RECT* rect, HBRUSH handle) {
     const vxd::Brush* brush = vxd::Tables().brushes.Find(vxd::HandleNumber(handle));
-    vxd::DeviceContext* context = vxd::ContextOf(dc);
+    const vxd::DeviceContext* context = vxd::ContextOf(dc);
     Window* window = context != nullptr ? FindWindowOf(context->window) : nullptr;
     if (brush == nullptr || window == nullptr || rect == nullptr)
         return 0;
-    vxd::Fill(*window, *context, vxd::FromRect(*rect), brush->colour);
+    vxd::Fill(*window, *context, vxd::FromRect(*rect), vxd::PixelOf(brush->colour));
     return 1;
 }
 

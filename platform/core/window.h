@@ -43,6 +43,7 @@ class Control {
 struct WindowClass {
     std::string name;
     ATOM atom = 0;
+    UINT style = 0;
     WNDPROC procedure = nullptr;
     HICON icon = nullptr;
     HBRUSH background = nullptr;
@@ -82,6 +83,7 @@ struct Window {
     std::optional<Rect> update;            // what of the client area waits to be painted
     bool eraseUpdate = false;
     Pixels pixels;
+    HDC ownContext = nullptr;  // of a class that asks for one by CS_OWNDC
     bool destroying = false;
     bool placed = false;        // is told of new places by WM_SIZE and WM_MOVE
     bool placementDue = false;  // will be told of its first place when it is shown

@@ -2,6 +2,7 @@
 
 #include "platform/core/controls/control.h"
 #include "platform/core/dialog.h"
+#include "platform/core/paint.h"
 #include "platform/core/text.h"
 
 namespace vxd {
@@ -20,6 +21,20 @@ const WindowClass* AddClass(std::unique_ptr<WindowClass> windowClass) {
     windowClass->atom = static_cast<ATOM>(kFirstAtom + classes.size());
     classes.push_back(std::move(windowClass));
     return classes.back().get();
+}
+
+// After these messages a control is painted anew, and what the program drew on it is gone.
+bool ChangesLook(UINT message) {
+    switch (message) {
+        case WM_SETTEXT:
+        case WM_ENABLE:
+        case BM_SETCHECK:
+        case BM_SETSTYLE:
+        case STM_SETICON:
+            return true;
+        default:
+            return false;
+    }
 }
 
 void RegisterDialogClass() {
@@ -52,6 +67,8 @@ LRESULT CALLBACK ControlProcedure(HWND handle, UINT message, WPARAM wParam, LPAR
     Window* window = FindWindowOf(handle);
     if (window == nullptr || window->control == nullptr)
         return DefWindowProcA(handle, message, wParam, lParam);
+    if (ChangesLook(message))
+        DrawnAnew(*window);
     return window->control->Handle(message, wParam, lParam);
 }
 
@@ -71,6 +88,7 @@ ATOM WINAPI RegisterClassA(const WNDCLASSA* given) {
         return 0;
     auto windowClass = std::make_unique<vxd::WindowClass>();
     windowClass->name = given->lpszClassName;
+    windowClass->style = given->style;
     windowClass->procedure = given->lpfnWndProc;
     windowClass->icon = given->hIcon;
     windowClass->background = given->hbrBackground;

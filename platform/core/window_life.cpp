@@ -5,6 +5,7 @@
 #include "platform/core/desk.h"
 #include "platform/core/dialog.h"
 #include "platform/core/icon.h"
+#include "platform/core/paint.h"
 #include "platform/core/placement.h"
 #include "platform/core/queue.h"
 #include "platform/core/window_class.h"
@@ -51,6 +52,7 @@ void Bury(Window& window) {
     std::erase(TheDesk().topLevel, &window);
     if (!window.IsChild() && window.menu != nullptr)
         DestroyMenu(window.menu);
+    EndOwnContext(window);
     TheDesk().windows.Remove(window.Widget());
 }
 
@@ -129,6 +131,8 @@ HWND WINAPI CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR title, DWORD
     }
     if (windowClass->makeControl != nullptr)
         window.control = windowClass->makeControl(window);
+    if ((windowClass->style & CS_OWNDC) != 0)
+        vxd::MakeOwnContext(window);
 
     CREATESTRUCTA creation{};
     creation.lpCreateParams = parameter;

@@ -3,7 +3,9 @@
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QFontMetrics>
+#include <utility>
 
+#include "platform/qt/overlay.h"
 #include "platform/win32.h"
 
 namespace vxd::qt {
@@ -61,6 +63,16 @@ void Control::Show(bool visible) {
 
 void Control::Enable(bool enabled) {
     widget_->setEnabled(enabled);
+}
+
+void Control::Draw(const Pixels& pixels, const Rect& changed) {
+    if (pixels.data.empty()) {
+        delete std::exchange(overlay_, nullptr);
+        return;
+    }
+    if (overlay_ == nullptr)
+        overlay_ = new Overlay(*widget_);
+    overlay_->Draw(pixels, changed);
 }
 
 std::unique_ptr<Control> MakeControl(const WidgetSetup& setup, QWidget& parent, Report& report) {

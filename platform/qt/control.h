@@ -21,6 +21,8 @@ int LineControlHeight();
 // Gives an edit or list the scroll bars that its style allows.
 void SetScrollBars(QAbstractScrollArea& area, std::uint32_t style);
 
+class Overlay;
+
 // A control has all the operations of the seam and ignores those that its kind has no use for.
 class Control {
   public:
@@ -44,7 +46,8 @@ class Control {
     virtual void Show(bool visible);
     virtual void Enable(bool enabled);
     virtual void SetIcon(const Pixels& /*icon*/) {}
-    virtual void Draw(const Pixels& /*pixels*/, const Rect& /*changed*/) {}
+    // By default over the control's own look.
+    virtual void Draw(const Pixels& pixels, const Rect& changed);
     virtual void SetCheck(int /*check*/) {}
     virtual void SetDefaultLook(bool /*isDefault*/) {}
     virtual void SetReadOnly(bool /*readOnly*/) {}
@@ -61,6 +64,7 @@ class Control {
     WidgetKind kind_;
     WidgetId holder_;
     std::unique_ptr<QWidget> widget_;
+    Overlay* overlay_ = nullptr;  // the widget's own; null when nothing is drawn on it
 };
 
 // Makes a control of any kind but the top-level ones inside `parent`.

@@ -2,12 +2,11 @@
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <algorithm>
 #include <array>
-#include <cstring>
 
 #include "platform/qt/control.h"
 #include "platform/qt/first_paint.h"
+#include "platform/qt/image.h"
 #include "platform/win32.h"
 
 namespace vxd::qt {
@@ -70,20 +69,7 @@ Surface::Surface(WidgetId id, WidgetKind kind, QWidget* parent, Report& report)
 }
 
 void Surface::Draw(const Pixels& pixels, const Rect& changed) {
-    QRect area = ToQt(changed);
-    if (image_.width() != pixels.width || image_.height() != pixels.height) {
-        image_ = QImage(pixels.width, pixels.height, QImage::Format_RGB32);
-        area = image_.rect();
-    }
-    area &= image_.rect();
-    const auto rowBytes = static_cast<std::size_t>(area.width()) * sizeof(std::uint32_t);
-    for (int y = area.top(); y <= area.bottom(); ++y) {
-        const auto offset = static_cast<std::size_t>(y) * static_cast<std::size_t>(pixels.width) +
-                            static_cast<std::size_t>(area.x());
-        std::memcpy(image_.scanLine(y) + static_cast<std::size_t>(area.x()) * sizeof(std::uint32_t),
-                    pixels.data.data() + offset, rowBytes);
-    }
-    update(area);
+    update(qt::Update(image_, pixels, changed, QImage::Format_RGB32));
 }
 
 bool Surface::event(QEvent* event) {

@@ -4,6 +4,8 @@
 #include <QCloseEvent>
 #include <QElapsedTimer>
 #include <QIcon>
+#include <QPaintEvent>
+#include <QPainter>
 #include <QWindow>
 
 #include "platform/qt/accessibility.h"
@@ -59,6 +61,11 @@ class Frame : public QWidget {
     Surface* Client() const { return client_.get(); }
     MenuRows* Menu() const { return menu_.get(); }
 
+    // What is drawn on a dialog lies on its own look, behind its controls.
+    void DrawOnDialog(const Pixels& pixels, const Rect& changed) {
+        update(qt::Update(drawing_, pixels, changed, QImage::Format_ARGB32));
+    }
+
     void PlacedByCore(const QRect& rect) { placed_ = rect; }
 
     void LayOut() {
@@ -71,6 +78,10 @@ class Frame : public QWidget {
   protected:
     bool event(QEvent* event) override {
         return (client_ == nullptr && ReportMouse(report_, id_, *event)) || QWidget::event(event);
+    }
+
+    void paintEvent(QPaintEvent* event) override {
+        QPainter(this).drawImage(event->rect(), drawing_, event->rect());
     }
 
     void closeEvent(QCloseEvent* event) override {
@@ -143,6 +154,7 @@ class Frame : public QWidget {
 
     WidgetId id_;
     Report& report_;
+    QImage drawing_;                   // on a dialog; null until something is drawn
     std::unique_ptr<Surface> client_;  // dialogs have none: their area is the frame's own
     std::unique_ptr<MenuRows> menu_;
     QRect placed_;
@@ -203,6 +215,8 @@ void TopLevel::SetIcon(const Pixels& icon) {
 void TopLevel::Draw(const Pixels& pixels, const Rect& changed) {
     if (Native().Client() != nullptr)
         Native().Client()->Draw(pixels, changed);
+    else
+        Native().DrawOnDialog(pixels, changed);
 }
 
 bool TopLevel::Raise() {

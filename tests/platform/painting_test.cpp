@@ -100,6 +100,69 @@ TEST(Painting, DamageAddsUpAndIsErasedWhenAnyOfItAsksForThat) {
     });
 }
 
+void FillWith(HWND window, const HDC dc, COLORREF colour) {
+    RECT all{};
+    GetClientRect(window, &all);
+    const HBRUSH brush = CreateSolidBrush(colour);
+    FillRect(dc, &all, brush);
+    DeleteObject(brush);
+}
+
+TEST(Painting, OnAControlLastsUntilTheControlIsPaintedAnew) {
+    RunAsProgram([] {
+        const HWND window = MakePlainWindow();
+        const HWND label = CreateWindowExA(0, "Static", "first", WS_CHILD | WS_VISIBLE, 10, 10, 60,
+                                           20, window, nullptr, nullptr, nullptr);
+        ShowWindow(window, SW_SHOW);
+        UpdateWindow(window);
+        Drain();
+        constexpr COLORREF kDrawn = RGB(10, 200, 30);
+        const auto draw = [label] {
+            const HDC dc = GetDC(label);
+            FillWith(label, dc, kDrawn);
+            ReleaseDC(label, dc);
+            return ColourAt(label, 50, 15);
+        };
+        EXPECT_EQ(draw(), kDrawn);
+        SetWindowTextA(label, "second");
+        EXPECT_NE(ColourAt(label, 50, 15), kDrawn);
+        EXPECT_EQ(draw(), kDrawn);
+        InvalidateRect(label, nullptr, TRUE);
+        UpdateWindow(label);
+        EXPECT_NE(ColourAt(label, 50, 15), kDrawn);
+    });
+}
+
+TEST(Painting, AWindowOfItsOwnContextKeepsOneForItsLife) {
+    RunAsProgram([] {
+        WNDCLASSA windowClass{};
+        windowClass.style = CS_OWNDC;
+        windowClass.lpfnWndProc = DefWindowProcA;
+        windowClass.hInstance = GetModuleHandleA(nullptr);
+        windowClass.hbrBackground = CreateSolidBrush(kit::kPlainBackground);
+        windowClass.lpszClassName = "Owning";
+        ASSERT_NE(RegisterClassA(&windowClass), 0);
+        const HWND window =
+            CreateWindowExA(0, "Owning", "", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10, 200, 100,
+                            nullptr, nullptr, windowClass.hInstance, nullptr);
+        UpdateWindow(window);
+        const HDC own = GetDC(window);
+        FillWith(window, own, RGB(10, 200, 30));
+        EXPECT_EQ(GetDC(window), own);
+        ReleaseDC(window, own);
+        EXPECT_EQ(GetPixel(own, 5, 5), RGB(10, 200, 30)) << "releasing it does nothing";
+        const RECT part{0, 0, 20, 20};
+        InvalidateRect(window, &part, TRUE);
+        PAINTSTRUCT paint;
+        EXPECT_EQ(BeginPaint(window, &paint), own);
+        EndPaint(window, &paint);
+        EXPECT_EQ(GetPixel(own, 5, 5), kit::kPlainBackground);
+        EXPECT_EQ(GetPixel(own, 50, 50), RGB(10, 200, 30));
+        FillWith(window, own, RGB(70, 80, 90));
+        EXPECT_EQ(GetPixel(own, 50, 50), RGB(70, 80, 90)) << "it reaches all of the window again";
+    });
+}
+
 TEST(Painting, OutsideTheClientAreaThereIsNoColour) {
     RunAsProgram([] {
         const HWND window = MakePlainWindow();
