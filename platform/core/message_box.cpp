@@ -17,6 +17,8 @@ constexpr int kButtonHeight = 14;
 constexpr int kIconUnits = 21;
 constexpr int kWidestText = 260;
 constexpr int kShortestText = 12;
+// What the caption has beside its title: the icon, the close box, and what keeps them apart.
+constexpr int kCaptionParts = 40;
 
 // As Win32 numbers the parts of its message boxes.
 constexpr int kTextId = 0xFFFF;
@@ -80,6 +82,11 @@ DialogTemplate LayOut(const std::string& text, const char* title, UINT style) {
     const int textHeight = std::max(measured.height + 2, kShortestText);
     const int textLeft = kMargin + (hasIcon ? kIconUnits + kMargin : 0);
     const int bodyHeight = std::max(textHeight, hasIcon ? kIconUnits : 0);
+    // As wide as the title needs, as far as the desktop goes.
+    const Rect area = CurrentScreen().WorkArea();
+    const int titleWidth = std::min(CurrentScreen().TextSize(title, 0).width, area.width);
+    const int captionWidth = std::min(ToDialogUnits({0, 0, titleWidth, 0}).width + kCaptionParts,
+                                      ToDialogUnits({0, 0, area.width, 0}).width);
     const int count = static_cast<int>(buttons.size());
     const int buttonsWidth = count * kButtonWidth + (count - 1) * kGap;
 
@@ -88,7 +95,8 @@ DialogTemplate LayOut(const std::string& text, const char* title, UINT style) {
     made.style =
         WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME | DS_NOIDLEMSG | DS_SETFONT | DS_CENTER;
     made.title = title;
-    made.width = std::max(textLeft + textWidth, buttonsWidth + kMargin) + kMargin;
+    made.width =
+        std::max({textLeft + textWidth + kMargin, buttonsWidth + 2 * kMargin, captionWidth});
     made.height = kMargin + bodyHeight + kMargin + kButtonHeight + kMargin;
     if (hasIcon)
         made.controls.push_back(

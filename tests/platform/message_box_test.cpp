@@ -94,4 +94,19 @@ TEST_F(MessageBoxes, WithoutATitleSayError) {
     EXPECT_EQ(Answer(), IDOK);
 }
 
+TEST_F(MessageBoxes, AreAsWideAsTheirTitleNeeds) {
+    const auto widthWith = [this](const char* title) {
+        kit::BeginStep([=, this] { MessageBoxA(owner_.Shown().Handle(), "Text", title, MB_OK); });
+        const kit::Dialog box = kit::WaitForDialog(title);
+        RECT rect{};
+        GetWindowRect(box.Handle(), &rect);
+        box.Key(VK_RETURN);
+        return rect.right - rect.left;
+    };
+    const auto longer =
+        widthWith("A title that is longer than the text and the buttons of its box");
+    EXPECT_EQ(longer > widthWith("Short") + 100,
+              kit::ExceptOn(WindowSystem::kWine, false, "cuts the title to the box", true));
+}
+
 }  // namespace
