@@ -245,6 +245,7 @@ typedef struct tagMINMAXINFO {
 #define GW_HWNDNEXT 2
 #define GW_OWNER 4
 #define GWL_STYLE (-16)
+#define GWLP_USERDATA (-21)
 #define GWL_EXSTYLE (-20)
 #define GWLP_ID (-12)
 #define DWLP_MSGRESULT 0

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -18,6 +19,9 @@
 #include "platform/debug_line_queue.h"
 
 namespace {
+
+// How many monitors of this process listen: one, or none.
+std::atomic<int> ownMonitors = 0;
 
 const sockaddr* Address(const vxd::DebugSocket& place) {
     return reinterpret_cast<const sockaddr*>(&place.address);
@@ -64,10 +68,13 @@ struct DebugMonitor::State {
     State(vxd::DebugSocket where, vxd::Descriptor bound)
         : place(std::move(where)),
           socket(std::move(bound)),
-          receiver([this](const auto& stop) { Receive(stop, socket.Get(), lines); }) {}
+          receiver([this](const auto& stop) { Receive(stop, socket.Get(), lines); }) {
+        ++ownMonitors;
+    }
 
     // The name goes while the socket still listens: nobody else has taken it meanwhile.
     ~State() {
+        --ownMonitors;
         unlink(place.address.sun_path);
         receiver.request_stop();
         shutdown(socket.Get(), SHUT_RDWR);
@@ -78,6 +85,13 @@ struct DebugMonitor::State {
     DebugLineQueue lines;
     std::jthread receiver;
 };
+
+bool vxd::IsMonitoredElsewhere() {
+    const auto place = FindDebugSocket(MissingFolder::kLeave);
+    const Descriptor asking(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+    return ownMonitors == 0 && place && asking &&
+           connect(asking.Get(), Address(*place), sizeof place->address) == 0;
+}
 
 DebugMonitor::DebugMonitor() {
     auto place = vxd::FindDebugSocket(vxd::MissingFolder::kCreate);

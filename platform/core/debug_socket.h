@@ -33,4 +33,7 @@ enum class MissingFolder { kLeave, kCreate };
 // exists and belongs to this user alone. Any thread.
 std::optional<DebugSocket> FindDebugSocket(MissingFolder missing);
 
+// Whether a monitor of another process of this user listens. Any thread.
+bool IsMonitoredElsewhere();
+
 }  // namespace vxd

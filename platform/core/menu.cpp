@@ -122,6 +122,7 @@ HMENU FromTemplate(const std::vector<MenuTemplateItem>& items) {
 
 // The popup menu that is open, if any.
 struct OpenPopup {
+    HWND window = nullptr;
     HMENU menu = nullptr;
     int current = -1;
     std::optional<UINT> chosen;  // 0: left without a choice
@@ -213,6 +214,16 @@ void RefreshMenuBars() {
 void PopupEnded(std::uint32_t command) {
     if (theOpenPopup != nullptr)
         theOpenPopup->chosen = command;
+}
+
+void EndPopupOf(HWND window) {
+    if (theOpenPopup == nullptr || theOpenPopup->window != window)
+        return;
+    theOpenPopup->chosen = 0;
+    // The screen's menu may not outlive its window.
+    CurrentScreen().ClosePopup();
+    // Lets the menu's loop see it even when nothing else happens.
+    PostMessageA(nullptr, WM_NULL, 0, 0);
 }
 
 HMENU PopupAt(HWND window, int position) {
@@ -350,7 +361,7 @@ BOOL WINAPI TrackPopupMenu(HMENU menu, UINT flags, int x, int y, int /*reserved*
     SendMessageA(handle, WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), 0);
     if (!vxd::IsLiveWindow(handle))
         return FALSE;
-    vxd::OpenPopup popup{menu, -1, std::nullopt};
+    vxd::OpenPopup popup{handle, menu, -1, std::nullopt};
     vxd::theOpenPopup = &popup;
     vxd::CurrentScreen().ShowPopup(vxd::HandleNumber(handle), vxd::ViewOf(menu), {x, y});
     const UINT chosen = vxd::TrackPopup(popup);

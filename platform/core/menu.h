@@ -12,6 +12,8 @@ namespace vxd {
 void RefreshMenuBars();
 // The popup that TrackPopupMenu shows was left with a choice, or with none (0).
 void PopupEnded(std::uint32_t command);
+// A window goes; a popup of its goes too, without a choice.
+void EndPopupOf(HWND window);
 // The popup at a position of a window's bar; null where there is none.
 HMENU PopupAt(HWND window, int position);
 

@@ -12,6 +12,9 @@ namespace {
 constexpr int kDefaultSizeNumerator = 3;
 constexpr int kDefaultSizeDenominator = 4;
 
+// The least size of a frame with a caption.
+constexpr Size kLeastSize{112, 27};
+
 }  // namespace
 
 Size ClientSize(const Window& window) {
@@ -27,17 +30,25 @@ Point ClientOrigin(const Window& window) {
     return origin;
 }
 
-bool HasSizableFrame(const Window& window) {
-    return !window.IsChild() && (window.style & WS_THICKFRAME) != 0;
+void SizeLimits::Bound(Rect& rect) const {
+    // Where the limits contradict each other the least size counts.
+    rect.width = std::max(std::min(rect.width, most.width), least.width);
+    rect.height = std::max(std::min(rect.height, most.height), least.height);
 }
 
-Size MaximumSize(Window& window) {
+bool HasSizeLimits(const Window& window) {
+    return !window.IsChild() && (window.style & (WS_THICKFRAME | WS_POPUP)) != WS_POPUP;
+}
+
+SizeLimits LimitsOf(Window& window) {
     const Rect area = CurrentScreen().WorkArea();
     MINMAXINFO info{};
     info.ptMaxSize = {area.width, area.height};
+    info.ptMinTrackSize = {kLeastSize.width, kLeastSize.height};
     info.ptMaxTrackSize = {area.width, area.height};
     Call(window, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info));
-    return {info.ptMaxTrackSize.x, info.ptMaxTrackSize.y};
+    return {{info.ptMinTrackSize.x, info.ptMinTrackSize.y},
+            {info.ptMaxTrackSize.x, info.ptMaxTrackSize.y}};
 }
 
 Rect InitialRect(int x, int y, int width, int height, bool child) {
@@ -69,14 +80,13 @@ void SendPlacement(Window& window, bool moved, bool sized) {
 
 void Place(Window& window, const Rect& wanted) {
     Rect rect = wanted;
-    if (HasSizableFrame(window)) {
+    if (HasSizeLimits(window)) {
         const HWND handle = window.handle;
-        const Size maximum = MaximumSize(window);
+        const SizeLimits limits = LimitsOf(window);
         if (!IsLiveWindow(handle))
             return;
-        CurrentScreen().SetMaximumSize(window.Widget(), maximum);
-        rect.width = std::min(rect.width, maximum.width);
-        rect.height = std::min(rect.height, maximum.height);
+        CurrentScreen().SetMaximumSize(window.Widget(), limits.most);
+        limits.Bound(rect);
     }
     if (rect == window.rect)
         return;

@@ -13,9 +13,17 @@ Point ClientOrigin(const Window& window);
 
 // Where a new window lies that was asked to lie there.
 Rect InitialRect(int x, int y, int width, int height, bool child);
-bool HasSizableFrame(const Window& window);
-// Asks the program how large the window may become.
-Size MaximumSize(Window& window);
+
+struct SizeLimits {
+    Size least;
+    Size most;
+
+    void Bound(Rect& rect) const;
+};
+// Overlapped windows and those with a sizable frame have limits, which the program may change.
+bool HasSizeLimits(const Window& window);
+// Asks the program for them.
+SizeLimits LimitsOf(Window& window);
 
 // Gives a window a new place and tells the program by WM_SIZE and WM_MOVE.
 void Place(Window& window, const Rect& rect);

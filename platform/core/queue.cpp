@@ -103,9 +103,9 @@ class MessageQueue {
     void AddInput(Input entry) { input_.push_back(std::move(entry)); }
 
     UINT_PTR Start(Timer timer) {
-        if (timer.window == nullptr)
+        // Without a window only a number that the queue gave can be set again.
+        if (!Stop(timer.window, timer.id) && timer.window == nullptr)
             timer.id = nextOwnTimerId_++;
-        Stop(timer.window, timer.id);
         timer.due = Clock::now() + timer.period;
         timers_.push_back(timer);
         return timer.id;

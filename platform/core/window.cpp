@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "platform/core/debug_socket.h"
 #include "platform/core/desk.h"
 #include "platform/core/queue.h"
 #include "platform/core/text.h"
@@ -141,11 +142,29 @@ namespace {
 
 // Where a window keeps the value of an index; null for an index it has not.
 LONG_PTR* ValueAt(Window& window, int index) {
+    if (index == GWLP_USERDATA)
+        return &window.userData;
     constexpr int kSlot = static_cast<int>(sizeof(LONG_PTR));
     if (window.dialog != nullptr && index >= 0 && index % kSlot == 0 &&
         index / kSlot < static_cast<int>(window.dialogData.size()))
         return &window.dialogData[static_cast<std::size_t>(index / kSlot)];
     return nullptr;
+}
+
+}  // namespace
+
+namespace {
+
+// Gives the style that was. What a window is stays; the screen follows what it shows of the rest.
+LONG_PTR SetStyle(Window& window, DWORD wanted) {
+    constexpr DWORD kKind = WS_CHILD | WS_POPUP;
+    const DWORD before = window.style;
+    window.style = (before & kKind) | (wanted & ~kKind);
+    if (((before ^ window.style) & WS_VISIBLE) != 0)
+        vxd::CurrentScreen().SetVisible(window.Widget(), window.IsVisible());
+    if (((before ^ window.style) & WS_DISABLED) != 0)
+        vxd::CurrentScreen().SetEnabled(window.Widget(), window.IsEnabled());
+    return static_cast<LONG_PTR>(before);
 }
 
 }  // namespace
@@ -170,21 +189,36 @@ LONG_PTR WINAPI GetWindowLongPtrA(HWND handle, int index) {
 
 LONG_PTR WINAPI SetWindowLongPtrA(HWND handle, int index, LONG_PTR value) {
     Window* window = FindWindowOf(handle);
+    if (window != nullptr && index == GWL_STYLE)
+        return SetStyle(*window, static_cast<DWORD>(value));
     LONG_PTR* place = window != nullptr ? ValueAt(*window, index) : nullptr;
     return place != nullptr ? std::exchange(*place, value) : 0;
 }
+
+namespace {
+
+// Other programs' windows are not known, but for one: who listens to the debug output of all
+// programs is their debug viewer, by the class that its window has on Windows.
+HWND FindDebugViewer(LPCSTR className, LPCSTR title) {
+    constexpr std::uint32_t kForeign = 0xF0000001;  // of no kind that a table gives out
+    const bool isAskedFor = className != nullptr && !IS_INTRESOURCE(className) &&
+                            vxd::EqualIgnoringCase(className, "DBWin") && title == nullptr;
+    return isAskedFor && vxd::IsMonitoredElsewhere() ? vxd::ToHandle<HWND>(kForeign) : nullptr;
+}
+
+}  // namespace
 
 HWND WINAPI FindWindowA(LPCSTR className, LPCSTR title) {
     const vxd::WindowClass* windowClass =
         className != nullptr ? vxd::FindClass(className) : nullptr;
     if (className != nullptr && windowClass == nullptr)
-        return nullptr;
+        return FindDebugViewer(className, title);
     for (const Window* window : vxd::TopLevelWindows()) {
         if ((className == nullptr || window->windowClass == windowClass) &&
             (title == nullptr || vxd::EqualIgnoringCase(window->text, title)))
             return window->handle;
     }
-    return nullptr;
+    return FindDebugViewer(className, title);
 }
 
 BOOL WINAPI EnumThreadWindows(DWORD thread, WNDENUMPROC visit, LPARAM parameter) {

@@ -79,6 +79,7 @@ struct Window {
     HMENU menu = nullptr;
     int menuHeight = 0;
     HICON icon = nullptr;
+    LONG_PTR userData = 0;                 // GWLP_USERDATA
     std::array<LONG_PTR, 3> dialogData{};  // DWLP_MSGRESULT, DWLP_DLGPROC, DWLP_USER
     std::optional<Rect> update;            // what of the client area waits to be painted
     bool eraseUpdate = false;

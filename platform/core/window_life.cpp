@@ -5,6 +5,7 @@
 #include "platform/core/desk.h"
 #include "platform/core/dialog.h"
 #include "platform/core/icon.h"
+#include "platform/core/menu.h"
 #include "platform/core/paint.h"
 #include "platform/core/placement.h"
 #include "platform/core/queue.h"
@@ -62,6 +63,7 @@ void TellDestruction(HWND handle) {
     if (window == nullptr)
         return;
     window->destroying = true;
+    EndPopupOf(handle);
     Call(*window, WM_DESTROY, 0, 0);
     window = FindWindowOf(handle);
     if (window == nullptr)
@@ -71,6 +73,14 @@ void TellDestruction(HWND handle) {
         children.push_back(child->handle);
     for (const HWND child : children)
         TellDestruction(child);
+}
+
+// Whether the window is being destroyed, by itself or with a parent.
+bool IsGoing(const Window& window) {
+    const Window* at = &window;
+    while (at != nullptr && !at->destroying)
+        at = at->parent;
+    return at != nullptr;
 }
 
 void DestroyOwned(HWND owner) {
@@ -102,7 +112,7 @@ HWND WINAPI CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR title, DWORD
         return nullptr;
     const bool child = (style & WS_CHILD) != 0;
     Window* parent = FindWindowOf(parentHandle);
-    if (child && parent == nullptr)
+    if (child && (parent == nullptr || vxd::IsGoing(*parent)))
         return nullptr;
 
     auto made = std::make_unique<Window>();
@@ -111,6 +121,8 @@ HWND WINAPI CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR title, DWORD
     window.procedure = windowClass->procedure;
     window.instance = instance;
     window.style = style & ~static_cast<DWORD>(WS_VISIBLE);
+    if ((style & (WS_CHILD | WS_POPUP)) == 0)
+        window.style |= WS_CAPTION;
     window.exStyle = exStyle;
     window.text = title != nullptr && !IS_INTRESOURCE(title) ? title : "";
     window.icon = windowClass->icon;
@@ -148,13 +160,12 @@ HWND WINAPI CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR title, DWORD
     creation.lpszClass = className;
     creation.dwExStyle = exStyle;
     window.rect = vxd::InitialRect(x, y, width, height, child);
-    vxd::Size maximum;
-    if (vxd::HasSizableFrame(window)) {
-        maximum = vxd::MaximumSize(window);
+    vxd::SizeLimits limits;
+    if (vxd::HasSizeLimits(window)) {
+        limits = vxd::LimitsOf(window);
         if (FindWindowOf(handle) == nullptr)
             return nullptr;
-        window.rect.width = std::min(window.rect.width, maximum.width);
-        window.rect.height = std::min(window.rect.height, maximum.height);
+        limits.Bound(window.rect);
     }
     const auto abandon = [handle] {
         if (Window* abandoned = FindWindowOf(handle); abandoned != nullptr)
@@ -165,8 +176,8 @@ HWND WINAPI CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR title, DWORD
         FindWindowOf(handle) == nullptr)
         return abandon();
     vxd::ShowOnScreen(window);
-    if (vxd::HasSizableFrame(window))
-        vxd::CurrentScreen().SetMaximumSize(window.Widget(), maximum);
+    if (vxd::HasSizeLimits(window))
+        vxd::CurrentScreen().SetMaximumSize(window.Widget(), limits.most);
     if (!child) {
         if (menu == nullptr && (windowClass->menuNumber != 0 || !windowClass->menuName.empty()))
             menu = LoadMenuA(instance, windowClass->menuNumber != 0

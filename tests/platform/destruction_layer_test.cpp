@@ -115,6 +115,66 @@ TEST(Destruction, AWindowThatIsDestroyedWhileItIsMadeIsNotMade) {
     });
 }
 
+TEST(Destruction, AChildOfAWindowThatIsGoingIsRefused) {
+    RunOnUserInterface([] {
+        for (const UINT at : {UINT{WM_DESTROY}, UINT{WM_NCDESTROY}}) {
+            const HWND parent = MakeShown(nullptr);
+            const HWND child = MakeShown(parent);
+            int asked = 0;
+            TheHandler() = [&](HWND window, UINT message, WPARAM) {
+                if (message != at)
+                    return;
+                ++asked;
+                EXPECT_EQ(MakeShown(window), nullptr);
+                EXPECT_EQ(MakeShown(child), nullptr) << "its parent is going";
+            };
+            DestroyWindow(parent);
+            EXPECT_EQ(asked, 2);
+        }
+    });
+}
+
+TEST(Destruction, APopupMenuEndsWithItsWindow) {
+    RunOnUserInterface([] {
+        for (const bool byParent : {false, true}) {
+            const HWND parent = MakeShown(nullptr);
+            const HWND child = MakeShown(parent);
+            TheHandler() = [=](HWND, UINT message, WPARAM) {
+                if (message == WM_APP)
+                    DestroyWindow(byParent ? parent : child);
+            };
+            const HMENU menu = CreatePopupMenu();
+            AppendMenuA(menu, MF_STRING, 41, "only");
+            PostMessageA(parent, WM_APP, 0, 0);
+            EXPECT_EQ(TrackPopupMenu(menu, TPM_RETURNCMD, 0, 0, 0, child, nullptr), 0);
+            EXPECT_FALSE(IsWindow(child));
+            DestroyMenu(menu);
+            TheHandler() = nullptr;
+            DestroyWindow(parent);
+        }
+    });
+}
+
+TEST(Arguments, ANullTextIsAnEmptyOne) {
+    RunOnUserInterface([] {
+        const HWND parent = MakeShown(nullptr);
+        const HWND list = MakeShown(parent, "ListBox", LBS_NOTIFY);
+        const HWND combo = MakeShown(parent, "ComboBox", CBS_DROPDOWN);
+        const HWND edit = MakeShown(parent, "Edit");
+        for (const UINT message : {LB_ADDSTRING, LB_INSERTSTRING, LB_FINDSTRING, LB_SELECTSTRING,
+                                   LB_FINDSTRINGEXACT, WM_SETTEXT})
+            SendMessageA(list, message, 0, 0);
+        EXPECT_EQ(SendMessageA(list, LB_GETCOUNT, 0, 0), 2);
+        EXPECT_EQ(SendMessageA(list, LB_GETTEXTLEN, 1, 0), 0);
+        for (const UINT message : {CB_ADDSTRING, CB_INSERTSTRING, CB_FINDSTRING, CB_SELECTSTRING,
+                                   CB_FINDSTRINGEXACT, WM_SETTEXT})
+            SendMessageA(combo, message, 0, 0);
+        EXPECT_EQ(SendMessageA(combo, CB_GETCOUNT, 0, 0), 2);
+        SendMessageA(edit, WM_SETTEXT, 0, 0);
+        EXPECT_EQ(GetWindowTextLengthA(edit), 0);
+    });
+}
+
 TEST(Destruction, AControlGoesWithItsOwnNotification) {
     struct Kind {
         const char* className;

@@ -204,4 +204,17 @@ TEST(Queue, AThreadThatWaitsForAnAnswerDoesNotKeepTheProcessFromEnding) {
     EXPECT_EXIT(kit::StartProgram(end).get(), testing::ExitedWithCode(kEnded), "");
 }
 
+TEST(Timers, WithoutAWindowAreSetAgainUnderTheirNumber) {
+    RunAsProgram([] {
+        constexpr UINT kLong = 100'000;
+        const UINT_PTR first = SetTimer(nullptr, 5, kLong, nullptr);
+        const UINT_PTR second = SetTimer(nullptr, 5, kLong, nullptr);
+        EXPECT_NE(first, second) << "a number that is none of a timer's is not taken";
+        EXPECT_EQ(SetTimer(nullptr, first, kLong, nullptr), first);
+        EXPECT_TRUE(KillTimer(nullptr, first));
+        EXPECT_FALSE(KillTimer(nullptr, first));
+        EXPECT_TRUE(KillTimer(nullptr, second));
+    });
+}
+
 }  // namespace

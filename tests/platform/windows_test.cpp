@@ -173,6 +173,52 @@ TEST(Windows, OwnedOnesGoWithTheirOwner) {
     });
 }
 
+TEST(Windows, OverlappedOnesHaveACaptionAndAreNoSmallerThanItsFrame) {
+    kit::RunAsProgram([] {
+        struct Case {
+            DWORD style;
+            bool isOverlapped;
+        };
+        for (const auto& [style, isOverlapped] :
+             {Case{WS_OVERLAPPED, true}, Case{WS_OVERLAPPED | WS_SYSMENU, true},
+              Case{WS_POPUP, false}, Case{WS_POPUP | WS_SYSMENU, false}}) {
+            Register("Life", LivingProcedure);
+            const HWND window = CreateWindowExA(0, "Life", "W", style, 20, 20, 1, 1, nullptr,
+                                                nullptr, GetModuleHandleA(nullptr), nullptr);
+            const auto size = [window] {
+                RECT rect;
+                GetWindowRect(window, &rect);
+                return std::pair(rect.right - rect.left, rect.bottom - rect.top);
+            };
+            const LONG_PTR kept = GetWindowLongPtrA(window, GWL_STYLE);
+            EXPECT_EQ((kept & WS_CAPTION) == WS_CAPTION, isOverlapped) << style;
+            const auto least =
+                isOverlapped ? std::pair<LONG, LONG>(112, 27) : std::pair<LONG, LONG>(1, 1);
+            EXPECT_EQ(size(), (std::pair<LONG, LONG>(least))) << style;
+            SetWindowPos(window, nullptr, 0, 0, 300, 200, SWP_NOMOVE | SWP_NOZORDER);
+            EXPECT_EQ(size(), (std::pair<LONG, LONG>(300, 200))) << style;
+            SetWindowPos(window, nullptr, 0, 0, 2, 2, SWP_NOMOVE | SWP_NOZORDER);
+            EXPECT_EQ(size() == (std::pair<LONG, LONG>(2, 2)), !isOverlapped) << style;
+            DestroyWindow(window);
+        }
+    });
+}
+
+TEST(Windows, KeepTheStyleAndTheDataThatTheProgramGivesThem) {
+    kit::RunAsProgram([] {
+        const HWND window = MakeLiving("P", WS_OVERLAPPEDWINDOW);
+        const HWND child = MakeLiving("C", WS_CHILD | WS_VISIBLE, window);
+        EXPECT_EQ(GetWindowLongPtrA(window, GWLP_USERDATA), 0);
+        EXPECT_EQ(SetWindowLongPtrA(window, GWLP_USERDATA, 1234), 0);
+        EXPECT_EQ(SetWindowLongPtrA(window, GWLP_USERDATA, -1), 1234);
+        EXPECT_EQ(GetWindowLongPtrA(window, GWLP_USERDATA), -1);
+        const LONG_PTR style = GetWindowLongPtrA(child, GWL_STYLE);
+        EXPECT_EQ(SetWindowLongPtrA(child, GWL_STYLE, style | WS_TABSTOP | WS_DISABLED), style);
+        EXPECT_EQ(GetWindowLongPtrA(child, GWL_STYLE), style | WS_TABSTOP | WS_DISABLED);
+        EXPECT_FALSE(IsWindowEnabled(child));
+    });
+}
+
 LRESULT CALLBACK LimitingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message != WM_GETMINMAXINFO)
         return DefWindowProcA(window, message, wParam, lParam);

@@ -737,6 +737,26 @@ TEST_F(WindowTest, AChoiceInTheContextMenuIsACommandAndLeavingItIsNone) {
     }
 }
 
+TEST_F(WindowTest, AContextMenuEndsWithItsWindow) {
+    int answer = -1;
+    const HWND owner = OnUserInterface([this] {
+        return CreateWindowExA(0, "Static", "", WS_CHILD | WS_VISIBLE, 0, 0, 50, 20, window_,
+                               nullptr, nullptr, nullptr);
+    });
+    kit::BeginStep([&] {
+        const HMENU menu = CreatePopupMenu();
+        AppendMenuA(menu, MF_STRING, IDM_MORE, "&More");
+        answer = TrackPopupMenu(menu, TPM_RETURNCMD, 60, 70, 0, owner, nullptr);
+        DestroyMenu(menu);
+    });
+    native::Do([] {});
+    EXPECT_EQ(OnUserInterface([] { return OpenMenu().size(); }), 1);
+    OnUserInterface([owner] { DestroyWindow(owner); });
+    native::Do([] {});
+    EXPECT_EQ(OnUserInterface([&] { return answer; }), 0);
+    EXPECT_EQ(OnUserInterface([] { return OpenMenu().size(); }), 0);
+}
+
 TEST_F(WindowTest, StayingOnTopKeepsPlaceAndKeyboard) {
     const QRect before = WindowRect();
     for (const bool topmost : {true, false}) {

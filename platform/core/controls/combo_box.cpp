@@ -26,7 +26,7 @@ class ComboBox : public BasicControl {
 
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override {
         const auto row = static_cast<LRESULT>(static_cast<int>(wParam));
-        const auto* text = reinterpret_cast<LPCSTR>(lParam);
+        const auto* text = lParam != 0 ? reinterpret_cast<LPCSTR>(lParam) : "";
         switch (message) {
             case WM_GETDLGCODE:
                 return HasEdit() ? DLGC_WANTARROWS | DLGC_WANTCHARS | DLGC_HASSETSEL

@@ -13,7 +13,7 @@ class ListBox : public BasicControl {
 
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override {
         const auto row = static_cast<LRESULT>(static_cast<int>(wParam));
-        const auto* text = reinterpret_cast<LPCSTR>(lParam);
+        const auto* text = lParam != 0 ? reinterpret_cast<LPCSTR>(lParam) : "";
         switch (message) {
             case WM_GETDLGCODE:
                 return DLGC_WANTARROWS | DLGC_WANTCHARS;
