@@ -165,13 +165,19 @@ class Screen {
 void InstallScreen(Screen& screen);
 Screen& CurrentScreen();
 
-// What a person did.
+// What a person did. Each report waits for its turn behind posted messages; by then, what it was
+// about may have changed. It counts for nothing if its window is gone or takes no input any more.
 namespace input {
 
+// Whether something that was reported still waits. A screen reports nothing more until it does not.
+bool Waits();
+
 void Clicked(WidgetId button);
-// The text after the edit, and the selection in it.
+// The text after the edit, and the selection in it. If the program has set another text when the
+// turn comes, what was put in goes into that one, and the screen is told the result.
 void Edited(WidgetId edit, const std::string& text, int selectionStart, int selectionEnd);
 void SelectionMoved(WidgetId edit, int start, int end);
+// The row as the list shows it now; it stays that row when others come and go before its turn.
 void RowChosen(WidgetId list, int row);
 void RowDoubleClicked(WidgetId list, int row);
 void Dropped(WidgetId combo, bool dropped);
@@ -203,8 +209,9 @@ struct KeyPress {
     bool alt = false;
 };
 
-// A key went down while the widget (or 0: the window) had the focus. Returns whether the core takes
-// the key; if not, the native widget handles it. The key's release needs no report.
+// A key went down while the widget had the focus. Returns whether the core takes the key, which
+// then goes to whoever has the focus at its turn; if not, the native widget handles it. The key's
+// release needs no report.
 bool KeyPressed(WidgetId id, const KeyPress& key);
 
 }  // namespace input

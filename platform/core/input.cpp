@@ -1,13 +1,125 @@
 // What a person did, on its way from the screen into the message queue.
+#include "platform/core/input.h"
 #include "platform/core/activation.h"
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
 #include "platform/core/dialog.h"
 #include "platform/core/key_message.h"
 #include "platform/core/menu.h"
 #include "platform/core/paint.h"
 #include "platform/core/placement.h"
 #include "platform/core/queue.h"
+#include "platform/core/text.h"
 #include "platform/core/window.h"
-#include "platform/screen.h"
+
+namespace vxd {
+namespace {
+
+// Something that a person did to a widget and that waits for its turn.
+struct PendingRow {
+    WidgetId list = 0;
+    int row = -1;  // -1 once it is gone
+};
+
+struct PendingEdit {
+    WidgetId edit = 0;
+    std::string before;
+    std::string after;
+    bool overtaken = false;  // the screen shows another text by now
+};
+
+// What waits is owned by its entry in the queue, however that ends.
+template <typename Pending>
+class Waiting {
+  public:
+    std::shared_ptr<Pending> Add(Pending pending) {
+        auto added = std::make_shared<Pending>(std::move(pending));
+        std::erase_if(all_, [](const auto& each) { return each.expired(); });
+        all_.push_back(added);
+        return added;
+    }
+
+    // Those of a widget, the oldest first.
+    std::vector<std::shared_ptr<Pending>> Of(WidgetId id, WidgetId Pending::*member) const {
+        std::vector<std::shared_ptr<Pending>> found;
+        for (const auto& each : all_) {
+            if (auto pending = each.lock(); pending != nullptr && (*pending).*member == id)
+                found.push_back(std::move(pending));
+        }
+        return found;
+    }
+
+  private:
+    std::vector<std::weak_ptr<Pending>> all_;
+};
+
+Waiting<PendingRow> theRows;
+Waiting<PendingEdit> theEdits;
+
+bool IsContinuation(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
+
+struct Edited {
+    std::string text;
+    int caret = 0;
+};
+
+// Puts into `now` what a person put into `before` to make `after`, at the same place as far as
+// there is one.
+Edited Rebased(const std::string& before, const std::string& after, const std::string& now) {
+    const std::size_t shorter = std::min(before.size(), after.size());
+    std::size_t same = 0;
+    while (same < shorter && before[same] == after[same])
+        ++same;
+    same = std::min(WholeCharacters(before, same), WholeCharacters(after, same));
+    std::size_t behind = 0;
+    while (behind < shorter - same &&
+           before[before.size() - 1 - behind] == after[after.size() - 1 - behind])
+        ++behind;
+    while (behind > 0 && IsContinuation(after[after.size() - behind]))
+        --behind;
+    const std::string inserted = after.substr(same, after.size() - same - behind);
+    const std::size_t removed = before.size() - same - behind;
+    const std::size_t from = WholeCharacters(now, std::min(same, now.size()));
+    const std::size_t to = WholeCharacters(now, std::min(from + removed, now.size()));
+    Edited edited{now, static_cast<int>(from + inserted.size())};
+    edited.text.replace(from, to - from, inserted);
+    return edited;
+}
+
+}  // namespace
+
+void FollowInsertedRow(WidgetId list, int row) {
+    for (const auto& pending : theRows.Of(list, &PendingRow::list)) {
+        if (pending->row >= row)
+            ++pending->row;
+    }
+}
+
+void FollowRemovedRow(WidgetId list, int row) {
+    for (const auto& pending : theRows.Of(list, &PendingRow::list)) {
+        if (pending->row == row)
+            pending->row = -1;
+        else if (pending->row > row)
+            --pending->row;
+    }
+}
+
+void FollowClearedRows(WidgetId list) {
+    for (const auto& pending : theRows.Of(list, &PendingRow::list))
+        pending->row = -1;
+}
+
+void FollowShownText(WidgetId edit) {
+    for (const auto& pending : theEdits.Of(edit, &PendingEdit::edit))
+        pending->overtaken = true;
+}
+
+}  // namespace vxd
 
 namespace vxd::input {
 namespace {
@@ -36,9 +148,27 @@ void Clicked(WidgetId button) {
     QueueForControl(button, [](Control& control) { control.OnClicked(); });
 }
 
+bool Waits() {
+    return InputWaits();
+}
+
 void Edited(WidgetId edit, const std::string& text, int selectionStart, int selectionEnd) {
-    QueueForControl(
-        edit, [=](Control& control) { control.OnEdited(text, selectionStart, selectionEnd); });
+    const Window* window = FindWindowOf(ToHandle<HWND>(edit));
+    if (window == nullptr || window->control == nullptr)
+        return;
+    const auto earlier = theEdits.Of(edit, &PendingEdit::edit);
+    const auto pending = theEdits.Add(
+        {edit, earlier.empty() ? window->control->EditedText() : earlier.back()->after, text});
+    QueueForControl(edit, [=](Control& control) {
+        if (!pending->overtaken) {
+            control.OnEdited(text, selectionStart, selectionEnd);
+            return;
+        }
+        const vxd::Edited edited = Rebased(pending->before, text, control.EditedText());
+        control.OnEdited(edited.text, edited.caret, edited.caret);
+        if (const Window* still = FindWindowOf(ToHandle<HWND>(edit)); still != nullptr)
+            still->control->ShowEditedText();
+    });
 }
 
 void SelectionMoved(WidgetId edit, int start, int end) {
@@ -46,11 +176,19 @@ void SelectionMoved(WidgetId edit, int start, int end) {
 }
 
 void RowChosen(WidgetId list, int row) {
-    QueueForControl(list, [row](Control& control) { control.OnRowChosen(row); });
+    const auto pending = theRows.Add({list, row});
+    QueueForControl(list, [pending](Control& control) {
+        if (pending->row >= 0)
+            control.OnRowChosen(pending->row);
+    });
 }
 
 void RowDoubleClicked(WidgetId list, int row) {
-    QueueForControl(list, [row](Control& control) { control.OnRowDoubleClicked(row); });
+    const auto pending = theRows.Add({list, row});
+    QueueForControl(list, [pending](Control& control) {
+        if (pending->row >= 0)
+            control.OnRowDoubleClicked(pending->row);
+    });
 }
 
 void Dropped(WidgetId combo, bool dropped) {
@@ -63,6 +201,8 @@ void Scrolled(WidgetId bar, std::uint32_t code, int position) {
 
 void Focused(WidgetId id) {
     Queue(id, [id](Window& window) {
+        if (!TopLevelOf(window).IsEnabled())
+            return;
         SetFocus(window.handle);
         if (const Window* focused = FindWindowOf(ToHandle<HWND>(id)); focused != nullptr)
             DefaultButtonFollows(*focused);
@@ -103,7 +243,8 @@ void Uncovered(WidgetId id, const Rect& area) {
 
 void MenuOpened(WidgetId window, int position) {
     Queue(window, [position](Window& opened) {
-        if (const HMENU popup = PopupAt(opened.handle, position); popup != nullptr)
+        if (const HMENU popup = PopupAt(opened.handle, position);
+            popup != nullptr && opened.IsEnabled())
             SendMessageA(opened.handle, WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(popup),
                          position);
     });
@@ -134,8 +275,8 @@ bool KeyPressed(WidgetId id, const KeyPress& key) {
     if (!forDialog && window->control != nullptr && !window->control->TakesKey(key.virtualKey))
         return false;
     QueueInput([key] { SetModifiers(key.shift, key.control, key.alt); });
-    QueueInputMessage(window->handle, message, key.virtualKey, KeyDetails(key.character));
-    QueueInputMessage(window->handle, system ? WM_SYSKEYUP : WM_KEYUP, key.virtualKey, 0);
+    QueueKeyMessage(message, key.virtualKey, KeyDetails(key.character));
+    QueueKeyMessage(system ? WM_SYSKEYUP : WM_KEYUP, key.virtualKey, 0);
     return true;
 }
 

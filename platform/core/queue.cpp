@@ -10,6 +10,7 @@
 #include <thread>
 #include <vector>
 
+#include "platform/core/activation.h"
 #include "platform/core/key_message.h"
 #include "platform/core/menu.h"
 #include "platform/core/paint.h"
@@ -48,6 +49,21 @@ struct Timer {
 struct Input {
     std::function<void()> run;
     MSG message{};
+    bool isKey = false;  // goes to whoever has the focus
+
+    HWND Target() const {
+        if (!isKey)
+            return message.hwnd;
+        return FocusedWindow() != nullptr ? FocusedWindow() : GetActiveWindow();
+    }
+
+    // Whether there is still somebody to hear of it.
+    bool Counts() const {
+        if (run)
+            return true;
+        Window* window = FindWindowOf(Target());
+        return window != nullptr && TopLevelOf(*window).IsEnabled();
+    }
 };
 
 struct Filter {
@@ -101,6 +117,7 @@ class MessageQueue {
     void Quit(int exitCode) { quit_ = exitCode; }
 
     void AddInput(Input entry) { input_.push_back(std::move(entry)); }
+    bool InputWaits() const { return !input_.empty(); }
 
     UINT_PTR Start(Timer timer) {
         // Without a window only a number that the queue gave can be set again.
@@ -126,8 +143,9 @@ class MessageQueue {
             std::erase_if(sent_, [](const SentMessage* m) { return m->answered; });
         }
         answered_.notify_all();
-        std::erase_if(input_,
-                      [window](const Input& i) { return !i.run && i.message.hwnd == window; });
+        std::erase_if(input_, [window](const Input& i) {
+            return !i.run && !i.isKey && i.message.hwnd == window;
+        });
         std::erase_if(timers_, [window](const Timer& t) { return t.window == window; });
     }
 
@@ -216,13 +234,16 @@ class MessageQueue {
     // anything, so such a caller then looks round by getting a message that says nothing.
     std::optional<MSG> NextInput(const Filter& filter, bool remove) {
         const bool runs = remove && filter.TakesAll();
+        while (!input_.empty() && !input_.front().Counts())
+            input_.pop_front();
         const auto found = std::find_if(input_.begin(), input_.end(), [&](const Input& i) {
-            return i.run ? runs : filter.Takes(i.message.hwnd, i.message.message);
+            return i.run ? runs : i.Counts() && filter.Takes(i.Target(), i.message.message);
         });
         if (found == input_.end())
             return std::nullopt;
         if (!found->run) {
-            const MSG message = found->message;
+            MSG message = found->message;
+            message.hwnd = found->Target();
             if (remove)
                 input_.erase(found);
             return message;
@@ -347,6 +368,14 @@ void QueueInput(std::function<void()> input) {
 
 void QueueInputMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     TheQueue().AddInput({nullptr, MessageQueue::Stamped(window, message, wParam, lParam)});
+}
+
+void QueueKeyMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    TheQueue().AddInput({nullptr, MessageQueue::Stamped(nullptr, message, wParam, lParam), true});
+}
+
+bool InputWaits() {
+    return TheQueue().InputWaits();
 }
 
 void ForgetMessagesOf(HWND window) {

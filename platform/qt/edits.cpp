@@ -1,6 +1,7 @@
 #include <QPlainTextEdit>
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "platform/qt/control.h"
 #include "platform/qt/focus.h"
@@ -10,11 +11,13 @@
 
 namespace vxd::qt {
 
-LineText::LineText(QLineEdit& edit, WidgetId id, Report& report)
-    : edit_(edit), id_(id), report_(report) {
+LineText::LineText(QLineEdit& edit, WidgetId id, Report& report,
+                   std::function<bool(const QString&)> isRow)
+    : edit_(edit), id_(id), report_(report), isRow_(std::move(isRow)) {
     // The limit that binds typing and pasting is the core's; it counts bytes.
     edit.setMaxLength(std::numeric_limits<int>::max());
-    QObject::connect(&edit, &QLineEdit::textEdited, &edit, [this] { TextEdited(); });
+    QObject::connect(&edit, &QLineEdit::textChanged, &edit,
+                     [this](const QString& text) { TextChanged(text); });
     QObject::connect(&edit, &QLineEdit::selectionChanged, &edit, [this] { SelectionMoved(); });
     QObject::connect(&edit, &QLineEdit::cursorPositionChanged, &edit, [this] { SelectionMoved(); });
 }
@@ -45,9 +48,11 @@ void LineText::RestoreSelection() {
     Select(start_, end_);
 }
 
-void LineText::TextEdited() {
+void LineText::TextChanged(const QString& text) {
+    if (!report_.IsOpen() || (isRow_ && isRow_(text)))
+        return;
     KeepSelection();
-    report_(input::Edited, id_, FromQt(edit_.text()), start_, end_);
+    report_(input::Edited, id_, FromQt(text), start_, end_);
 }
 
 void LineText::SelectionMoved() {

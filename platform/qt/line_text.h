@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QLineEdit>
+#include <functional>
 
 #include "platform/qt/report.h"
 #include "platform/screen.h"
@@ -10,8 +11,11 @@ namespace vxd::qt {
 
 class LineText {
   public:
-    // Reports what a person does with `edit` as done to the widget `id`.
-    LineText(QLineEdit& edit, WidgetId id, Report& report);
+    // Reports what a person does with `edit`, by whatever means, as done to the widget `id`. A text
+    // that comes into the edit from a row that was chosen is no edit of the person's: `isRow`
+    // tells.
+    LineText(QLineEdit& edit, WidgetId id, Report& report,
+             std::function<bool(const QString&)> isRow = nullptr);
     LineText(const LineText&) = delete;
     LineText& operator=(const LineText&) = delete;
 
@@ -22,13 +26,14 @@ class LineText {
     void RestoreSelection();
 
   private:
-    void TextEdited();
+    void TextChanged(const QString& text);
     void SelectionMoved();
     bool KeepSelection();
 
     QLineEdit& edit_;
     WidgetId id_;
     Report& report_;
+    std::function<bool(const QString&)> isRow_;
     int start_ = 0;
     int end_ = 0;
 };

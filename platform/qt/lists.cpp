@@ -86,7 +86,12 @@ class RowList : public QListWidget {
     void Choose(bool again) {
         const QList<QListWidgetItem*> selected = selectedItems();
         const int chosen = selected.isEmpty() ? -1 : row(selected.front());
-        if (chosen < 0 || (chosen == row_ && !again))
+        if (chosen < 0) {
+            // A click beside the rows takes no selection away.
+            const QSignalBlocker blocker(this);
+            return Select(row_);
+        }
+        if (chosen == row_ && !again)
             return;
         row_ = chosen;
         report_(input::RowChosen, id_, chosen);
@@ -227,7 +232,10 @@ class ComboBox : public Control {
         Native().setEditable(true);
         Native().setInsertPolicy(QComboBox::NoInsert);
         Native().setCompleter(nullptr);
-        text_.emplace(*Native().lineEdit(), setup.id, report);
+        text_.emplace(*Native().lineEdit(), setup.id, report, [this](const QString& text) {
+            return Native().currentIndex() >= 0 &&
+                   text == Native().itemText(Native().currentIndex());
+        });
     }
 
     void TakeFocus() override {

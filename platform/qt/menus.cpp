@@ -88,6 +88,11 @@ class MenuRows::Row : public QMenuBar {
         QMenuBar::eventFilter(this, &up);
     }
 
+    void PressLetter(const QString& letter) {
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, letter);
+        QMenuBar::keyPressEvent(&press);
+    }
+
   protected:
     void keyPressEvent(QKeyEvent* event) override {
         if (event->key() == Qt::Key_F10)
@@ -231,15 +236,21 @@ int MenuRows::LayOut(int width) {
             rows_.push_back(std::make_unique<Row>(&window_, *this, false));
         for (std::size_t row = 0; row < rows_.size(); ++row) {
             rows_[row]->clear();
-            const std::size_t end = row + 1 < starts_.size() ? starts_[row + 1] : entries_.size();
-            for (std::size_t at = starts_[row]; at < end; ++at)
+            const auto [begin, end] = EntriesOf(row);
+            for (std::size_t at = begin; at < end; ++at)
                 rows_[row]->addAction(entries_[at].Action());
         }
     }
     int top = 0;
-    for (const auto& row : rows_) {
-        row->setGeometry(0, top, width, rowHeight_);
-        row->show();
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+        // A bar with less room than its entries take would put a list of its own in their place,
+        // which runs a loop of Qt's.
+        const auto [begin, end] = EntriesOf(row);
+        int needed = margins_;
+        for (std::size_t at = begin; at < end; ++at)
+            needed += entries_[at].width;
+        rows_[row]->setGeometry(0, top, std::max(width, needed), rowHeight_);
+        rows_[row]->show();
         top += rowHeight_;
     }
     return top;
@@ -250,6 +261,30 @@ bool MenuRows::Enter() {
         return false;
     rows_.front()->PressAlt();
     return true;
+}
+
+bool MenuRows::Open(char32_t letter) {
+    const QString text = QString::fromUcs4(&letter, 1);
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+        const auto [begin, end] = EntriesOf(row);
+        for (std::size_t at = begin; at < end; ++at) {
+            const QKeySequence mark = QKeySequence::mnemonic(entries_[at].Action()->text());
+            if (mark.isEmpty() || mark != QKeySequence(QLatin1String("Alt+") + text.toUpper()))
+                continue;
+            if (QAction* command = entries_[at].command.get(); command != nullptr) {
+                command->trigger();
+                return true;
+            }
+            rows_[row]->PressAlt();
+            rows_[row]->PressLetter(text);
+            return true;
+        }
+    }
+    return false;
+}
+
+std::pair<std::size_t, std::size_t> MenuRows::EntriesOf(std::size_t row) const {
+    return {starts_[row], row + 1 < starts_.size() ? starts_[row + 1] : entries_.size()};
 }
 
 MenuRows::Row& MenuRows::Neighbour(const Row& row, int step) const {

@@ -30,6 +30,9 @@ class MenuRows {
     int LayOut(int width);
     // Gives the keyboard to the first entry, as the Alt key does; false without any.
     bool Enter();
+    // Opens the first menu, or runs the first command of the bar, that the letter stands for, as
+    // the letter together with Alt does; false where there is none.
+    bool Open(char32_t letter);
 
   private:
     class Row;
@@ -45,6 +48,8 @@ class MenuRows {
     };
 
     void Build();
+    // The entries of a row, from the first to the one behind the last.
+    std::pair<std::size_t, std::size_t> EntriesOf(std::size_t row) const;
     void Measure();
     Entry MakeEntry(int position);
     // The first entry of each row.

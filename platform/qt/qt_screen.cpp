@@ -7,6 +7,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QTimer>
+#include <QWindow>
 #include <algorithm>
 #include <chrono>
 #include <vector>
@@ -36,6 +37,8 @@ class QtScreen::Watcher : public QObject {
     explicit Watcher(QtScreen& screen) : screen_(screen) { qApp->installEventFilter(this); }
 
     bool eventFilter(QObject* object, QEvent* event) override {
+        if (object->isWindowType())
+            return screen_.InterceptAtWindow(*static_cast<QWindow*>(object), *event);
         return object->isWidgetType() && screen_.Intercept(*static_cast<QWidget*>(object), *event);
     }
 
@@ -62,7 +65,7 @@ void QtScreen::Retire() {
     ClosePopup();
     while (!controls_.empty())
         Destroy(controls_.begin()->first);
-    heldKeys_.clear();
+    held_.Clear();
     timeLimit_.reset();
     answerTime_.reset();
     watcher_.reset();
@@ -177,6 +180,7 @@ void QtScreen::SetEnabled(WidgetId id, bool enabled) {
 }
 
 void QtScreen::SetFocus(WidgetId id) {
+    focus_ = id;
     if (Control* control = Find(id); control != nullptr)
         control->TakeFocus();
 }
@@ -288,10 +292,11 @@ void QtScreen::SetScroll(WidgetId id, int minimum, int maximum, int position) {
 // Native events.
 
 void QtScreen::Wait(int milliseconds) {
+    coreIsBehind_ = input::Waits();
     report_.Open();
     // No event loop of Qt's own ever runs that would do this.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    DeliverHeldKeys();
+    DeliverHeld();
     if (milliseconds > 0)
         timeLimit_->start(milliseconds);
     const auto isOver = [&] {
@@ -313,6 +318,34 @@ void QtScreen::Wake() {
         dispatcher_->wakeUp();
 }
 
+// Whatever a person does waits while the core has something to deal with: it may move the focus,
+// open a dialog or change what the next key or click means.
+bool QtScreen::Holds() const {
+    return report_.IsOpen() && !held_.IsDelivering() &&
+           (coreIsBehind_ || report_.Handed() || !held_.IsEmpty());
+}
+
+bool QtScreen::InterceptAtWindow(QWindow& receiver, QEvent& event) {
+    if (!qt::HeldInput::Concerns(event) || !Holds())
+        return false;
+    // A list that closed when it was asked about the key has dealt with it.
+    if (event.type() == QEvent::KeyPress && static_cast<QKeyEvent&>(event).key() == popupKey_)
+        return false;
+    held_.Add(receiver, event);
+    // Nobody has agreed to close the window yet.
+    if (event.type() == QEvent::Close)
+        event.ignore();
+    return true;
+}
+
+// Hands on what was held until some of it gives the core something to do.
+void QtScreen::DeliverHeld() {
+    while (!held_.IsEmpty() && !coreIsBehind_ && !report_.Handed()) {
+        const QWidget* focus = NativeWidget(focus_);
+        held_.DeliverFirst(focus != nullptr ? focus->window() : nullptr);
+    }
+}
+
 bool QtScreen::Intercept(QWidget& receiver, QEvent& event) {
     switch (event.type()) {
         case QEvent::KeyPress:
@@ -323,7 +356,12 @@ bool QtScreen::Intercept(QWidget& receiver, QEvent& event) {
         case QEvent::FocusIn:
             ReportFocus(receiver, event);
             return false;
+        case QEvent::WindowDeactivate:
+            altAlone_ = false;
+            return false;
         case QEvent::MouseButtonPress:
+            altAlone_ = false;
+            return IsShutOut(receiver);
         case QEvent::MouseButtonRelease:
         case QEvent::MouseButtonDblClick:
         case QEvent::MouseMove:
@@ -350,15 +388,21 @@ bool QtScreen::IsShutOut(const QWidget& receiver) const {
 }
 
 bool QtScreen::InterceptShortcut(QWidget& receiver, QKeyEvent& event) {
+    // A key that waits is asked about again when its turn has come.
+    if (Holds()) {
+        event.accept();
+        return true;
+    }
     if (QApplication::activePopupWidget() != nullptr) {
         popupKey_ = event.key();
         return false;
     }
     if (TakesKeysFirst(receiver))
         popupKey_ = 0;
-    // Dialogs have their keys from the core; Qt's own mnemonics must not take them.
-    const Control* top = ControlOf(receiver.window());
-    if (top == nullptr || (top->Kind() != WidgetKind::kDialog && !IsShutOut(receiver)))
+    // What a key does in the program's windows is told below or said by the core; Qt's own
+    // mnemonics must not take it. An active menu bar has its keys for itself.
+    const QWidget* focus = receiver.window()->focusWidget();
+    if (ControlOf(receiver.window()) == nullptr || dynamic_cast<const QMenuBar*>(focus) != nullptr)
         return false;
     event.accept();
     return true;
@@ -368,20 +412,23 @@ bool QtScreen::InterceptKey(QWidget& receiver, QKeyEvent& event) {
     if (IsShutOut(receiver))
         return true;
     const bool isPress = event.type() == QEvent::KeyPress;
+    const bool altCameAlone = std::exchange(altAlone_, false);
     const bool beganInPopup = isPress && std::exchange(popupKey_, 0) == event.key();
     // An open menu or list and an active menu bar have their keys for themselves.
     if (QApplication::activePopupWidget() != nullptr ||
-        dynamic_cast<const QMenuBar*>(&receiver) != nullptr)
+        dynamic_cast<const QMenuBar*>(receiver.window()->focusWidget()) != nullptr)
         return false;
     if (beganInPopup)
         return true;
     if (!report_.IsOpen() || !TakesKeysFirst(receiver) || ControlOf(&receiver) == nullptr)
         return false;
-    if (!deliveringKey_ && (report_.Handed() || !heldKeys_.empty())) {
-        heldKeys_.emplace_back(event.clone());
-        return true;
+    const bool isAlt = event.key() == Qt::Key_Alt;
+    if (isPress) {
+        altAlone_ = isAlt;
+        return OfferKey(receiver, event);
     }
-    return isPress && OfferKey(receiver, event);
+    auto* top = dynamic_cast<TopLevel*>(ControlOf(receiver.window()));
+    return isAlt && altCameAlone && top != nullptr && top->EnterMenuBar();
 }
 
 // Whether a key comes to the widget from the desktop, and not on its way up from the focus.
@@ -391,34 +438,18 @@ bool QtScreen::TakesKeysFirst(const QWidget& receiver) {
 }
 
 bool QtScreen::OfferKey(QWidget& receiver, const QKeyEvent& event) {
-    if (event.key() == Qt::Key_F10 && event.modifiers() == Qt::NoModifier) {
-        auto* top = dynamic_cast<TopLevel*>(ControlOf(receiver.window()));
-        if (top != nullptr && top->EnterMenuBar())
-            return true;
-    }
     const input::KeyPress key = qt::ToKeyPress(event);
+    auto* top = dynamic_cast<TopLevel*>(ControlOf(receiver.window()));
+    const bool opensMenuBar = event.key() == Qt::Key_F10 && event.modifiers() == Qt::NoModifier;
+    if (top != nullptr && opensMenuBar && top->EnterMenuBar())
+        return true;
+    const bool isAltLetter = key.alt && !key.control && key.character != 0;
+    if (top != nullptr && isAltLetter && top->OpenMenu(key.character))
+        return true;
     if (report_(input::KeyPressed, ControlOf(&receiver)->Id(), key))
         return true;
     // An edit would take the letter as text.
-    return key.alt && key.character != 0 &&
-           ControlOf(receiver.window())->Kind() == WidgetKind::kDialog;
-}
-
-// Delivers the keys that wait until one of them gives the core something to do.
-void QtScreen::DeliverHeldKeys() {
-    while (!heldKeys_.empty() && !report_.Handed()) {
-        const std::unique_ptr<QKeyEvent> key = std::move(heldKeys_.front());
-        heldKeys_.pop_front();
-        QWidget* window = QApplication::activePopupWidget();
-        if (window == nullptr)
-            window = QApplication::activeWindow();
-        if (window == nullptr)
-            continue;
-        deliveringKey_ = true;
-        QWidget* focus = window->focusWidget();
-        QCoreApplication::sendEvent(focus != nullptr ? focus : window, key.get());
-        deliveringKey_ = false;
-    }
+    return isAltLetter && ControlOf(receiver.window())->Kind() == WidgetKind::kDialog;
 }
 
 void QtScreen::ReportFocus(const QWidget& receiver, const QEvent& event) {

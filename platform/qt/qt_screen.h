@@ -6,11 +6,11 @@
 #pragma once
 
 #include <atomic>
-#include <deque>
 #include <memory>
 #include <mutex>
 #include <unordered_map>
 
+#include "platform/qt/held_input.h"
 #include "platform/qt/report.h"
 #include "platform/screen.h"
 
@@ -39,6 +39,8 @@ class QtScreen final : public Screen {
 
     // The native widget behind a number, for pictures and tests; null if there is none.
     QWidget* NativeWidget(WidgetId id) const;
+    // Whether something that a person did has not been handed to the core yet; for tests.
+    bool HoldsInput() const { return !held_.IsEmpty(); }
 
     FontMetrics DialogFont() override;
     Size TextSize(const std::string& text, int wrapWidth) override;
@@ -89,6 +91,7 @@ class QtScreen final : public Screen {
     qt::Control* ControlOf(const QWidget* widget) const;
 
     // Look at native events before Qt does; true keeps the event from its receiver.
+    bool InterceptAtWindow(QWindow& receiver, QEvent& event);
     bool Intercept(QWidget& receiver, QEvent& event);
     bool InterceptShortcut(QWidget& receiver, QKeyEvent& event);
     bool InterceptKey(QWidget& receiver, QKeyEvent& event);
@@ -97,20 +100,24 @@ class QtScreen final : public Screen {
     bool IsShutOut(const QWidget& receiver) const;
     void ReportFocus(const QWidget& receiver, const QEvent& event);
     void ReportActivation();
-    void DeliverHeldKeys();
+    // Whether what a person does now has to wait.
+    bool Holds() const;
+    void DeliverHeld();
 
     qt::Report report_;
     std::unordered_map<WidgetId, std::unique_ptr<qt::Control>> controls_;
     std::unordered_map<const QWidget*, qt::Control*> byWidget_;
-    // Keys that came in one go with an input that the core has yet to answer: it may move the
-    // focus.
-    std::deque<std::unique_ptr<QKeyEvent>> heldKeys_;
-    bool deliveringKey_ = false;
+    qt::HeldInput held_;
+    // Something that a person did before this wait still has its turn to come in the core.
+    bool coreIsBehind_ = false;
+    // Alt went down and nothing else has happened since.
+    bool altAlone_ = false;
     // The key that an open menu or list was asked about last. It may close at that already; the
     // press of the key follows.
     int popupKey_ = 0;
     // The window that the core takes for the active one, as far as it was asked for or reported.
     WidgetId active_ = 0;
+    WidgetId focus_ = 0;  // what the core has given the focus last
     // A disabled window that was reported as active.
     WidgetId disabledActive_ = 0;
     // Runs while the desktop may still answer a request for another active window.

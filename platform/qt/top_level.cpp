@@ -263,4 +263,8 @@ bool TopLevel::EnterMenuBar() {
     return Native().Menu() != nullptr && Native().Menu()->Enter();
 }
 
+bool TopLevel::OpenMenu(char32_t letter) {
+    return Native().Menu() != nullptr && Native().Menu()->Open(letter);
+}
+
 }  // namespace vxd::qt

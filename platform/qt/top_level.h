@@ -33,6 +33,8 @@ class TopLevel : public Control {
     int MenuBarHeight(int width) const;
     // Gives the keyboard to the menu bar; false without one.
     bool EnterMenuBar();
+    // Opens the menu that the letter stands for; false where there is none.
+    bool OpenMenu(char32_t letter);
 
   private:
     Frame& Native() const;

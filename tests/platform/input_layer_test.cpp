@@ -169,6 +169,96 @@ TEST(Input, WaitsForACallerThatTakesIt) {
     });
 }
 
+std::string TextOf(HWND window) {
+    char text[64];
+    GetWindowTextA(window, text, sizeof text);
+    return text;
+}
+
+TEST(Input, AnEditGoesIntoTheTextThatTheProgramHasSetMeanwhile) {
+    struct Case {
+        const char* before;
+        const char* edited;
+        const char* set;  // by the program, before the edit has its turn
+        const char* after;
+    };
+    RunOnUserInterface([] {
+        for (const char* className : {"Edit", "ComboBox"}) {
+            const HWND edit =
+                MakeControl(MakeWindow(), className, *className == 'E' ? 0 : CBS_DROPDOWN);
+            for (const Case& each :
+                 {Case{"0x12", "0x123", "0x98", "0x983"}, Case{"0x12", "0x12", "0x98", "0x98"},
+                  Case{"0x12", "0x132", "", "3"}, Case{"0x12", "0x2", "0xABC", "0xBC"},
+                  Case{"a\xC3\xA4", "a\xC3\xA9", "xyz", "x\xC3\xA9"}}) {
+                SetWindowTextA(edit, each.before);
+                Drain();
+                vxd::input::Edited(vxd::HandleNumber(edit), each.edited, 0, 0);
+                SetWindowTextA(edit, each.set);
+                Drain();
+                EXPECT_EQ(TextOf(edit), each.after) << className << ": " << each.edited;
+            }
+        }
+    });
+}
+
+TEST(Input, AChosenRowStaysThatRowUntilItsTurn) {
+    struct Case {
+        UINT message;
+        WPARAM row;
+        int chosen;  // -1: nothing, for the row is gone
+    };
+    RunOnUserInterface([] {
+        for (const Case& each :
+             {Case{LB_INSERTSTRING, 0, 2}, Case{LB_INSERTSTRING, 2, 1}, Case{LB_DELETESTRING, 0, 0},
+              Case{LB_DELETESTRING, 1, -1}, Case{LB_RESETCONTENT, 0, -1}}) {
+            const HWND list = MakeControl(MakeWindow(), "ListBox", LBS_NOTIFY);
+            const auto text = reinterpret_cast<LPARAM>("row");
+            for (int row = 0; row < 3; ++row)
+                SendMessageA(list, LB_ADDSTRING, 0, text);
+            Drain();
+            vxd::input::RowChosen(vxd::HandleNumber(list), 1);
+            SendMessageA(list, each.message, each.row, text);
+            const std::string told =
+                each.chosen < 0 ? "" : "7:" + std::to_string(LBN_SELCHANGE) + " ";
+            EXPECT_EQ(Drain(), told) << each.message << " at " << each.row;
+            EXPECT_EQ(SendMessageA(list, LB_GETCURSEL, 0, 0), each.chosen);
+        }
+    });
+}
+
+// A dialog may have come between what a person did and its turn.
+TEST(Input, CountsForNothingInAWindowThatIsDisabledByThen) {
+    RunOnUserInterface([] {
+        const HWND window = MakeWindow();
+        const HWND button = MakeControl(window, "Button", BS_PUSHBUTTON);
+        const HWND other = MakeWindow();
+        SetFocus(window);
+        Drain();
+        const vxd::WidgetId id = vxd::HandleNumber(window);
+        vxd::input::MenuChosen(id, 9);
+        vxd::input::Clicked(vxd::HandleNumber(button));
+        vxd::input::Mouse(id, WM_RBUTTONUP, {1, 1});
+        vxd::input::CloseRequested(id);
+        EXPECT_TRUE(vxd::input::KeyPressed(id, Press(VK_APPS)));
+        EnableWindow(window, FALSE);
+        SetFocus(other);
+        EXPECT_TRUE(vxd::input::Waits());
+        EXPECT_EQ(Drain(), "menu by key ") << "only the key has somewhere to go";
+        EXPECT_FALSE(vxd::input::Waits());
+    });
+}
+
+TEST(Input, AReadOnlyEditKeepsItsText) {
+    RunOnUserInterface([] {
+        const HWND edit = MakeControl(MakeWindow(), "Edit", ES_READONLY);
+        SetWindowTextA(edit, "0x0A");
+        Drain();
+        vxd::input::Edited(vxd::HandleNumber(edit), "0x0B", 4, 4);
+        EXPECT_EQ(Drain(), "");
+        EXPECT_EQ(TextOf(edit), "0x0A");
+    });
+}
+
 TEST(Placement, ADialogStaysInsideTheWorkAreaWhereverItsOwnerIs) {
     RunOnUserInterface([] {
         const vxd::Rect area = vxd::CurrentScreen().WorkArea();

@@ -13,9 +13,17 @@
 
 namespace native {
 
+namespace {
+
+vxd::QtScreen& Screen() {
+    return dynamic_cast<vxd::QtScreen&>(vxd::CurrentScreen());
+}
+
+}  // namespace
+
 QWidget* WidgetOf(HWND window) {
-    const auto id = static_cast<vxd::WidgetId>(reinterpret_cast<std::uintptr_t>(window));
-    return dynamic_cast<vxd::QtScreen&>(vxd::CurrentScreen()).NativeWidget(id);
+    return Screen().NativeWidget(
+        static_cast<vxd::WidgetId>(reinterpret_cast<std::uintptr_t>(window)));
 }
 
 void DoLast(const std::function<void()>& events) {
@@ -36,7 +44,12 @@ void DoLast(const std::function<void()>& events) {
 
 void Do(const std::function<void()>& events) {
     DoLast(events);
-    // The screen waits again when the program has nothing left to do.
+    // The screen waits again when the program has nothing left to do; it hands over what came in
+    // one go bit by bit.
+    for (bool holds = true; holds;) {
+        kit::RunStep([] {});
+        DoLast([&holds] { holds = Screen().HoldsInput(); });
+    }
     kit::RunStep([] {});
     DoLast([] {});
 }

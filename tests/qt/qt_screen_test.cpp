@@ -21,6 +21,7 @@
 #include <functional>
 #include <future>
 #include <memory>
+#include <random>
 #include <string>
 #include <thread>
 #include <utility>
@@ -59,6 +60,32 @@ void AddRows(HWND dialog, int id, UINT message) {
         SendDlgItemMessageA(dialog, id, message, 0, reinterpret_cast<LPARAM>(row));
 }
 
+// Has the program change one of the form's controls, which one and how by a number.
+constexpr UINT kChange = WM_APP + 1;
+
+void ChangeForm(HWND dialog, unsigned number) {
+    const std::string text = std::string(number % 7, 'p') + std::to_string(number);
+    const auto row = static_cast<WPARAM>(number % 3);
+    switch (number % 5) {
+        case 0:
+            SetDlgItemTextA(dialog, IDC_NAME, text.c_str());
+            break;
+        case 1:
+            SetDlgItemTextA(dialog, IDC_WORD, text.c_str());
+            break;
+        case 2:
+            SendDlgItemMessageA(dialog, IDC_LIST, LB_INSERTSTRING, row,
+                                reinterpret_cast<LPARAM>(text.c_str()));
+            break;
+        case 3:
+            SendDlgItemMessageA(dialog, IDC_LIST, LB_DELETESTRING, row, 0);
+            break;
+        default:
+            SendDlgItemMessageA(dialog, IDC_LIST, LB_SETCURSEL, row, 0);
+            break;
+    }
+}
+
 INT_PTR CALLBACK FormProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
     switch (message) {
         case WM_INITDIALOG:
@@ -72,6 +99,9 @@ INT_PTR CALLBACK FormProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM)
             theNotices.emplace_back(LOWORD(wParam), HIWORD(wParam));
             if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)
                 EndDialog(dialog, LOWORD(wParam));
+            return TRUE;
+        case kChange:
+            ChangeForm(dialog, static_cast<unsigned>(wParam));
             return TRUE;
         default:
             return FALSE;
@@ -389,6 +419,69 @@ TEST_F(FormTest, TheCloseBoxCancels) {
     const HWND form = form_.Handle();
     native::DoLast([form] { native::WidgetOf(form)->close(); });
     EXPECT_EQ(result_.get(), IDCANCEL);
+}
+
+TEST_F(FormTest, TypedKeysAndAClickBehindThemArriveInTheirOrder) {
+    Focus(IDC_NAME);
+    TakeCodes(0);
+    native::Do([this] {
+        for (const char letter : {'1', '2', '3'})
+            native::TypeLetter(letter);
+        QWidget& apply = *native::WidgetOf(Control(IDC_APPLY));
+        native::ClickWidget(apply, apply.rect().center());
+        native::TypeLetter('x');
+    });
+    std::string order;
+    for (const auto& [control, code] : OnUserInterface([] { return theNotices; })) {
+        if (control == IDC_NAME && code == EN_CHANGE)
+            order += "typed ";
+        if (control == IDC_APPLY && code == BN_CLICKED)
+            order += "clicked";
+    }
+    EXPECT_EQ(order, "typed typed typed clicked");
+    EXPECT_EQ(form_.Text(IDC_NAME), "123");
+}
+
+// Whatever a person and the program do at the same time, they see the same afterwards.
+TEST_F(FormTest, ShowsWhatTheProgramHasAfterBothChangedIt) {
+    std::mt19937 random(20260101);
+    const auto below = [&random](unsigned limit) {
+        return static_cast<unsigned>(random() % limit);
+    };
+    for (int round = 0; round < 150; ++round) {
+        Focus(below(2) == 0 ? IDC_NAME : IDC_WORD);
+        native::Do([&] {
+            for (unsigned event = 0; event < 6; ++event) {
+                QWidget& list = *native::WidgetOf(Control(IDC_LIST));
+                switch (below(5)) {
+                    case 0:
+                    case 1:
+                        native::TypeLetter(static_cast<char>('a' + below(26)));
+                        break;
+                    case 2:
+                        native::PressKey(Qt::Key_Backspace);
+                        break;
+                    case 3:
+                        PostMessageA(form_.Handle(), kChange, below(1000), 0);
+                        break;
+                    default:
+                        native::ClickWidget(list, QPoint(10, 5 + static_cast<int>(below(60))));
+                        break;
+                }
+            }
+        });
+        ASSERT_EQ(Shown<QLineEdit>(IDC_NAME, &QLineEdit::text).toStdString(), form_.Text(IDC_NAME))
+            << "round " << round;
+        ASSERT_EQ(Shown<QComboBox>(IDC_WORD, &QComboBox::currentText).toStdString(),
+                  form_.Text(IDC_WORD))
+            << "round " << round;
+        ASSERT_EQ(Shown<QListWidget>(IDC_LIST, &QListWidget::count), Send(IDC_LIST, LB_GETCOUNT));
+        const auto selected = [](const QListWidget& list) {
+            return list.selectedItems().isEmpty() ? -1 : list.currentRow();
+        };
+        ASSERT_EQ(Shown<QListWidget>(IDC_LIST, selected), Send(IDC_LIST, LB_GETCURSEL))
+            << "round " << round;
+    }
 }
 
 // The program of the window tests: a window with a menu bar, filled with one colour.
@@ -774,6 +867,31 @@ TEST_F(WindowTest, StayingOnTopKeepsPlaceAndKeyboard) {
         native::Press(Qt::Key_B, Qt::AltModifier);
         EXPECT_EQ(TakeCommands(), std::vector<UINT>{IDM_BARE});
     }
+}
+
+TEST_F(WindowTest, WhatWasTypedBeforeADialogCameGoesToTheDialog) {
+    native::Do([] {
+        for (int times = 0; times < 2; ++times) {
+            native::PressKey(Qt::Key_F, Qt::AltModifier);
+            native::TypeLetter('o');
+        }
+    });
+    kit::Dialog form = kit::WaitForDialog("Form");
+    native::Do([] {});
+    const auto forms = OnUserInterface([] {
+        int count = 0;
+        const auto visit = [](HWND window, LPARAM counted) -> BOOL {
+            char title[8];
+            GetWindowTextA(window, title, sizeof title);
+            *reinterpret_cast<int*>(counted) += std::string(title) == "Form" ? 1 : 0;
+            return TRUE;
+        };
+        EnumThreadWindows(GetCurrentThreadId(), visit, reinterpret_cast<LPARAM>(&count));
+        return count;
+    });
+    EXPECT_EQ(forms, 1);
+    EXPECT_EQ(form.Text(IDC_NAME), "o");
+    native::Press(Qt::Key_Escape);
 }
 
 TEST_F(WindowTest, AnOwnerOfADialogTakesNoInputAndLooksAsBefore) {

@@ -2,6 +2,7 @@
 #include "platform/core/controls/control.h"
 #include "platform/core/controls/edit_text.h"
 #include "platform/core/controls/row_list.h"
+#include "platform/core/input.h"
 #include "platform/core/queue.h"
 
 namespace vxd {
@@ -106,6 +107,9 @@ class ComboBox : public BasicControl {
         }
     }
 
+    std::string EditedText() const override { return edit_.Text(); }
+    void ShowEditedText() override { ShowEdit(); }
+
     void OnEdited(const std::string& text, int start, int end) override {
         if (!HasEdit() || text == edit_.Text())
             return;
@@ -143,7 +147,7 @@ class ComboBox : public BasicControl {
         if (!HasEdit())
             return;
         edit_.Set(text);
-        CurrentScreen().SetText(window_.Widget(), edit_.Text());
+        ShowText();
     }
 
     // A row's text stands ready to be typed over; no row leaves the edit empty.
@@ -230,8 +234,13 @@ class ComboBox : public BasicControl {
         TellEdited();
     }
 
-    void ShowEdit() {
+    void ShowText() {
         CurrentScreen().SetText(window_.Widget(), edit_.Text());
+        FollowShownText(window_.Widget());
+    }
+
+    void ShowEdit() {
+        ShowText();
         CurrentScreen().SetTextSelection(window_.Widget(), edit_.Start(), edit_.End());
     }
 

@@ -2,6 +2,7 @@
 #include "platform/core/controls/edit_text.h"
 
 #include "platform/core/controls/control.h"
+#include "platform/core/input.h"
 #include "platform/core/queue.h"
 
 namespace vxd {
@@ -65,9 +66,17 @@ class Edit : public BasicControl {
         }
     }
 
+    std::string EditedText() const override { return text_.Text(); }
+    void ShowEditedText() override { Show(); }
+
     void OnEdited(const std::string& text, int start, int end) override {
         if (text == text_.Text())
             return;
+        // Assistive tools write into any field.
+        if (Has(ES_READONLY)) {
+            Show();
+            return;
+        }
         const bool longer = text.size() > text_.Text().size();
         if (longer && Has(ES_NUMBER) && text.find_first_not_of("0123456789") != text.npos) {
             Show();
@@ -101,6 +110,7 @@ class Edit : public BasicControl {
 
     void Show() {
         CurrentScreen().SetText(window_.Widget(), text_.Text());
+        FollowShownText(window_.Widget());
         ShowSelection();
     }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/core/input.h"
 #include "platform/core/text.h"
 
 namespace vxd {
@@ -37,6 +38,7 @@ LRESULT RowList::Insert(LRESULT row, std::string_view text) {
         ++selected_;
     CurrentScreen().InsertRow(window_.Widget(), static_cast<int>(row),
                               rows_[static_cast<std::size_t>(row)].text);
+    FollowInsertedRow(window_.Widget(), static_cast<int>(row));
     return row;
 }
 
@@ -49,6 +51,7 @@ LRESULT RowList::Delete(LRESULT row) {
     else if (selected_ > row)
         --selected_;
     CurrentScreen().RemoveRow(window_.Widget(), static_cast<int>(row));
+    FollowRemovedRow(window_.Widget(), static_cast<int>(row));
     CurrentScreen().SelectRow(window_.Widget(), selected_);
     return Count();
 }
@@ -57,6 +60,7 @@ void RowList::Clear() {
     rows_.clear();
     selected_ = -1;
     CurrentScreen().ClearRows(window_.Widget());
+    FollowClearedRows(window_.Widget());
 }
 
 LRESULT RowList::Select(LRESULT row) {
