@@ -15,6 +15,7 @@
 #include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolButton>
 #include <QWindow>
 #include <algorithm>
 #include <chrono>
@@ -867,6 +868,23 @@ TEST_F(WindowTest, StayingOnTopKeepsPlaceAndKeyboard) {
         native::Press(Qt::Key_B, Qt::AltModifier);
         EXPECT_EQ(TakeCommands(), std::vector<UINT>{IDM_BARE});
     }
+}
+
+// Qt's own list of the entries that have no room would run a loop of its own while it is open.
+TEST_F(WindowTest, AMenuBarTooNarrowForAnEntryStillShowsItsEntriesAlone) {
+    OnUserInterface([this] { SetWindowPos(window_, nullptr, 0, 0, 30, 900, SWP_NOMOVE); });
+    native::Do([] {});
+    OnUserInterface([this] {
+        ASSERT_GT(Rows().size(), 20);
+        for (const QMenuBar* row : Rows()) {
+            for (const QToolButton* list : row->findChildren<QToolButton*>())
+                EXPECT_FALSE(list->isVisible());
+        }
+    });
+    native::Press(Qt::Key_F, Qt::AltModifier);
+    EXPECT_EQ(OnUserInterface([] { return OpenMenu().size(); }), 4);
+    native::Press(Qt::Key_Escape);
+    native::Press(Qt::Key_Escape);
 }
 
 TEST_F(WindowTest, WhatWasTypedBeforeADialogCameGoesToTheDialog) {
