@@ -8,7 +8,7 @@
 namespace {
 
 struct Operation {
-    std::string_view library;
+    std::string_view libraryName;
     const char* name;
 };
 
@@ -25,7 +25,7 @@ std::string FaultOf(const std::string& library) {
                "that LD_LIBRARY_PATH names.";
     std::vector<std::string> missing;
     for (const Operation& operation : kOperations) {
-        if (operation.library == library && GetProcAddress(module, operation.name) == nullptr)
+        if (operation.libraryName == library && GetProcAddress(module, operation.name) == nullptr)
             missing.emplace_back(operation.name);
     }
     if (missing.empty())
@@ -44,9 +44,9 @@ std::string FaultsOfDriverLibraries() {
     std::string faults;
     std::string_view last;
     for (const Operation& operation : kOperations) {
-        if (operation.library == last)
+        if (operation.libraryName == last)
             continue;
-        last = operation.library;
+        last = operation.libraryName;
         const std::string fault = FaultOf(std::string(last));
         if (!fault.empty())
             faults += (faults.empty() ? "" : "\n\n") + fault;

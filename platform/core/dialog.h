@@ -28,8 +28,8 @@ void FocusByKey(Window& control);
 // The text of the modal box in front, for telling what a program waits for; empty without one.
 std::string DescribeModalBox();
 
-// Whether the key is one that a dialog box would take from its focused control: Tab, Escape, Enter,
-// arrows inside a group, a marked letter.
+// Whether the key is one that a dialog box may take from its focused control: Tab, Escape, Enter,
+// arrows inside a group, a letter that the control does not want. Runs no program code.
 bool IsDialogKey(Window& focused, UINT message, WPARAM key, char character);
 
 // The classes of all built-in controls.

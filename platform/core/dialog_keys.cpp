@@ -226,9 +226,11 @@ bool IsDialogKey(Window& focused, UINT message, WPARAM key, char character) {
     asked.hwnd = focused.handle;
     asked.message = message;
     asked.wParam = key;
-    const LRESULT wants = control != nullptr ? DialogCode(*control, &asked) : 0;
     if (message == WM_SYSKEYDOWN)
-        return character != 0 && !ControlsMarkedBy(dialog, control, character).empty();
+        return character != 0;
+    // Windows of the program's own classes get all keys and need not be asked.
+    const bool builtIn = control != nullptr && control->control != nullptr;
+    const LRESULT wants = builtIn ? DialogCode(*control, &asked) : 0;
     if ((wants & DLGC_WANTMESSAGE) != 0)
         return false;
     switch (key) {
@@ -243,8 +245,7 @@ bool IsDialogKey(Window& focused, UINT message, WPARAM key, char character) {
         case VK_DOWN:
             return control != nullptr && (wants & DLGC_WANTARROWS) == 0;
         default:
-            return character != 0 && (wants & DLGC_WANTCHARS) == 0 &&
-                   !ControlsMarkedBy(dialog, control, character).empty();
+            return character > ' ' && (wants & DLGC_WANTCHARS) == 0;
     }
 }
 

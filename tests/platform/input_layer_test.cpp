@@ -27,6 +27,9 @@ LRESULT CALLBACK TellingProcedure(HWND window, UINT message, WPARAM wParam, LPAR
         case WM_CLOSE:
             Told() += "close ";
             return 0;
+        case WM_GETDLGCODE:
+            Told() += "asked ";
+            return 0;
         case WM_COMMAND:
             Told() += std::to_string(LOWORD(wParam)) + ":" + std::to_string(HIWORD(wParam)) + " ";
             return 0;
@@ -256,6 +259,32 @@ TEST(Input, AReadOnlyEditKeepsItsText) {
         vxd::input::Edited(vxd::HandleNumber(edit), "0x0B", 4, 4);
         EXPECT_EQ(Drain(), "");
         EXPECT_EQ(TextOf(edit), "0x0A");
+    });
+}
+
+// A screen reports keys from within its native events, where no program code may run.
+TEST(Input, AKeyAsksTheProgramNothingBeforeItsTurn) {
+    RunOnUserInterface([] {
+        MakeWindow();  // its class
+        const auto procedure = [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
+            if (message != WM_INITDIALOG)
+                return FALSE;
+            const HWND own = MakeControl(dialog, "Telling", WS_TABSTOP);
+            SetWindowTextA(own, "&Own");
+            Told().clear();
+            for (const HWND focus : {GetDlgItem(dialog, IDOK), own}) {
+                vxd::input::KeyPress letter = Press('O');
+                letter.character = 'o';
+                EXPECT_TRUE(vxd::input::KeyPressed(vxd::HandleNumber(focus), letter));
+                EXPECT_TRUE(vxd::input::KeyPressed(vxd::HandleNumber(focus), Press(VK_TAB)));
+            }
+            EXPECT_EQ(Told(), "");
+            EndDialog(dialog, 1);
+            return TRUE;
+        };
+        EXPECT_EQ(DialogBoxParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_ABOUT), nullptr,
+                                  +procedure, 0),
+                  1);
     });
 }
 
