@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <string>
 
+#include "tests/kit/speed.h"
 #include "tests/platform/stored_file.h"
 #include "tests/platform/temporary_folder.h"
 
@@ -48,15 +49,18 @@ class PowerCutTest : public testing::Test {
 };
 
 TEST_F(PowerCutTest, HundredsOfKeysInARowDoNotWaitForTheDiskOneByOne) {
+    constexpr milliseconds kLongest = milliseconds(200) * kit::kSlowdown;
+    // What else the machine does can only make a run longer.
+    constexpr int kMostRuns = 20;
     auto best = steady_clock::duration::max();
-    for (int run = 0; run < 5; ++run) {
+    for (int run = 0; run < kMostRuns && best >= kLongest; ++run) {
         fs::remove_all(folder_ / "vxdtest");
         fs::create_directories(folder_ / "vxdtest");
         const auto start = steady_clock::now();
         StoreMany(769, "255");
         best = std::min(best, steady_clock::now() - start);
     }
-    EXPECT_LT(best, milliseconds(200));
+    EXPECT_LT(best, kLongest);
 }
 
 TEST_F(PowerCutTest, ATornFileIsReadAsTheLastThatWasSynced) {

@@ -1,0 +1,13 @@
+// How fast the program runs in this build.
+#pragma once
+
+namespace kit {
+
+// Limits of time hold for the program as its users have it; a sanitizer takes so many times longer.
+#ifdef VXD_SANITIZED
+constexpr int kSlowdown = 20;
+#else
+constexpr int kSlowdown = 1;
+#endif
+
+}  // namespace kit
