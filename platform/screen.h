@@ -169,7 +169,8 @@ Screen& CurrentScreen();
 // about may have changed. It counts for nothing if its window is gone or takes no input any more.
 namespace input {
 
-// Whether something that was reported still waits. A screen reports nothing more until it does not.
+// Whether something that was reported still waits. Until it does not, a screen reports no further
+// key and nothing that comes of the mouse or a close box.
 bool Waits();
 
 void Clicked(WidgetId button);

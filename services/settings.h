@@ -1,6 +1,6 @@
 // The settings that the utility keeps between runs: every key in one table, and the profile
-// functions behind it. Nothing is held in memory: a value is read where it is needed and is on disk
-// when the write returns. A failed write is not noticed. User-interface thread.
+// functions behind it. Nothing is held in memory: a value is read where it is needed and is in its
+// file when the write returns. A failed write is not noticed. User-interface thread.
 #pragma once
 
 #include <cstddef>
