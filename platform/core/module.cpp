@@ -1,11 +1,14 @@
 // Modules: Win32's library names on the dynamic loader.
 #include <dlfcn.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <atomic>
 #include <cstdint>
+#include <cstdlib>
 #include <map>
 #include <mutex>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -93,8 +96,20 @@ std::string LayerFolder() {
     return std::string(path.substr(0, path.rfind('/') + 1));
 }
 
+// Whether a file lies where LD_LIBRARY_PATH puts it in front of all others.
+bool IsPutInFront(const std::string& file) {
+    const char* given = std::getenv("LD_LIBRARY_PATH");
+    std::istringstream folders(given != nullptr ? given : "");
+    for (std::string folder; std::getline(folders, folder, ':');) {
+        if (!folder.empty() && access((folder + '/' + file).c_str(), F_OK) == 0)
+            return true;
+    }
+    return false;
+}
+
 // "NAME.DLL" and "NAME" are libNAME.so, or libname.so where there is no other: in the folder that
-// the name says, or where the loader looks, or beside this library. Null when there is none.
+// the name says, or where the loader looks, or beside this library. Null when there is none, and
+// when one that was put in front can't be loaded: another must not take its place unseen.
 void* OpenLibrary(std::string_view name, int mode) {
     const std::string folder(name.substr(0, name.rfind('/') + 1));
     std::string title(name.substr(folder.size()));
@@ -109,10 +124,12 @@ void* OpenLibrary(std::string_view name, int mode) {
     if (folder.empty())
         folders.push_back(LayerFolder());
     for (const std::string& spelling : {title, lower}) {
-        for (std::string path : folders) {
-            path.append("lib").append(spelling).append(".so");
-            if (void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | mode))
+        const std::string file = "lib" + spelling + ".so";
+        for (const std::string& path : folders) {
+            if (void* library = dlopen((path + file).c_str(), RTLD_NOW | RTLD_LOCAL | mode))
                 return library;
+            if (path.empty() && IsPutInFront(file))
+                return nullptr;
         }
     }
     return nullptr;

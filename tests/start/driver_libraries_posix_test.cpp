@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "tests/platform/temporary_folder.h"
@@ -42,6 +43,15 @@ TEST(DriverLibraries, ThatLackAnOperationAreNamedWithItAtTheStart) {
     EXPECT_TRUE(Contains(text, "The driver library PAPI lacks the operation vdapi_JADE_Reset"))
         << text;
     EXPECT_FALSE(Contains(text, "KORA_DLL32")) << text;
+}
+
+// The simulated one must not take a board's place unseen.
+TEST(DriverLibraries, ThatAreInFrontAndCannotBeLoadedAreNamedAtTheStart) {
+    const TemporaryFolder folder;
+    std::ofstream(folder / "libPAPI.so") << "no library";
+    const std::string text = Start(START_PROGRAM, folder.Path().string());
+    EXPECT_TRUE(Contains(text, "(failed)")) << text;
+    EXPECT_TRUE(Contains(text, "The driver library PAPI is missing or cannot be loaded")) << text;
 }
 
 TEST(DriverLibraries, ThatAreMissingAreNamedAtTheStart) {
