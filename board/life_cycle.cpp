@@ -93,6 +93,7 @@ constexpr std::array<ServiceEntry, kServiceCount> kServices{{
      [](State& state) { state.services.displayType = 0; }},
     {Service::Mbe, Module::Mbe, "message channel", true},
     {Service::AnnexD, Module::AnnexD, "still images", false},
+    {Service::Vpp, Module::Vpp, "post-processing", true},
 }};
 
 ResultCode NeedUp(const State& state, Service service) {

@@ -74,6 +74,7 @@ enum class Service {
     Bt85x,
     Mbe,  // active while it has an outgoing stream
     AnnexD,
+    Vpp,
 };
 
 struct ServiceEntry {
@@ -84,7 +85,7 @@ struct ServiceEntry {
     void (*reset)(State& state) = nullptr;  // what else Reset makes as at power-on
 };
 
-inline constexpr size_t kServiceCount = static_cast<size_t>(Service::AnnexD) + 1;
+inline constexpr size_t kServiceCount = static_cast<size_t>(Service::Vpp) + 1;
 // In the order of the services.
 extern const std::array<ServiceEntry, kServiceCount> kServices;
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "board/life_cycle.h"
 #include "board/papi_operation.h"
 
 using namespace board;
@@ -19,19 +20,19 @@ uint32_t WINAPI vdapi_VIDINLAY_SetFrameDispMode(uint32_t mode) {
 }
 
 uint32_t WINAPI vdapi_VPP_Initialize() {
-    return OnBoard({"vdapi_VPP_Initialize"}, NotYetSimulated);
+    return OnBoard({"vdapi_VPP_Initialize"}, TakeStep<Service::Vpp, kInitialize>);
 }
 
 uint32_t WINAPI vdapi_VPP_Terminate() {
-    return OnBoard({"vdapi_VPP_Terminate"}, NotYetSimulated);
+    return OnBoard({"vdapi_VPP_Terminate"}, TakeStep<Service::Vpp, kTerminate>);
 }
 
 uint32_t WINAPI vdapi_VPP_Activate() {
-    return OnBoard({"vdapi_VPP_Activate"}, NotYetSimulated);
+    return OnBoard({"vdapi_VPP_Activate"}, TakeStep<Service::Vpp, kActivate>);
 }
 
 uint32_t WINAPI vdapi_VPP_Deactivate() {
-    return OnBoard({"vdapi_VPP_Deactivate"}, NotYetSimulated);
+    return OnBoard({"vdapi_VPP_Deactivate"}, TakeStep<Service::Vpp, kDeactivate>);
 }
 
 uint32_t WINAPI vdapi_VPP_SetMode(uint32_t modeWord, const uint32_t* parameters) {

@@ -49,8 +49,8 @@ uint32_t WINAPI vdapi_SendCommand(uint32_t command, uint32_t parameter1, uint32_
 uint32_t WINAPI vdapi_GetModuleDebugLevel(uint32_t module, uint16_t* level);
 uint32_t WINAPI vdapi_SetModuleDebugLevel(uint32_t module, uint32_t level);
 
-// Media streams: 2 audio from the board, 3 audio to the board, 4 video. The last two arguments of
-// the opening are 0.
+// Media streams. The last two arguments of the opening are 0.
+enum StreamType { STREAM_AUDIO_FROM_BOARD = 2, STREAM_AUDIO_TO_BOARD = 3, STREAM_VIDEO = 4 };
 uint32_t WINAPI vdapi_Stream_Open(uint32_t stream, uint32_t reserved1, uint32_t reserved2);
 uint32_t WINAPI vdapi_Stream_Close(uint32_t stream);
 

@@ -79,6 +79,12 @@ std::vector<Subject> Subjects() {
          Command(TALVERO_DBG_BT85X_OP_RESET)},
         {"EEPROM", vdapi_EPROM_Initialize, vdapi_EPROM_Terminate},
         {"streams", Command(TALVERO_DBG_STREAM_TR_INIT), Command(TALVERO_DBG_STREAM_TR_TERM)},
+        {"post-processing",
+         vdapi_VPP_Initialize,
+         vdapi_VPP_Terminate,
+         {},
+         vdapi_VPP_Activate,
+         vdapi_VPP_Deactivate},
     };
 }
 
