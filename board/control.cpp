@@ -111,10 +111,15 @@ void StickBits(const std::string& name, uint32_t bits) {
     Locked([&](Simulation& simulation) { simulation.stuckBits[name] = bits; });
 }
 
+void SlowDown(const std::string& name, std::chrono::milliseconds delay) {
+    Locked([&](Simulation& simulation) { simulation.delays[name] = delay; });
+}
+
 void SucceedAgain() {
     Locked([](Simulation& simulation) {
         simulation.faults.clear();
         simulation.stuckBits.clear();
+        simulation.delays.clear();
     });
 }
 

@@ -74,7 +74,11 @@ void FailOnce(const std::string& name, ResultCode code);
 // beyond a register's width too, as far as the outputs are wide. It replaces what "board.ini" says.
 void StickBits(const std::string& name, uint32_t bits);
 
-// Takes back everything asked for with FailAlways, FailOnce and StickBits.
+// Makes such an operation or command begin that much later. Meanwhile the board goes on, and what
+// is asked for from other threads is done. It replaces what "board.ini" says.
+void SlowDown(const std::string& name, std::chrono::milliseconds delay);
+
+// Takes back everything asked for with FailAlways, FailOnce, StickBits and SlowDown.
 void SucceedAgain();
 
 // The calls since the last ForgetCalls, oldest first; only the last 10,000 are kept.

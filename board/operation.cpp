@@ -1,5 +1,8 @@
 #include "board/operation.h"
 
+#include <chrono>
+#include <thread>
+
 #include "board/simulation.h"
 
 namespace board {
@@ -28,6 +31,26 @@ uint32_t FindStuckBits(Simulation& simulation, const std::string& name) {
                                                : found->second;
 }
 
+// How long an operation or a command of that name is to wait before it begins.
+std::chrono::milliseconds FindDelay(Simulation& simulation, const std::string& name) {
+    const auto found = simulation.delays.find(name);
+    return found == simulation.delays.end() ? simulation.disturbances.Find(name).delay
+                                            : found->second;
+}
+
+// Lets the time pass that the call is to take. The board is not locked meanwhile: it goes on, and
+// whoever has made the call slow can end that.
+void Wait(Simulation& simulation, const Call& call, std::unique_lock<std::mutex>& lock) {
+    const std::chrono::milliseconds delay =
+        FindDelay(simulation, call.operation) + FindDelay(simulation, call.command);
+    if (delay.count() > 0) {
+        lock.unlock();
+        std::this_thread::sleep_for(delay);
+        lock.lock();
+        simulation.disturbances.Refresh();
+    }
+}
+
 ResultCode Judge(Simulation& simulation, const Call& call, unsigned needs) {
     for (const std::string* name : {&call.operation, &call.command}) {
         const ResultCode fault = name->empty() ? VXD_SUCCESS : TakeFault(simulation, *name);
@@ -54,6 +77,7 @@ Operation::Operation(Call call, unsigned needs)
     : lock_(TheSimulation().lock), call_(std::move(call)) {
     Simulation& simulation = TheSimulation();
     simulation.disturbances.Refresh();
+    Wait(simulation, call_, lock_);
     result = Judge(simulation, call_, needs);
     simulation.state.resultIsBit = false;
     simulation.state.stuckBits =

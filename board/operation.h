@@ -2,7 +2,8 @@
 //
 // Each exported function is one Perform: it says what it was called with, what must be there for
 // it, and what it then does to the board. The frame does the rest, in this order:
-//   1. takes the board's lock, which it keeps until the operation is done;
+//   1. lets the time pass by which a test or the settings file delays it, and takes the board's
+//      lock, which it keeps until the operation is done;
 //   2. answers the code that a test or the settings file wants for the operation or its command;
 //   3. answers VXD_CONFIGURATION_NOT_SET where the operation's library is not open, then
 //      VXD_HARDWARE_FAILURE where it needs a board and none is there;

@@ -57,6 +57,7 @@ const Disturbance& Disturbances::Find(const std::string& name) {
         disturbance.failure =
             static_cast<ResultCode>(ReadNumber("Fail", name.c_str(), VXD_SUCCESS));
         disturbance.stuckBits = ReadNumber("StuckBits", name.c_str(), 0);
+        disturbance.delay = std::chrono::milliseconds(ReadNumber("Delay", name.c_str(), 0));
     }
     return disturbance;
 }

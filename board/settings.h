@@ -21,13 +21,17 @@
 // are 1 in what the operation or command gives, as far as the outputs that it fills are wide:
 // "vdapi_JADE_Read = 0xFFFFFF00" for 24 bits above a register of 8.
 //
+// [Delay] says what is slow. Each key is such a name again, its value how many milliseconds pass
+// before the operation or command begins.
+//
 // [Trace] Calls = 1 writes each call as one line to the system's debug output: the operation, its
 // arguments, the bytes of its block, its result.
 //
 // [Board] and [Trace] are read when a library is initialised; a key that is absent leaves things as
-// they are. [Fail] and [StuckBits] count as they stand in the file at each call.
+// they are. [Fail], [StuckBits] and [Delay] count as they stand in the file at each call.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 #include <unordered_map>
@@ -45,6 +49,7 @@ void ReadSettings(State& state);
 struct Disturbance {
     ResultCode failure = VXD_SUCCESS;
     uint32_t stuckBits = 0;
+    std::chrono::milliseconds delay{0};
 };
 
 // What the file asks, kept as long as the file is unchanged.

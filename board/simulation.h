@@ -3,6 +3,7 @@
 // control interface.
 #pragma once
 
+#include <chrono>
 #include <deque>
 #include <map>
 #include <mutex>
@@ -25,10 +26,11 @@ struct Fault {
 struct Simulation {
     std::mutex lock;
     State state;
-    Disturbances disturbances;                  // that the settings file asks for
-    std::map<std::string, Fault> faults;        // by name of operation or command
-    std::map<std::string, uint32_t> stuckBits;  // in what is read, by that name too
-    std::deque<Call> calls;                     // the most recent ones, oldest first
+    Disturbances disturbances;                                // that the settings file asks for
+    std::map<std::string, Fault> faults;                      // by name of operation or command
+    std::map<std::string, uint32_t> stuckBits;                // in what is read, by that name too
+    std::map<std::string, std::chrono::milliseconds> delays;  // and before it begins
+    std::deque<Call> calls;                                   // the most recent ones, oldest first
     Worker worker;
 };
 

@@ -81,6 +81,32 @@ TEST_F(Operations, ReadBitsAsOneThatAreStuck) {
     EXPECT_EQ(wide, 0x0Au);
 }
 
+TEST_F(Operations, TakeTheirTimeWithoutKeepingOthersWaiting) {
+    using Clock = std::chrono::steady_clock;
+    constexpr std::chrono::milliseconds kLong(600);
+    const auto timeOf = [](auto operation) {
+        const auto start = Clock::now();
+        operation();
+        return Clock::now() - start;
+    };
+    const auto getVersion = [] { Send(PELLAN_COMMAND_GET_VER); };
+    settings_.Write(kit::kBoardFile, "Delay", "PELLAN_COMMAND_GET_VER", "600");
+    EXPECT_GE(timeOf(getVersion), kLong);
+    board::SlowDown("PELLAN_COMMAND_GET_VER", {});
+    EXPECT_LT(timeOf(getVersion), kLong) << "the test has the last word";
+
+    board::SlowDown("vdapi_JADE_Reset", kLong);
+    board::ForgetCalls();
+    std::thread utility([] { EXPECT_EQ(vdapi_JADE_Reset(0x32), VXD_CRIT_ERROR); });
+    std::this_thread::sleep_for(kLong / 3);
+    board::FailAlways("vdapi_JADE_Reset", VXD_CRIT_ERROR);
+    vdapi_AUXDEV_Activate(4);
+    EXPECT_EQ(CallLines(), std::vector<std::string>{"vdapi_AUXDEV_Activate(0x4) = 0"});
+    utility.join();
+    board::SucceedAgain();
+    EXPECT_LT(timeOf([] { vdapi_JADE_Reset(0x32); }), kLong);
+}
+
 TEST_F(Operations, NameTheHardwareWhileNoBoardIsThere) {
     board::SetPresent(false);
     uint16_t wide = 0x77;
