@@ -118,6 +118,8 @@ bool ReadInto(Profile& profile, const Descriptor& file) {
         const Descriptor synced =
             OpenFile(profile.folder, SyncedNameOf(profile.name), Access::kRead);
         bytes = synced ? ReadAll(synced, bytes->size()) : std::nullopt;
+    } else if (profile.isUnsynced) {
+        SyncLater(profile.folder, profile.name);  // who marked it may have been killed
     }
     profile.bytes = std::move(bytes).value_or("");
     return true;

@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <atomic>
 #include <cerrno>
 #include <cstdint>
 #include <mutex>
@@ -85,16 +84,30 @@ struct UnsyncedFile {
     std::string name;
 };
 
+Descriptor OpenMarked(const UnsyncedFile& unsynced) {
+    Descriptor file(openat(unsynced.folder.Get(), unsynced.name.c_str(),
+                           O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    return IsMarkedUnsynced(file) ? std::move(file) : Descriptor();
+}
+
+// Whether the two are one file.
+bool IsSame(const Descriptor& left, const Descriptor& right) {
+    struct stat leftStatus;
+    struct stat rightStatus;
+    return fstat(left.Get(), &leftStatus) == 0 && fstat(right.Get(), &rightStatus) == 0 &&
+           leftStatus.st_dev == rightStatus.st_dev && leftStatus.st_ino == rightStatus.st_ino;
+}
+
+// Waits for the disk without the folder's lock, so that a slow disk refuses nobody's write. A file
+// that has another in its place by then is that one's writer's affair.
 void Finish(const UnsyncedFile& unsynced) {
-    if (!LockFolder(unsynced.folder))
+    const Descriptor file = OpenMarked(unsynced);
+    if (!file || fdatasync(file.Get()) != 0 || !LockFolder(unsynced.folder))
         return;
-    const int folder = unsynced.folder.Get();
-    const Descriptor file(
-        openat(folder, unsynced.name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-    if (IsMarkedUnsynced(file) && fdatasync(file.Get()) != 0)
+    if (!IsSame(file, OpenMarked(unsynced)))
         return;
     RemoveMark(file);
-    unlinkat(folder, SyncedNameOf(unsynced.name).c_str(), 0);
+    unlinkat(unsynced.folder.Get(), SyncedNameOf(unsynced.name).c_str(), 0);
 }
 
 // The files that wait to be synced.
@@ -137,28 +150,63 @@ UnsyncedFiles& TheUnsyncedFiles() {
     return files;
 }
 
+// Folders whose lock somebody held for too long, and until when nobody waits for it again.
+class BusyFolders {
+  public:
+    void Add(const Descriptor& folder, Clock::time_point until) {
+        struct stat status;
+        if (fstat(folder.Get(), &status) != 0)
+            return;
+        std::lock_guard lock(mutex_);
+        std::erase_if(busy_, [now = Clock::now()](const Busy& busy) { return busy.until <= now; });
+        busy_.push_back({status.st_dev, status.st_ino, until});
+    }
+
+    bool Has(const Descriptor& folder, Clock::time_point now) {
+        struct stat status;
+        std::lock_guard lock(mutex_);
+        return !busy_.empty() && fstat(folder.Get(), &status) == 0 &&
+               std::ranges::any_of(busy_, [&](const Busy& busy) {
+                   return busy.device == status.st_dev && busy.inode == status.st_ino &&
+                          now < busy.until;
+               });
+    }
+
+  private:
+    struct Busy {
+        dev_t device;
+        ino_t inode;
+        Clock::time_point until;
+    };
+
+    std::mutex mutex_;
+    std::vector<Busy> busy_;
+};
+
+BusyFolders& TheBusyFolders() {
+    static auto& folders = *new BusyFolders;  // other threads may write while the process ends
+    return folders;
+}
+
 }  // namespace
 
 bool LockFolder(const Descriptor& folder) {
     constexpr milliseconds kPatience(1000);
     constexpr milliseconds kImpatience(5000);
-    static std::atomic<Clock::rep> impatientUntil = 0;
 
     const Clock::time_point start = Clock::now();
-    const bool patient = start.time_since_epoch().count() >= impatientUntil;
     while (flock(folder.Get(), LOCK_EX | LOCK_NB) != 0) {
         if (errno != EWOULDBLOCK && errno != EINTR)
             return false;
         const Clock::time_point now = Clock::now();
-        if (!patient)
+        if (TheBusyFolders().Has(folder, start))
             return false;
         if (now - start >= kPatience) {
-            impatientUntil = (now + kImpatience).time_since_epoch().count();
+            TheBusyFolders().Add(folder, now + kImpatience);
             return false;
         }
         std::this_thread::sleep_for(std::chrono::microseconds(200));
     }
-    impatientUntil = 0;
     return true;
 }
 

@@ -4,8 +4,9 @@
 // other. Waiting for the disk takes a millisecond or more, too long for hundreds of keys in a row.
 // Once a run of writes has waited its share, the next ones take the name unsynced: the last synced
 // file then keeps a second name beside it, the new one carries a mark of what it should hold, and a
-// thread syncs it shortly afterwards. After a power cut before that, the mark tells a reader that
-// the file is torn, and it takes the synced one.
+// thread syncs it shortly afterwards, or, where the program was killed, one of the next program
+// that opens it. After a power cut before that, the mark tells a reader that the file is torn, and
+// it takes the synced one.
 //
 // All functions may be called from any thread. Those that change a folder need its lock.
 #pragma once
@@ -21,8 +22,8 @@
 namespace vxd {
 
 // Takes the lock of a folder, which ends with the descriptor. Waits for at most a second; after a
-// wait in vain, others for some seconds refuse at once, so that a lock which stays held delays a
-// program once and not at each of its writes.
+// wait in vain, others for that folder refuse at once for some seconds, so that a lock which stays
+// held delays a program once and not at each of its writes.
 bool LockFolder(const Descriptor& folder);
 
 // The second name of a file's last synced state.
@@ -42,8 +43,8 @@ void RemoveMark(const Descriptor& file);
 // True when a marked file does not hold what it was marked with and nobody has changed it since.
 bool IsTorn(const Descriptor& file, const struct stat& status, std::string_view bytes);
 
-// Has the marked file synced and its mark and the synced file's second name taken away: by a thread
-// in a moment, or as the program ends.
+// Has the marked file, which is not torn, synced, and its mark and the synced file's second name
+// taken away: by a thread in a moment, or as the program ends.
 void SyncLater(const Descriptor& folder, const std::string& name);
 
 }  // namespace vxd

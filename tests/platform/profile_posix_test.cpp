@@ -1,7 +1,9 @@
 // Profile files as files of a POSIX system: modes, links, other processes.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <pwd.h>
 #include <signal.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -136,6 +138,31 @@ TEST_F(ProfilePosixTest, WhatIsNoFileIsRefusedAndNobodyWaits) {
         EXPECT_FALSE(Write(folder_ / name, "k", "v")) << name;
         EXPECT_EQ(GetPrivateProfileIntA("s", "k", 5, (folder_ / name).c_str()), 5u) << name;
     }
+}
+
+TEST_F(ProfilePosixTest, AFolderThatIsHeldMakesNobodyImpatientWithAnother) {
+    std::array<int, 2> ready;
+    ASSERT_EQ(pipe(ready.data()), 0);
+    const fs::path other = folder_ / "other";
+    fs::create_directories(other);
+    const auto hold = [&](const fs::path& folder, useconds_t duration) {
+        const pid_t holder = Fork([&] {
+            flock(open(folder.c_str(), O_RDONLY), LOCK_EX);
+            write(ready[1], "", 1);
+            usleep(duration);
+        });
+        char byte;
+        EXPECT_EQ(read(ready[0], &byte, 1), 1);
+        return holder;
+    };
+    const pid_t longHolder = hold(folder_.Path(), 60'000'000);
+    EXPECT_FALSE(Write(file_, "k", "refused after a second"));
+    const pid_t shortHolder = hold(other, 300'000);
+    EXPECT_FALSE(Write(file_, "k", "refused at once"));
+    EXPECT_TRUE(Write(other / "test.ini", "k", "waits for a moment"));
+    kill(longHolder, SIGKILL);
+    waitpid(longHolder, nullptr, 0);
+    waitpid(shortHolder, nullptr, 0);
 }
 
 TEST_F(ProfilePosixTest, ProcessesThatWriteDifferentKeysLoseNone) {
