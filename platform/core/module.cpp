@@ -1,14 +1,11 @@
 // Modules: Win32's library names on the dynamic loader.
 #include <dlfcn.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <atomic>
 #include <cstdint>
-#include <cstdlib>
 #include <map>
 #include <mutex>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -96,20 +93,17 @@ std::string LayerFolder() {
     return std::string(path.substr(0, path.rfind('/') + 1));
 }
 
-// Whether a file lies where LD_LIBRARY_PATH puts it in front of all others.
-bool IsPutInFront(const std::string& file) {
-    const char* given = std::getenv("LD_LIBRARY_PATH");
-    std::istringstream folders(given != nullptr ? given : "");
-    for (std::string folder; std::getline(folders, folder, ':');) {
-        if (!folder.empty() && access((folder + '/' + file).c_str(), F_OK) == 0)
-            return true;
-    }
-    return false;
+// Whether the loader has found no file of this name at all, rather than one that it can't load. Its
+// last error begins with the name as it was asked for in the first case, and otherwise with the
+// path of what it found, or with the name of a library that this one needs.
+bool FoundNone(const std::string& file) {
+    const char* const error = dlerror();
+    return error == nullptr || std::string_view(error).starts_with(file + ": ");
 }
 
 // "NAME.DLL" and "NAME" are libNAME.so, or libname.so where there is no other: in the folder that
 // the name says, or where the loader looks, or beside this library. Null when there is none, and
-// when one that was put in front can't be loaded: another must not take its place unseen.
+// when the first that the loader finds can't be loaded: another must not take its place unseen.
 void* OpenLibrary(std::string_view name, int mode) {
     const std::string folder(name.substr(0, name.rfind('/') + 1));
     std::string title(name.substr(folder.size()));
@@ -128,7 +122,7 @@ void* OpenLibrary(std::string_view name, int mode) {
         for (const std::string& path : folders) {
             if (void* library = dlopen((path + file).c_str(), RTLD_NOW | RTLD_LOCAL | mode))
                 return library;
-            if (path.empty() && IsPutInFront(file))
+            if (path.empty() && !FoundNone(file))
                 return nullptr;
         }
     }
