@@ -1,13 +1,14 @@
 #include "board/eeprom.h"
 
-#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <cstdlib>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "board/state.h"
+#include "platform/profile_keys.h"
 #include "platform/win32.h"
 
 namespace board {
@@ -34,10 +35,10 @@ uint8_t LoadByte(size_t address) {
     return length != 0 ? static_cast<uint8_t>(std::strtoul(text, nullptr, 0)) : kErased;
 }
 
-bool StoreByte(size_t address, uint8_t byte) {
+std::string TextOf(uint8_t byte) {
     char text[8];
     wsprintfA(text, "0x%02X", static_cast<unsigned>(byte));
-    return WritePrivateProfileStringA(kSection, KeyOf(address).c_str(), text, kFile) != 0;
+    return text;
 }
 
 bool HasRange(uint32_t address, uint32_t length) {
@@ -88,7 +89,11 @@ EepromContents LoadEeprom() {
 }
 
 bool StoreEeprom(uint32_t address, std::span<const uint8_t> bytes) {
-    return std::ranges::all_of(bytes, [&](uint8_t byte) { return StoreByte(address++, byte); });
+    std::vector<ProfileKey> keys;
+    for (const uint8_t byte : bytes) {
+        keys.push_back({KeyOf(address++), TextOf(byte)});
+    }
+    return WriteProfileKeys(kSection, keys, kFile);
 }
 
 ResultCode StartEepromRead(State& state, uint32_t address, uint8_t* buffer, uint32_t length) {

@@ -19,7 +19,8 @@ using EepromContents = std::array<uint8_t, 512>;
 
 EepromContents LoadEeprom();
 
-// Puts bytes into the file; false when it can't be written. They must end within the EEPROM.
+// Puts bytes into the file, together (on Windows one by one); false when it can't be written. They
+// must end within the EEPROM.
 bool StoreEeprom(uint32_t address, std::span<const uint8_t> bytes);
 
 // How the EEPROM behaves.

@@ -1,11 +1,14 @@
 // Win32's functions of profile files.
+#include <algorithm>
 #include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/core/profile_file.h"
 #include "platform/core/profile_text.h"
+#include "platform/profile_keys.h"
 #include "platform/win32.h"
 
 namespace vxd {
@@ -95,6 +98,22 @@ BOOL WINAPI WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR text, 
         if (text == nullptr)
             return vxd::DeleteProfileKey(profile, section, key);
         return vxd::SetProfileValue(profile, section, key, text);
+    });
+}
+
+bool WriteProfileKeys(const char* section, std::span<const ProfileKey> keys, const char* file) {
+    const auto isOneLine = [](const ProfileKey& key) { return vxd::IsOneLine(key.name); };
+    if (!vxd::IsOneLine(section) || !std::ranges::all_of(keys, isOneLine))
+        return false;
+    return vxd::ChangeProfile(file, [=](std::string_view profile) {
+        std::optional<std::string> changed;
+        for (const ProfileKey& key : keys) {
+            auto text = vxd::SetProfileValue(changed ? std::string_view(*changed) : profile,
+                                             section, key.name, key.value);
+            if (text)
+                changed = std::move(text);
+        }
+        return changed;
     });
 }
 

@@ -115,6 +115,18 @@ TEST_F(Eeproms, RefuseLengthsAndAddressesThatTheyDoNotHave) {
     EXPECT_FALSE(std::filesystem::exists(kit::SettingsPath(kit::kEepromFile)));
 }
 
+TEST_F(Eeproms, SayThatTheirFileCannotBeWritten) {
+    const std::filesystem::path file = kit::SettingsPath(kit::kEepromFile);
+    std::filesystem::create_directories(file);
+    Bytes bytes{1, 2, 3};
+    EXPECT_EQ(StartWrite(0, bytes, 3), VXD_FILE_OPEN_FAILURE);
+    EXPECT_TRUE(IsPending()) << "a refused transfer never ends";
+    EXPECT_EQ(Read(0, 1), Bytes{0xFF});
+    std::filesystem::remove(file);
+    EXPECT_EQ(Finish(StartWrite(0, bytes, 3)), VXD_SUCCESS);
+    EXPECT_EQ(Read(0, 3), (Bytes{1, 2, 3}));
+}
+
 TEST_F(Eeproms, WorkAgainAfterTransfersThatNeverEnded) {
     settings_.Write(kit::kBoardFile, "Board", "EepromHangs", "1");
     settings_.Write(kit::kBoardFile, "Board", "EepromMillisecondsPerByte", "0");
