@@ -20,6 +20,11 @@ bool IsSame(const FILETIME& left, const FILETIME& right) {
     return left.dwLowDateTime == right.dwLowDateTime && left.dwHighDateTime == right.dwHighDateTime;
 }
 
+// A link whose file may come, go or change while nothing changes about the link.
+bool IsLink(const WIN32_FILE_ATTRIBUTE_DATA& attributes) {
+    return (attributes.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+}
+
 // But for the time of the last access.
 bool IsSame(const WIN32_FILE_ATTRIBUTE_DATA& left, const WIN32_FILE_ATTRIBUTE_DATA& right) {
     return left.dwFileAttributes == right.dwFileAttributes &&
@@ -57,7 +62,7 @@ bool FileWatch::LooksUnchanged(const std::string& folder, const char* name) {
     exists_ = file.dwFileAttributes != 0;
     const WIN32_FILE_ATTRIBUTE_DATA before =
         std::exchange(attributes_, exists_ ? file : folderBefore);
-    return IsSame(attributes_, before);
+    return IsSame(attributes_, before) && !IsLink(attributes_);
 }
 
 }  // namespace board

@@ -7,7 +7,8 @@
 // folder's times are the same. File systems count time in ticks, of up to 2 seconds on FAT, so a
 // file may be written twice under one time; therefore nothing counts as unchanged until that long
 // after the change was first seen. What then goes unnoticed is a change that keeps the length and
-// puts the times back.
+// puts the times back. A link that the system does not follow here, on Linux one whose file is
+// missing, never counts as unchanged.
 #pragma once
 
 #include <chrono>

@@ -13,9 +13,11 @@
 namespace vxd {
 namespace {
 
+// Asks about the file that the path leads to; about a link itself where it leads to none.
 bool Ask(int folder, const char* path, struct statx& status) {
     constexpr unsigned kWanted = STATX_BASIC_STATS | STATX_BTIME;
-    return statx(folder, path, AT_STATX_SYNC_AS_STAT, kWanted, &status) == 0;
+    return statx(folder, path, AT_STATX_SYNC_AS_STAT, kWanted, &status) == 0 ||
+           statx(folder, path, AT_STATX_SYNC_AS_STAT | AT_SYMLINK_NOFOLLOW, kWanted, &status) == 0;
 }
 
 bool AskIgnoringCase(std::string_view path, struct statx& status) {
@@ -39,6 +41,8 @@ FILETIME FileTimeOf(const struct statx_timestamp& time) {
 }
 
 DWORD AttributesOf(const struct statx& status) {
+    if (S_ISLNK(status.stx_mode))
+        return FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_REPARSE_POINT;
     const DWORD kind = S_ISDIR(status.stx_mode) ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_ARCHIVE;
     const bool readOnly = (status.stx_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
     return readOnly ? kind | FILE_ATTRIBUTE_READONLY : kind;
