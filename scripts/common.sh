@@ -6,6 +6,8 @@ build_packages=(g++ cmake ninja-build googletest llvm qt6-base-dev libgl-dev
     fonts-dejavu-core)
 bench_packages=(libbenchmark-dev)
 desktop_packages=(xvfb openbox xdotool)
+# What makes the disk whose power is cut in a test.
+storage_packages=(e2fsprogs)
 
 say() { printf '== %s\n' "$*"; }
 
