@@ -12,7 +12,6 @@
 #include <filesystem>
 #include <functional>
 #include <string>
-#include <vector>
 
 #include "platform/win32.h"
 #include "tests/platform/temporary_folder.h"
@@ -33,13 +32,6 @@ struct stat StatusOf(const std::string& path) {
 
 mode_t ModeOf(const std::string& path) {
     return StatusOf(path).st_mode & 07777;
-}
-
-std::vector<std::string> NamesIn(const fs::path& folder) {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(folder))
-        names.push_back(entry.path().filename().string());
-    return names;
 }
 
 // Runs the function in a process of its own.
@@ -81,19 +73,6 @@ TEST_F(ProfilePosixTest, TheSettingsFolderFollowsTheEnvironmentAndThePasswords) 
     }
 }
 
-TEST_F(ProfilePosixTest, FolderAndFilesAreMadeForTheUserAloneWhenFirstWritten) {
-    const std::string configuration = folder_ / "deep/er";
-    SetEnvironmentVariableA("XDG_CONFIG_HOME", configuration.c_str());
-    const mode_t mask = umask(0);
-    EXPECT_EQ(GetPrivateProfileIntA("s", "k", 5, "a.ini"), 5u);
-    EXPECT_FALSE(fs::exists(folder_ / "deep"));
-    EXPECT_TRUE(Write("a.ini", "k", "v"));
-    umask(mask);
-    EXPECT_EQ(ModeOf(configuration), 0700u);
-    EXPECT_EQ(ModeOf(configuration + "/vxdtest"), 0700u);
-    EXPECT_EQ(ModeOf(configuration + "/vxdtest/a.ini"), 0600u);
-}
-
 TEST_F(ProfilePosixTest, AFileKeepsItsModeAndItsOwner) {
     ASSERT_TRUE(Write(file_, "k", "1"));
     const bool mayGive = chown(file_.c_str(), 12345, 23456) == 0;
@@ -115,29 +94,6 @@ TEST_F(ProfilePosixTest, ALinkStaysAndItsTargetIsReplaced) {
     EXPECT_TRUE(fs::is_symlink(folder_ / "first.ini"));
     EXPECT_TRUE(fs::is_symlink(folder_ / "there/second"));
     EXPECT_FALSE(fs::is_symlink(folder_ / "target.ini"));
-}
-
-TEST_F(ProfilePosixTest, WhatIsReadOnlyStaysAsItIs) {
-    ASSERT_TRUE(Write(file_, "k", "old"));
-    ASSERT_EQ(chmod(file_.c_str(), 0444), 0);
-    EXPECT_FALSE(Write(file_, "k", "new"));
-    ASSERT_EQ(chmod(file_.c_str(), 0644), 0);
-    ASSERT_EQ(chmod(folder_.Path().c_str(), 0555), 0);
-    EXPECT_FALSE(Write(file_, "k", "new"));
-    EXPECT_FALSE(Write(folder_ / "other.ini", "k", "new"));
-    ASSERT_EQ(chmod(folder_.Path().c_str(), 0755), 0);
-    EXPECT_EQ(ReadBytes(file_), "[s]\r\nk=old\r\n");
-    EXPECT_EQ(NamesIn(folder_.Path()), std::vector<std::string>{"test.ini"});
-}
-
-TEST_F(ProfilePosixTest, WhatIsNoFileIsRefusedAndNobodyWaits) {
-    ASSERT_EQ(mkfifo((folder_ / "fifo").c_str(), 0600), 0);
-    fs::create_directories(folder_ / "folder");
-    fs::create_symlink("loop", folder_ / "loop");
-    for (const char* name : {"fifo", "folder", "loop", ""}) {
-        EXPECT_FALSE(Write(folder_ / name, "k", "v")) << name;
-        EXPECT_EQ(GetPrivateProfileIntA("s", "k", 5, (folder_ / name).c_str()), 5u) << name;
-    }
 }
 
 TEST_F(ProfilePosixTest, AFolderThatIsHeldMakesNobodyImpatientWithAnother) {
@@ -163,49 +119,6 @@ TEST_F(ProfilePosixTest, AFolderThatIsHeldMakesNobodyImpatientWithAnother) {
     kill(longHolder, SIGKILL);
     waitpid(longHolder, nullptr, 0);
     waitpid(shortHolder, nullptr, 0);
-}
-
-TEST_F(ProfilePosixTest, ProcessesThatWriteDifferentKeysLoseNone) {
-    constexpr int kProcesses = 3;
-    constexpr int kKeys = 60;
-    const auto keyOf = [](int process, int key) {
-        return std::to_string(process) + "_" + std::to_string(key);
-    };
-    std::vector<pid_t> processes;
-    for (int p = 0; p < kProcesses; ++p) {
-        processes.push_back(Fork([&] {
-            for (int k = 0; k < kKeys; ++k)
-                Write(file_, keyOf(p, k), "1");
-        }));
-    }
-    for (const pid_t process : processes)
-        waitpid(process, nullptr, 0);
-    for (int p = 0; p < kProcesses; ++p) {
-        for (int k = 0; k < kKeys; ++k)
-            EXPECT_EQ(GetPrivateProfileIntA("s", keyOf(p, k).c_str(), 0, file_.c_str()), 1u);
-    }
-}
-
-TEST_F(ProfilePosixTest, AWriterKilledAtAnyMomentLeavesTheOldFileOrTheNewOne) {
-    const std::string small = "[s]\r\nk=1\r\n";
-    const std::string longValue(60'000, 'x');
-    const std::string large = "[s]\r\nk=" + longValue + "\r\n";
-    ASSERT_TRUE(Write(file_, "k", "1"));
-    for (useconds_t round = 0; round < 60; ++round) {
-        const pid_t writer = Fork([&] {
-            for (;;) {
-                Write(file_, "k", longValue);
-                Write(file_, "k", "1");
-            }
-        });
-        usleep(1000 + 37 * round);
-        kill(writer, SIGKILL);
-        waitpid(writer, nullptr, 0);
-        const std::string bytes = ReadBytes(file_);
-        ASSERT_TRUE(bytes == small || bytes == large) << bytes.size() << " bytes";
-    }
-    ASSERT_TRUE(Write(file_, "k", "2"));
-    EXPECT_EQ(NamesIn(folder_.Path()), std::vector<std::string>{"test.ini"});
 }
 
 }  // namespace

@@ -85,24 +85,31 @@ mode_t ModeOf(const fs::path& path) {
 }
 
 TEST_P(StorageTest, MakesFolderAndFileForTheUserAlone) {
+    UseFolder(folder_ / "deep/er");
+    EXPECT_EQ(Load(), 0);
+    EXPECT_FALSE(fs::exists(folder_ / "deep")) << "made for reading";
     const mode_t mask = umask(0);
     EXPECT_TRUE(Store(1));
     umask(mask);
     EXPECT_EQ(Load(), 1);
+    EXPECT_EQ(ModeOf(settings_.parent_path()), 0700u);
     EXPECT_EQ(ModeOf(settings_), 0700u);
     EXPECT_EQ(ModeOf(File()), 0600u);
 }
 
 TEST_P(StorageTest, WhatIsNoFileIsRefusedAndBlocksNothing) {
     fs::create_directories(settings_);
-    ASSERT_EQ(mkfifo(File().c_str(), 0600), 0);
-    EXPECT_FALSE(Store(1));
-    EXPECT_EQ(Load(), 0);
-    fs::remove(File());
-    fs::create_directory(File());
-    EXPECT_FALSE(Store(1));
-    EXPECT_EQ(Load(), 0);
-    EXPECT_TRUE(fs::is_directory(File()));
+    const std::function<void()> obstacles[] = {
+        [this] { ASSERT_EQ(mkfifo(File().c_str(), 0600), 0); },
+        [this] { fs::create_symlink(File(), File()); },
+        [this] { fs::create_directory(File()); },
+    };
+    for (const auto& make : obstacles) {
+        make();
+        EXPECT_FALSE(Store(1));
+        EXPECT_EQ(Load(), 0);
+        EXPECT_TRUE(fs::remove(File()));
+    }
 }
 
 TEST_P(StorageTest, ADanglingLinkGetsItsTarget) {
@@ -125,8 +132,12 @@ TEST_P(StorageTest, APathOf400CharactersIsLikeAnyOther) {
     EXPECT_FALSE(fs::exists(GetParam().name)) << "in the current folder";
 }
 
-TEST_P(StorageTest, AReadOnlyFolderRefusesAndKeepsTheOldFile) {
+TEST_P(StorageTest, AReadOnlyFileOrFolderRefusesAndKeepsTheOldFile) {
     ASSERT_TRUE(Store(1));
+    ASSERT_EQ(chmod(File().c_str(), 0444), 0);
+    EXPECT_FALSE(Store(2));
+    EXPECT_EQ(Load(), 1);
+    ASSERT_EQ(chmod(File().c_str(), 0600), 0);
     ASSERT_EQ(chmod(settings_.c_str(), 0500), 0);
     const bool mayWrite = Store(2);
     EXPECT_EQ(chmod(settings_.c_str(), 0555), 0);
@@ -245,6 +256,9 @@ TEST_P(EepromTest, ProgramsKilledWhileTheyStoreLoseNothing) {
             std::fill_n(&progress.stored[progress.address], kLength, progress.value.load());
         ASSERT_EQ(found, progress.stored) << "round " << round;
     }
+    OpenBoard();
+    EXPECT_TRUE(Store(1));
+    EXPECT_FALSE(fs::exists(settings_ / ".vxdtest-profile.new")) << "what a killed one left";
 }
 
 TEST_P(EepromTest, TwoProgramsLoseNoByteOfEachOther) {
