@@ -402,7 +402,7 @@ TEST(OwnDialogs, KeepTheirControlsInsideAndApart) {
             taken.push_back(rect);
         }
     }
-    EXPECT_EQ(dialogs, 28);
+    EXPECT_GE(dialogs, 28) << "the numbers end too early";
 }
 
 TEST(OwnDialogs, ResponsesToARawCommandAreForReadingAlone) {
