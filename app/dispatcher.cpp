@@ -4,14 +4,18 @@
 #include <array>
 #include <tuple>
 
+#include "codec/bas_commands.h"
 #include "codec/raw_command.h"
 #include "commands/arcofi_loops.h"
 #include "commands/board_commands.h"
 #include "commands/board_menu.h"
 #include "commands/chip_command_tables.h"
 #include "commands/chip_commands.h"
+#include "commands/data_channels.h"
 #include "commands/debug_level_commands.h"
 #include "commands/led.h"
+#include "commands/media_services.h"
+#include "commands/message_channel.h"
 #include "commands/monitor_receive.h"
 #include "commands/pci_queries.h"
 #include "commands/registration.h"
@@ -19,6 +23,8 @@
 #include "commands/window_commands.h"
 #include "debug/about.h"
 #include "debug/gds_dump.h"
+#include "driver/kora_dll32.h"
+#include "driver/papi.h"
 #include "regs/annexd_loader.h"
 #include "regs/arcofi_browsers.h"
 #include "regs/auxdev_browsers.h"
@@ -52,6 +58,12 @@ void Run(HWND window, uint32_t /*command*/) {
     kRun(window);
 }
 
+// A command that does to one channel or stream what others do to theirs.
+template <void (*kRun)(HWND, uint32_t), uint32_t kNumber>
+void RunOn(HWND window, uint32_t /*command*/) {
+    kRun(window, kNumber);
+}
+
 // A command that opens a dialog; what the dialog answers is its own affair.
 template <INT_PTR (*kOpen)(HINSTANCE, HWND)>
 void Open(HWND window, uint32_t /*command*/) {
@@ -63,6 +75,7 @@ constexpr std::array kCommands = {
     Command{IDM_FILE_RESET, Run<ResetHardware>},
     Command{IDM_FILE_RESET_VXD, Run<ResetVxD>},
     Command{IDM_FILE_SEND_RAW_COMMAND, Open<OpenRawCommand>},
+    Command{IDM_FILE_BANDWIDTH, Run<ShowBandwidth>},
 
     Command{IDM_DEBUG_KORA_MUTE, ChooseDebugLevel},
     Command{IDM_DEBUG_KORA_ERROR, ChooseDebugLevel},
@@ -94,8 +107,38 @@ constexpr std::array kCommands = {
     Command{IDM_BOARD_ROUTING_MVIP, Run<RouteToMvip>},
 
     Command{IDM_ANALOG_CAMERA_SELECT, Open<OpenCameraSelection>},
+
+    Command{IDM_LSD_INITIALIZE, RunOn<InitializeChannel, USER_DATA_LSD>},
+    Command{IDM_LSD_TERMINATE, RunOn<TerminateChannel, USER_DATA_LSD>},
+    Command{IDM_LSD_PACKETIZED, Run<TogglePacketized>},
+    Command{IDM_LSD_OPEN, RunOn<OpenChannel, USER_DATA_LSD>},
+    Command{IDM_LSD_CLOSE, RunOn<CloseChannel, USER_DATA_LSD>},
+    Command{IDM_LSD_SEND, RunOn<SendOnChannel, USER_DATA_LSD>},
+    Command{IDM_LSD_READ, RunOn<ReadChannel, USER_DATA_LSD>},
+    Command{IDM_HSD_INITIALIZE, RunOn<InitializeChannel, USER_DATA_HSD>},
+    Command{IDM_HSD_TERMINATE, RunOn<TerminateChannel, USER_DATA_HSD>},
+    Command{IDM_HSD_OPEN, RunOn<OpenChannel, USER_DATA_HSD>},
+    Command{IDM_HSD_CLOSE, RunOn<CloseChannel, USER_DATA_HSD>},
+    Command{IDM_HSD_SEND, RunOn<SendOnChannel, USER_DATA_HSD>},
+    Command{IDM_HSD_READ, RunOn<ReadChannel, USER_DATA_HSD>},
+    Command{IDM_MLP_INITIALIZE, RunOn<InitializeChannel, USER_DATA_MLP>},
+    Command{IDM_MLP_TERMINATE, RunOn<TerminateChannel, USER_DATA_MLP>},
+    Command{IDM_MLP_OPEN, RunOn<OpenChannel, USER_DATA_MLP>},
+    Command{IDM_MLP_CLOSE, RunOn<CloseChannel, USER_DATA_MLP>},
+    Command{IDM_MLP_SEND, RunOn<SendOnChannel, USER_DATA_MLP>},
+    Command{IDM_MLP_READ, RunOn<ReadChannel, USER_DATA_MLP>},
+    Command{IDM_MBE_INITIALIZE, Run<InitializeMessages>},
     Command{IDM_MBE_SEND, Open<OpenMbeSend>},
+    Command{IDM_MBE_RECEIVE, Run<ReceiveMessage>},
+    Command{IDM_BAS_SEND_COMMAND, Open<OpenBasCommands>},
+    Command{IDM_ANNEXD_INITIALIZE, Run<InitializeAnnexD>},
+    Command{IDM_ANNEXD_TERMINATE, Run<TerminateAnnexD>},
     Command{IDM_ANNEXD_DOWNLOAD, Open<OpenAnnexdLoader>},
+    Command{IDM_VPP_INITIALIZE, Run<InitializeVpp>},
+    Command{IDM_VPP_TERMINATE, Run<TerminateVpp>},
+    Command{IDM_STREAM_CLOSE_VIDEO, RunOn<CloseStream, STREAM_VIDEO>},
+    Command{IDM_STREAM_CLOSE_AUDIO_IN, RunOn<CloseStream, STREAM_AUDIO_TO_BOARD>},
+    Command{IDM_STREAM_CLOSE_AUDIO_OUT, RunOn<CloseStream, STREAM_AUDIO_FROM_BOARD>},
 
     Command{IDM_VPIC_PORTS, Open<OpenVpicPorts>},
     Command{IDM_VPIC_BITS, Open<OpenVpicBits>},

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "board/bas.h"
+#include "board/life_cycle.h"
 #include "board/papi_operation.h"
 
 using namespace board;
@@ -15,16 +17,17 @@ constexpr size_t kBasBytes = 6;
 }  // namespace
 
 uint32_t WINAPI vdapi_BAS_Initialize() {
-    return OnBoard({"vdapi_BAS_Initialize"}, NotYetSimulated);
+    return OnBoard({"vdapi_BAS_Initialize"}, TakeStep<Service::Bas, kInitialize>);
 }
 
 uint32_t WINAPI vdapi_BAS_Terminate() {
-    return OnBoard({"vdapi_BAS_Terminate"}, NotYetSimulated);
+    return OnBoard({"vdapi_BAS_Terminate"}, TerminateBas);
 }
 
 uint32_t WINAPI vdapi_BAS_Write(int32_t commandCount, int32_t repeatCount, const uint8_t* data,
                                 int32_t length) {
-    return OnBoard(
+    return OnService(
+        Service::Bas,
         {"vdapi_BAS_Write", {commandCount, repeatCount, data, length}, BytesAt(data, kBasBytes)},
-        NotYetSimulated);
+        [=](State& state) { return SendBas(state, commandCount, repeatCount, data, length); });
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "board/state.h"
+#include "driver/kora_dll32.h"
 
 namespace board {
 namespace {
@@ -99,6 +100,44 @@ void DescribeBt85x(const State& state, Lines& lines) {
     lines.push_back(state.services.displayType == 0 ? "display type: NTSC" : "display type: PAL");
 }
 
+std::string Bytes(const std::vector<uint8_t>& bytes) {
+    std::string text;
+    for (const uint8_t byte : bytes) {
+        char digits[4];
+        std::snprintf(digits, sizeof digits, " %02X", byte);
+        text += digits;
+    }
+    return text;
+}
+
+void DescribeStreams(const State& state, Lines& lines) {
+    const Bas& bas = state.services.bas;
+    lines.push_back(Number("BAS sendings", bas.sendings));
+    for (const BasCommand& sent : bas.last) {
+        lines.push_back(Number("BAS commands", sent.commands) + ", " +
+                        Number("repeated", sent.repeats) + ", bytes:" + Bytes(sent.bytes));
+    }
+}
+
+template <uint32_t kChannel>
+void DescribeUserData(const State& state, Lines& lines) {
+    const UserDataChannel& channel = state.services.userData[kChannel];
+    uint32_t waiting = 0;
+    for (const UserDataChannel::Bytes& piece : channel.waiting) {
+        waiting += static_cast<uint32_t>(piece.size());
+    }
+    lines.push_back(channel.rate ? HexNumber("open at rate", *channel.rate) : "not open");
+    if (kChannel == USER_DATA_LSD) {
+        lines.push_back(YesOrNo("packetized", channel.packetized));
+    }
+    lines.push_back(Number("bytes sent", channel.bytesSent));
+    lines.push_back(Number("bytes waiting", waiting));
+    lines.push_back(Number("bytes read", channel.bytesRead));
+    if (!channel.lastRead.empty()) {
+        lines.push_back("last read:" + Bytes(channel.lastRead));
+    }
+}
+
 void DescribeMbe(const State& state, Lines& lines) {
     lines.push_back(
         Number("messages waiting", static_cast<uint32_t>(state.services.mbe.waiting.size())));
@@ -129,10 +168,13 @@ constexpr auto kModules = std::to_array<ModuleEntry>({
     {Module::Eprom, "Eprom", {"vdapi_EPROM_"}},
     {Module::Acif, "Acif", {"vdapi_CAM_ACIF_"}},
     {Module::Vidinlay, "Vidinlay", {"vdapi_VIDINLAY_"}},
-    {Module::Stream, "Stream", {"TALVERO_DBG_STREAM_", "vdapi_Stream_"}},
-    {Module::Lsd, "LSD", {"vdapi_LSD_"}},
-    {Module::Hsd, "HSD"},
-    {Module::Mlp, "MLP"},
+    {Module::Stream,
+     "Stream",
+     {"TALVERO_DBG_STREAM_", "vdapi_Stream_", "KORA_DLL_Channel", "vdapi_BAS_"},
+     DescribeStreams},
+    {Module::Lsd, "LSD", {"vdapi_LSD_"}, DescribeUserData<USER_DATA_LSD>},
+    {Module::Hsd, "HSD", {}, DescribeUserData<USER_DATA_HSD>},
+    {Module::Mlp, "MLP", {}, DescribeUserData<USER_DATA_MLP>},
     {Module::Bt85x, "Bt85x", {"TALVERO_DBG_BT85X_", "vdapi_BT85X_"}, DescribeBt85x},
     {Module::VcpRegs, "vcpregs", {"vdapi_VCPXI_"}},
     {Module::Vpp, "VPP", {"vdapi_VPP_", "KORA_DLL_StartVpp", "KORA_DLL_StopVpp"}},

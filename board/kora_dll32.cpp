@@ -10,6 +10,7 @@
 #include "board/operation.h"
 #include "board/settings.h"
 #include "board/state.h"
+#include "board/user_data.h"
 #include "driver/result_code.h"
 
 using namespace board;
@@ -86,31 +87,38 @@ uint32_t WINAPI KORA_DLL_GetSeqHandle(uint32_t reserved) {
 }
 
 uint32_t WINAPI KORA_DLL_ChannelInitialize(uint32_t channel) {
-    return OnBoard({"KORA_DLL_ChannelInitialize", {channel}}, NotYetSimulated);
+    return OnBoard({"KORA_DLL_ChannelInitialize", {channel}},
+                   [=](State& state) { return InitializeUserData(state, channel); });
 }
 
 uint32_t WINAPI KORA_DLL_ChannelTerminate(uint32_t channel) {
-    return OnBoard({"KORA_DLL_ChannelTerminate", {channel}}, NotYetSimulated);
+    return OnBoard({"KORA_DLL_ChannelTerminate", {channel}},
+                   [=](State& state) { return TerminateUserData(state, channel); });
 }
 
 uint32_t WINAPI KORA_DLL_ChannelOpen(uint32_t channel, uint32_t rate) {
-    return OnBoard({"KORA_DLL_ChannelOpen", {channel, rate}}, NotYetSimulated);
+    return OnBoard({"KORA_DLL_ChannelOpen", {channel, rate}},
+                   [=](State& state) { return OpenUserData(state, channel, rate); });
 }
 
 uint32_t WINAPI KORA_DLL_ChannelClose(uint32_t channel) {
-    return OnBoard({"KORA_DLL_ChannelClose", {channel}}, NotYetSimulated);
+    return OnBoard({"KORA_DLL_ChannelClose", {channel}},
+                   [=](State& state) { return CloseUserData(state, channel); });
 }
 
 uint32_t WINAPI KORA_DLL_ChannelSend(uint32_t channel, uint32_t length) {
-    return OnBoard({"KORA_DLL_ChannelSend", {channel, length}}, NotYetSimulated);
+    return OnBoard({"KORA_DLL_ChannelSend", {channel, length}},
+                   [=](State& state) { return SendUserData(state, channel, length); });
 }
 
 uint32_t WINAPI KORA_DLL_ChannelRead(uint32_t channel) {
-    return OnBoard({"KORA_DLL_ChannelRead", {channel}}, NotYetSimulated);
+    return OnBoard({"KORA_DLL_ChannelRead", {channel}},
+                   [=](State& state) { return ReadUserData(state, channel); });
 }
 
 uint32_t WINAPI vdapi_LSD_SetPacketized(uint32_t channel, uint32_t on) {
-    return OnBoard({"vdapi_LSD_SetPacketized", {channel, on}}, NotYetSimulated);
+    return OnBoard({"vdapi_LSD_SetPacketized", {channel, on}},
+                   [=](State& state) { return SetUserDataPacketized(state, channel, on); });
 }
 
 uint32_t WINAPI KORA_DLL_StartVppStatistics(HWND window) {

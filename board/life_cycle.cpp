@@ -94,6 +94,10 @@ constexpr std::array<ServiceEntry, kServiceCount> kServices{{
     {Service::Mbe, Module::Mbe, "message channel", true},
     {Service::AnnexD, Module::AnnexD, "still images", false},
     {Service::Vpp, Module::Vpp, "post-processing", true},
+    {Service::Lsd, Module::Lsd, "channel", false},
+    {Service::Hsd, Module::Hsd, "channel", false},
+    {Service::Mlp, Module::Mlp, "channel", false},
+    {Service::Bas, Module::Stream, "BAS", false},
 }};
 
 ResultCode NeedUp(const State& state, Service service) {

@@ -75,6 +75,10 @@ enum class Service {
     Mbe,  // active while it has an outgoing stream
     AnnexD,
     Vpp,
+    Lsd,
+    Hsd,
+    Mlp,
+    Bas,
 };
 
 struct ServiceEntry {
@@ -85,7 +89,7 @@ struct ServiceEntry {
     void (*reset)(State& state) = nullptr;  // what else Reset makes as at power-on
 };
 
-inline constexpr size_t kServiceCount = static_cast<size_t>(Service::Vpp) + 1;
+inline constexpr size_t kServiceCount = static_cast<size_t>(Service::Bas) + 1;
 // In the order of the services.
 extern const std::array<ServiceEntry, kServiceCount> kServices;
 

@@ -4,9 +4,11 @@
 
 #include <cstdint>
 
+#include "board/bas.h"
 #include "board/life_cycle.h"
 #include "board/mbe.h"
 #include "board/sequencer.h"
+#include "board/user_data.h"
 
 namespace board {
 
@@ -14,6 +16,8 @@ struct Services {
     LifeCycles lifeCycles;
     Sequencer sequencer;
     Mbe mbe;
+    UserDataChannels userData{};
+    Bas bas;
     bool codecProcessorRegistered = false;
     uint32_t arcofiChannel = 0;    // channel code
     bool arcofiShadow = false;     // the driver's copy was initialised by command
@@ -32,6 +36,9 @@ ResultCode InitializeArcofiShadow(State& state);
 // Registers a client of the codec processor (VCPXi), which takes place once.
 ResultCode RegisterCodecProcessor(State& state, const VcpxiRegisterBlock& block);
 ResultCode UnregisterCodecProcessor(State& state);
+
+// The bandwidth of the connection in kbit/s: that of the two B channels of each ISAC chip.
+ResultCode GetBandwidth(const State& state, uint32_t& bandwidth);
 
 // Resets the JADE; the code that asks for it is 0x32.
 ResultCode ResetJade(State& state, uint32_t code);

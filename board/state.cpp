@@ -22,6 +22,8 @@ void State::RestartDriver() {
     services.lifeCycles = {};
     services.sequencer = {};
     services.mbe = {};
+    services.userData = {};
+    services.bas = {};
     services.codecProcessorRegistered = false;
     auxiliaryDevice = {};
     firmware.streams = Firmware{}.streams;

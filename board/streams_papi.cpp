@@ -16,5 +16,8 @@ uint32_t WINAPI vdapi_Stream_Close(uint32_t stream) {
 }
 
 uint32_t WINAPI vdapi_GetBandwidth(int32_t* bandwidth) {
-    return OnBoard({"vdapi_GetBandwidth", {bandwidth}}, NotYetSimulated);
+    return OnBoard({"vdapi_GetBandwidth", {bandwidth}}, [=](State& state) {
+        return ReadInto(state, bandwidth,
+                        [&](uint32_t& value) { return GetBandwidth(state, value); });
+    });
 }

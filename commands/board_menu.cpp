@@ -1,5 +1,6 @@
 #include "commands/board_menu.h"
 
+#include "commands/data_channels.h"
 #include "commands/led.h"
 #include "commands/tdm_routing.h"
 #include "commands/window_commands.h"
@@ -25,6 +26,7 @@ void Show(HWND window, int menu) {
     MarkAlwaysOnTop(window);
     MarkLed(window);
     MarkTdmRouting(window);
+    MarkPacketized(window);
     DrawMenuBar(window);
 }
 

@@ -107,6 +107,8 @@ inline constexpr auto kDebugCommands = std::to_array<DebugCommand>({
     {IDM_VCPXI_UNREGISTER, TALVERO_DBG_VCPXI_UNREGISTER, "TALVERO_DBG_VCPXI_UNREGISTER"},
     {IDM_I2C_RESET, TALVERO_DBG_I2C_TR_RST, "TALVERO_DBG_I2C_TR_RST"},
     {IDM_CAMERA_RESET, TALVERO_DBG_CAM_DIGIT_TR_RST, "TALVERO_DBG_CAM_DIGIT_TR_RST"},
+    {IDM_STREAM_INITIALIZE, TALVERO_DBG_STREAM_TR_INIT, "TALVERO_DBG_STREAM_TR_INIT"},
+    {IDM_STREAM_TERMINATE, TALVERO_DBG_STREAM_TR_TERM, "TALVERO_DBG_STREAM_TR_TERM"},
     {IDM_BROOKTREE_SW_RESET, TALVERO_DBG_BT85X_OP_RESET, "TALVERO_DBG_BT85X_OP_RESET"},
 });
 
@@ -156,6 +158,13 @@ inline constexpr auto kOperations = std::to_array<Operation>({
     {IDM_BROOKTREE_RESET, vdapi_BT85X_Reset, "vdapi_BT85X_Reset"},
     {IDM_EEPROM_INITIALIZE, vdapi_EPROM_Initialize, "vdapi_EPROM_Initialize"},
     {IDM_EEPROM_TERMINATE, vdapi_EPROM_Terminate, "vdapi_EPROM_Terminate"},
+    {IDM_MBE_OPEN_OUTGOING, vdapi_MBE_RegisterOutgoingStream,
+     "MainWndProc: vdapi_MBE_RegisterOutgoingStream()"},
+    {IDM_MBE_TERMINATE, vdapi_MBE_Terminate, "MainWndProc: vdapi_MBE_Terminate()"},
+    {IDM_BAS_INITIALIZE, vdapi_BAS_Initialize, "MainWndProc: vdapi_BAS_Initialize()"},
+    {IDM_BAS_TERMINATE, vdapi_BAS_Terminate, "MainWndProc: vdapi_BAS_Terminate()"},
+    {IDM_VPP_ACTIVATE, vdapi_VPP_Activate, "vdapi_VPP_Activate"},
+    {IDM_VPP_DEACTIVATE, vdapi_VPP_Deactivate, "vdapi_VPP_Deactivate"},
 });
 
 inline constexpr auto kOperationsWithArgument = std::to_array<OperationWithArgument>({

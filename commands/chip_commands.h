@@ -1,5 +1,5 @@
-// The older board's commands that are one call each: a step in a chip's life cycle, or a question
-// to the engineer and then such a step.
+// The older board's commands that are one call each: a step in the life cycle of a chip or service,
+// or a question to the engineer and then such a step.
 #pragma once
 
 #include <cstdint>

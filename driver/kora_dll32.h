@@ -40,8 +40,9 @@ uint32_t WINAPI KORA_DLL_GetMonitorHandle(uint32_t device, HWND window);
 // is 0.
 uint32_t WINAPI KORA_DLL_GetSeqHandle(uint32_t reserved);
 
-// The user-data channels: 0 LSD, 1 HSD, 2 MLP. A rate is a 16-bit rate code of the channel's own
-// list; a length is 0 to 64 bytes.
+// The user-data channels. A rate is a 16-bit rate code of the channel's own list; a length is 0 to
+// 64 bytes.
+enum UserDataChannelNumber { USER_DATA_LSD = 0, USER_DATA_HSD = 1, USER_DATA_MLP = 2 };
 uint32_t WINAPI KORA_DLL_ChannelInitialize(uint32_t channel);
 uint32_t WINAPI KORA_DLL_ChannelTerminate(uint32_t channel);
 uint32_t WINAPI KORA_DLL_ChannelOpen(uint32_t channel, uint32_t rate);
@@ -49,7 +50,7 @@ uint32_t WINAPI KORA_DLL_ChannelClose(uint32_t channel);
 uint32_t WINAPI KORA_DLL_ChannelSend(uint32_t channel, uint32_t length);
 uint32_t WINAPI KORA_DLL_ChannelRead(uint32_t channel);
 
-// Switches packetized mode of the LSD channel (channel 0) on (1) or off (0).
+// Switches packetized mode of the LSD channel, the only one that has it, on (1) or off (0).
 uint32_t WINAPI vdapi_LSD_SetPacketized(uint32_t channel, uint32_t on);
 
 // Sends the statistics of the video post-processing to the window, message by message, until

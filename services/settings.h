@@ -49,6 +49,19 @@ inline constexpr IntegerSetting kEpromData{kOwnFile, "EPROM DLG", "Data%d", 0}; 
 inline constexpr IntegerSetting kEpromLength{kOwnFile, "EPROM DLG", "Length", 1};
 inline constexpr IntegerSetting kEpromOperation{kOwnFile, "EPROM DLG", "Operation", 1070};
 
+// The user-data channels: the row last chosen in each one's list of rates, and how many bytes were
+// sent last.
+inline constexpr IntegerSetting kLsdRate{kOwnFile, "KORA_TST", "LSDRate", 0};
+inline constexpr IntegerSetting kHsdRate{kOwnFile, "KORA_TST", "HSDRate", 0};
+inline constexpr IntegerSetting kMlpRate{kOwnFile, "KORA_TST", "MLPRate", 0};
+inline constexpr IntegerSetting kUserDataLength{kOwnFile, "KORA_TST", "UserData_LastLength", 1};
+
+// The BAS commands.
+inline constexpr IntegerSetting kBasCommandCount{kOwnFile, "BAS DLG", "NumberOfCommands", 1};
+inline constexpr IntegerSetting kBasRepeatCount{kOwnFile, "BAS DLG", "RepeatCount", 1};
+inline constexpr IntegerSetting kBasLength{kOwnFile, "BAS DLG", "Length", 1};
+inline constexpr IntegerSetting kBasData{kOwnFile, "BAS DLG", "Data%d", 0};  // 1 to 6
+
 }  // namespace setting
 
 // The leading digits of what stands there, the default where the key is absent.

@@ -48,6 +48,11 @@ Case Calls(UINT command, const std::vector<std::string>& calls) {
     return each;
 }
 
+// An operation of the command library that the main window calls.
+Case MainCalls(UINT command, const std::string& call) {
+    return {command, {call}, {"MainWndProc: " + call.substr(0, call.find('(')) + "()"}};
+}
+
 Case ArcofiLoop(UINT command, const std::string& written) {
     return {command,
             {"vdapi_ARCOFI_Read(91F, address)", "vdapi_ARCOFI_Write(91F, address) " + written},
@@ -160,6 +165,16 @@ const std::vector<Case> kCases = {
     Debug(40111, 0x6F, "I2C_TR_RST"),
     Calls(40110, {"vdapi_I2C_Terminate()"}),
     Debug(40115, 0x21, "VPIC_TR_TERM"),
+
+    Debug(40132, 0x87, "STREAM_TR_INIT"),
+    Debug(40133, 0x88, "STREAM_TR_TERM"),
+    MainCalls(40204, "vdapi_MBE_Initialize(0, 3FC)"),
+    MainCalls(40213, "vdapi_MBE_RegisterOutgoingStream()"),
+    MainCalls(40210, "vdapi_MBE_Terminate()"),
+    MainCalls(40216, "vdapi_BAS_Initialize()"),
+    MainCalls(40217, "vdapi_BAS_Terminate()"),
+    Calls(40191, {"vdapi_VPP_Activate()"}),
+    Calls(40192, {"vdapi_VPP_Deactivate()"}),
 };
 
 constexpr char kWarning[] = "VxD Test - Warning";
@@ -174,9 +189,10 @@ void Give(const kit::Utility& utility, const Case& each) {
 
 // The name that the board knows for what is reported under a name.
 std::string OperationOf(const std::string& name) {
-    const std::string channel = "vdapi_Debug: ";
-    if (name.starts_with(channel))
-        return name.substr(channel.size());
+    for (const std::string caller : {"vdapi_Debug: ", "MainWndProc: "}) {
+        if (name.starts_with(caller))
+            return name.substr(caller.size(), name.find('(') - caller.size());
+    }
     return name.substr(0, name.find(' '));
 }
 

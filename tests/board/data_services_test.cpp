@@ -69,6 +69,31 @@ TEST_F(DataServices, TakeMessagesOnlyWithAnOutgoingStreamAndOfTheSizeAgreed) {
     EXPECT_EQ(sent, 17);
 }
 
+TEST_F(DataServices, KeepTheLastBasCommandsOfTheBytesThatCount) {
+    std::array<uint8_t, 6> bytes{0x20, 0xA1, 0xFF, 0, 5, 6};
+    const auto send = [&](int32_t commands, int32_t repeats, int32_t length) {
+        return vdapi_BAS_Write(commands, repeats, bytes.data(), length);
+    };
+    for (const auto& [commands, repeats, length] :
+         {std::array{0, 1, 1}, std::array{1, 0, 1}, std::array{1, -1, 1}, std::array{1, 1, 0},
+          std::array{1, 1, 7}}) {
+        EXPECT_EQ(send(commands, repeats, length), VXD_INVALID_PARAMETER);
+    }
+    EXPECT_EQ(vdapi_BAS_Write(1, 1, nullptr, 1), VXD_INVALID_PARAMETER);
+    for (; bytes[0] < 0x40; ++bytes[0]) {
+        EXPECT_EQ(send(1, 3, 2), VXD_SUCCESS);
+    }
+    EXPECT_EQ(send(2, 1, 6), VXD_SUCCESS);
+    const board::Bas bas = board::GetServices().bas;
+    EXPECT_EQ(bas.sendings, 33u);
+    ASSERT_EQ(bas.last.size(), 16u);
+    EXPECT_EQ(bas.last.front().bytes, (std::vector<uint8_t>{0x31, 0xA1}));
+    EXPECT_EQ(bas.last.back().bytes, (std::vector<uint8_t>{0x40, 0xA1, 0xFF, 0, 5, 6}));
+    EXPECT_EQ(vdapi_BAS_Terminate(), VXD_SUCCESS);
+    EXPECT_EQ(send(1, 1, 1), VXD_CONFIGURATION_NOT_SET);
+    EXPECT_TRUE(board::GetServices().bas.last.empty());
+}
+
 TEST_F(DataServices, LoadAnImageWithItsSumBehindIt) {
     std::array<uint8_t, 2050> buffer;
     uint32_t bytes = 0;

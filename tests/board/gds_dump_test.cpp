@@ -28,7 +28,7 @@ std::vector<std::string> Dump(DebugMonitor& monitor, uint32_t module) {
 TEST_F(GdsDumps, TellWhatAModuleHoldsAndHowItWasCalled) {
     DebugMonitor monitor;
     ASSERT_TRUE(monitor.IsListening());
-    EXPECT_EQ(Dump(monitor, 19), (std::vector<std::string>{"GDS HSD: unused\n"}));
+    EXPECT_EQ(Dump(monitor, 16), (std::vector<std::string>{"GDS Vidinlay: unused\n"}));
     EXPECT_EQ(Dump(monitor, 0), (std::vector<std::string>{
                                     "GDS Validity: board revision: 0x11D\n",
                                     "GDS Validity: VPIC revision: 0x8\n",
@@ -64,6 +64,45 @@ TEST_F(GdsDumps, TellWhatAModuleHoldsAndHowItWasCalled) {
                                      "GDS Acif: analog camera: down\n",
                                      "GDS Acif: vdapi_CAM_ACIF_Terminate: 1 called, 0 failed\n",
                                  }));
+}
+
+TEST_F(GdsDumps, TellOfTheDataOfACall) {
+    DebugMonitor monitor;
+    ASSERT_TRUE(monitor.IsListening());
+    vdapi_LSD_SetPacketized(0, 1);
+    KORA_DLL_ChannelOpen(0, 0x800E);
+    for (const uint32_t length : {11, 2}) {
+        KORA_DLL_ChannelSend(0, length);
+    }
+    KORA_DLL_ChannelRead(0);
+    EXPECT_EQ(Dump(monitor, 18),
+              (std::vector<std::string>{"GDS LSD: channel: up since power-on\n",
+                                        "GDS LSD: open at rate: 0x800E\n",
+                                        "GDS LSD: packetized: yes\n", "GDS LSD: bytes sent: 13\n",
+                                        "GDS LSD: bytes waiting: 2\n", "GDS LSD: bytes read: 11\n",
+                                        "GDS LSD: last read: 00 01 02 03 04 05 06 07 08 09 0A\n",
+                                        "GDS LSD: vdapi_LSD_SetPacketized: 1 called, 0 failed\n"}));
+    EXPECT_EQ(Dump(monitor, 20), (std::vector<std::string>{
+                                     "GDS MLP: channel: up since power-on\n", "GDS MLP: not open\n",
+                                     "GDS MLP: bytes sent: 0\n", "GDS MLP: bytes waiting: 0\n",
+                                     "GDS MLP: bytes read: 0\n"}));
+    const uint8_t bytes[6] = {0x1F, 0x0A, 0xFF, 1, 2, 3};
+    vdapi_BAS_Write(2, 5, bytes, 3);
+    EXPECT_EQ(Dump(monitor, 17),
+              (std::vector<std::string>{
+                  "GDS Stream: stream service: up since power-on\n",
+                  "GDS Stream: BAS: up since power-on\n", "GDS Stream: BAS sendings: 1\n",
+                  "GDS Stream: BAS commands: 2, repeated: 5, bytes: 1F 0A FF\n",
+                  "GDS Stream: KORA_DLL_ChannelOpen: 1 called, 0 failed\n",
+                  "GDS Stream: KORA_DLL_ChannelRead: 1 called, 0 failed\n",
+                  "GDS Stream: KORA_DLL_ChannelSend: 2 called, 0 failed\n",
+                  "GDS Stream: vdapi_BAS_Write: 1 called, 0 failed\n"}));
+    vdapi_VPP_Initialize();
+    vdapi_VPP_Deactivate();
+    EXPECT_EQ(Dump(monitor, 23),
+              (std::vector<std::string>{"GDS VPP: post-processing: initialised, not active\n",
+                                        "GDS VPP: vdapi_VPP_Deactivate: 1 called, 0 failed\n",
+                                        "GDS VPP: vdapi_VPP_Initialize: 1 called, 0 failed\n"}));
 }
 
 TEST_F(GdsDumps, GoThroughAllModulesInTheirOrder) {

@@ -254,6 +254,26 @@ void SendMbe(const kit::Utility& utility) {
     dialog.Press(IDC_MBE_EXIT);
 }
 
+void SendBasCommands(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_BAS_SEND_COMMAND, "SEND BAS COMMANDS:", "bas-commands",
+               [](const kit::Dialog& dialog) {
+                   dialog.Type(IDC_BAS_DATA_1, "0x1F");
+                   dialog.Type(IDC_BAS_DATA_2, "0xFF");
+                   dialog.Type(IDC_BAS_LENGTH, "02");
+                   dialog.Press(IDC_BAS_UPDATE);
+               });
+}
+
+void ChooseUserDataRate(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_LSD_OPEN, "Select UserData Bandwidth", "user-data-rate",
+               [](const kit::Dialog& dialog) { dialog.Pick(IDC_USER_DATA_RATE, "064"); });
+}
+
+void ChooseUserDataLength(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_LSD_SEND, "Send User Data", "user-data-length",
+               [](const kit::Dialog& dialog) { dialog.Type(IDC_USER_DATA_LENGTH, "20"); });
+}
+
 void DumpGds(const kit::Utility& utility) {
     ShowDialog(utility, IDM_DEBUG_DUMP_GDS, "GDS Dump Dialog", "gds-dump",
                [](const kit::Dialog& dialog) { dialog.Pick(IDC_GDS_MODULE, "Seq        "); });
@@ -280,6 +300,9 @@ constexpr void (*kStops[])(const kit::Utility&) = {
     SelectCamera,
     LoadAnnexd,
     SendMbe,
+    SendBasCommands,
+    ChooseUserDataRate,
+    ChooseUserDataLength,
     DumpGds,
 };
 
