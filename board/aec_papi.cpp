@@ -8,13 +8,14 @@
 using namespace board;
 
 uint32_t WINAPI vdapi_AEC_Initialize() {
-    return OnBoard({"vdapi_AEC_Initialize"}, NotYetSimulated);
+    return OnBoard({"vdapi_AEC_Initialize"}, InitializeAec);
 }
 
 uint32_t WINAPI vdapi_AEC_Terminate() {
-    return OnBoard({"vdapi_AEC_Terminate"}, NotYetSimulated);
+    return OnBoard({"vdapi_AEC_Terminate"}, TakeStep<Service::Aec, kTerminate>);
 }
 
 uint32_t WINAPI vdapi_AEC_SetMode(uint32_t code) {
-    return OnBoard({"vdapi_AEC_SetMode", {code}}, NotYetSimulated);
+    return OnService(Service::Aec, {"vdapi_AEC_SetMode", {code}},
+                     [=](State& state) { return state.hardware.aec.SetMode(code); });
 }

@@ -55,6 +55,10 @@ bool DriveFeatureInput(uint32_t feature, bool active) {
     });
 }
 
+void SetTime(uint32_t milliseconds) {
+    Locked([=](Simulation& simulation) { simulation.state.keptTime = milliseconds; });
+}
+
 Hardware GetHardware() {
     return Locked([](Simulation& simulation) { return simulation.state.hardware; });
 }

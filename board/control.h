@@ -37,6 +37,10 @@ void SetIsacChipsFitted(uint32_t count);
 // where the feature is no input.
 bool DriveFeatureInput(uint32_t feature, bool active);
 
+// Sets the board's clock, which drives what the board measures; it then stands until it is set
+// anew.
+void SetTime(uint32_t milliseconds);
+
 // The board's chips with all that their registers hold; as a copy and back.
 Hardware GetHardware();
 void SetHardware(const Hardware& hardware);

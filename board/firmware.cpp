@@ -41,12 +41,6 @@ ResultCode Write(State& state, const Parameters& parameters, Responses& response
 }
 
 template <uint32_t Firmware::*Member>
-ResultCode Get(State& state, const Parameters&, Responses& responses) {
-    responses.first = state.firmware.*Member;
-    return VXD_SUCCESS;
-}
-
-template <uint32_t Firmware::*Member>
 ResultCode Set(State& state, const Parameters& parameters, Responses& responses) {
     state.firmware.*Member = parameters.first;
     responses.first = parameters.first;
@@ -144,69 +138,35 @@ ResultCode SetAudioParameter(State& state, const Parameters& parameters, Respons
     return WriteTo(state.firmware.audioParameters, Parameter, parameters.first, responses.first);
 }
 
-struct MixerSwitch {
-    uint8_t registerNumber;
-    uint8_t mask;
-};
-
-// The AKM's mixer switches by number.
-constexpr auto kMixerSwitches = std::to_array<MixerSwitch>({
-    {0x10, 0x10},
-    {0x10, 0x08},
-    {0x10, 0x01},
-    {0x11, 0x20},
-    {0x11, 0x10},
-    {0x11, 0x08},
-    {0x11, 0x04},
-    {0x12, 0x10},
-    {0x12, 0x08},
-    {0x13, 0x10},
-    {0x13, 0x08},
-    {0x14, 0x10},
-    {0x14, 0x08},
-    {0x14, 0x04},
-    {0x15, 0x10},
-    {0x15, 0x08},
-    {0x15, 0x04},
-});
-
-// The AKM's volume registers by channel: master, voice, line and auxiliary, left and right. Bit 7
-// enables the channel, the low bits are its level.
-constexpr std::array<uint8_t, 8> kVolumeRegisters{0x00, 0x01, 0x02, 0x03, 0x08, 0x09, 0x0A, 0x0B};
-constexpr uint32_t kChannelEnabled = 0x80;
-constexpr uint32_t kHighestLevel = 31;
-
-// Replaces the bits of `mask` in one of the AKM's registers.
-ResultCode ChangeAkm(State& state, uint32_t registerNumber, uint32_t mask, uint32_t bits,
-                     uint32_t& response) {
-    Registers& akm = state.firmware.akm;
-    const ResultCode code = akm.Change(registerNumber, mask, bits);
-    return code == VXD_SUCCESS ? akm.Read(registerNumber, response) : code;
-}
-
 ResultCode SwitchMixer(State& state, const Parameters& parameters, Responses& responses) {
-    if (parameters.first >= kMixerSwitches.size()) {
-        return VXD_INVALID_PARAMETER;
-    }
-    const MixerSwitch& mixerSwitch = kMixerSwitches[parameters.first];
-    return ChangeAkm(state, mixerSwitch.registerNumber, mixerSwitch.mask,
-                     parameters.second ? mixerSwitch.mask : 0, responses.first);
+    return state.hardware.akm.SetSwitch(parameters.first, parameters.second != 0, responses.first);
 }
 
 ResultCode SetVolume(State& state, const Parameters& parameters, Responses& responses) {
-    if (parameters.first >= kVolumeRegisters.size() || parameters.second > kHighestLevel) {
-        return VXD_INVALID_PARAMETER;
-    }
-    return ChangeAkm(state, kVolumeRegisters[parameters.first], ~kChannelEnabled, parameters.second,
-                     responses.first);
+    return state.hardware.akm.SetLevel(parameters.first, parameters.second, responses.first);
 }
 
 ResultCode MuteChannel(State& state, const Parameters& parameters, Responses& responses) {
-    if (parameters.first >= kVolumeRegisters.size()) {
-        return VXD_INVALID_PARAMETER;
-    }
-    return ChangeAkm(state, kVolumeRegisters[parameters.first], kChannelEnabled,
-                     parameters.second ? 0 : kChannelEnabled, responses.first);
+    return state.hardware.akm.Mute(parameters.first, parameters.second != 0, responses.first);
+}
+
+ResultCode ReadAkm(State& state, const Parameters& parameters, Responses& responses) {
+    return state.hardware.akm.registers.Read(parameters.first, responses.first);
+}
+
+ResultCode WriteAkm(State& state, const Parameters& parameters, Responses& responses) {
+    return WriteTo(state.hardware.akm.registers, parameters.first, parameters.second,
+                   responses.first);
+}
+
+ResultCode GetAecMode(State& state, const Parameters&, Responses& responses) {
+    responses.first = state.hardware.aec.Mode();
+    return VXD_SUCCESS;
+}
+
+ResultCode SetAecMode(State& state, const Parameters& parameters, Responses& responses) {
+    const ResultCode code = state.hardware.aec.SetMode(parameters.first);
+    return code == VXD_SUCCESS ? GetAecMode(state, parameters, responses) : code;
 }
 
 ResultCode SetCameraInput(State& state, const Parameters& parameters, Responses& responses) {
@@ -428,8 +388,8 @@ constexpr auto kCommands = std::to_array<FirmwareCommand>({
     {PELLAN_COMMAND_AUDIO_GET_PARAM, "PELLAN_COMMAND_AUDIO_GET_PARAM",
      Read<&Firmware::audioParameters>},
     {PELLAN_COMMAND_AKM_SWITCH, "PELLAN_COMMAND_AKM_SWITCH", SwitchMixer},
-    {PELLAN_COMMAND_AKM_WRITE_REGISTER, "PELLAN_COMMAND_AKM_WRITE_REGISTER", Write<&Firmware::akm>},
-    {PELLAN_COMMAND_AKM_READ_REGISTER, "PELLAN_COMMAND_AKM_READ_REGISTER", Read<&Firmware::akm>},
+    {PELLAN_COMMAND_AKM_WRITE_REGISTER, "PELLAN_COMMAND_AKM_WRITE_REGISTER", WriteAkm},
+    {PELLAN_COMMAND_AKM_READ_REGISTER, "PELLAN_COMMAND_AKM_READ_REGISTER", ReadAkm},
     {PELLAN_COMMAND_AKM_VOLUME, "PELLAN_COMMAND_AKM_VOLUME", SetVolume},
     {PELLAN_COMMAND_AKM_MUTE, "PELLAN_COMMAND_AKM_MUTE", MuteChannel},
     {PELLAN_COMMAND_CAM_SET_PARAM, "PELLAN_COMMAND_CAM_SET_PARAM",
@@ -464,8 +424,8 @@ constexpr auto kCommands = std::to_array<FirmwareCommand>({
     {PELLAN_COMMAND_AUXDEV_HW_RESET, "PELLAN_COMMAND_AUXDEV_HW_RESET", ResetHardware},
     {PELLAN_COMMAND_AEC_SET_VALUE, "PELLAN_COMMAND_AEC_SET_VALUE", Write<&Firmware::aecValues>},
     {PELLAN_COMMAND_AEC_GET_VALUE, "PELLAN_COMMAND_AEC_GET_VALUE", Read<&Firmware::aecValues>},
-    {PELLAN_COMMAND_AEC_SET_MODE, "PELLAN_COMMAND_AEC_SET_MODE", Set<&Firmware::aecMode>},
-    {PELLAN_COMMAND_AEC_GET_MODE, "PELLAN_COMMAND_AEC_GET_MODE", Get<&Firmware::aecMode>},
+    {PELLAN_COMMAND_AEC_SET_MODE, "PELLAN_COMMAND_AEC_SET_MODE", SetAecMode},
+    {PELLAN_COMMAND_AEC_GET_MODE, "PELLAN_COMMAND_AEC_GET_MODE", GetAecMode},
     {PELLAN_COMMAND_AEC_SET_8KHZ, "PELLAN_COMMAND_AEC_SET_8KHZ", Set<&Firmware::aecAt8kHz>},
     {PELLAN_COMMAND_DOWNLOAD2, "PELLAN_COMMAND_DOWNLOAD2", Count<PELLAN_COMMAND_DOWNLOAD2>},
     {PELLAN_COMMAND_LAN_SET_IP, "PELLAN_COMMAND_LAN_SET_IP", Set<&Firmware::lanAddress>},
@@ -524,8 +484,6 @@ Firmware::Firmware()
                                    VC_AUDIOPARAM_MIC_DETECT, VC_AUDIOPARAM_G723_SUPPORT,
                                    VC_AUDIOPARAM_INT_SPKR_DETECT, VC_AUDIOPARAM_EXT_SPKR_DETECT},
                       .onlyListed = true} {
-    akm.values = {{0x00, 0x9F}, {0x01, 0x9F}, {0x02, 0x90}, {0x03, 0x90}, {0x10, 0x19},
-                  {0x11, 0x3C}, {0x12, 0x10}, {0x13, 0x08}, {0x14, 0x04}, {0x15, 0x04}};
     softwareVariables.values = {{kUsbTraceVariable, kUsbTraceErrors}};
     for (uint32_t module = 0; module <= moduleDebugLevels.last; ++module) {
         moduleDebugLevels.values[module] = kErrorLevel;

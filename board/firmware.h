@@ -12,9 +12,9 @@
 // - USS registers, whose value is the second response.
 //
 // Single values. (value) sets: STANDBY, CAM_SET_INPUT (1 camera, 2 VCR), CAM_SET_TYPE,
-// AEC_SET_MODE, AEC_SET_8KHZ, AUDIO_SELECT_INPUT and _OUTPUT (the audio parameters MIC_SELECT and
-// SPKR_SELECT), LAN_SET_IP, SERIAL_CONNECT_ENABLE, SET_LED_STATE, UPDATE_VERSION (the driver's
-// revision).
+// AEC_SET_MODE (8 bits), AEC_SET_8KHZ, AUDIO_SELECT_INPUT and _OUTPUT (the audio parameters
+// MIC_SELECT and SPKR_SELECT), LAN_SET_IP, SERIAL_CONNECT_ENABLE, SET_LED_STATE, UPDATE_VERSION
+// (the driver's revision).
 //
 // Others:
 // - GET_VER: board revision; driver revision; VPIC revision * 256 + JADE revision.
@@ -62,7 +62,6 @@ struct Stream {
 struct Firmware {
     Firmware();
 
-    Registers akm{.last = 25, .mask = 0xFF};
     Registers audioParameters;
     Registers cameraParameters{.last = 31, .mask = 0xFFFF};
     Registers ports;
@@ -77,7 +76,6 @@ struct Firmware {
     uint32_t standby = 0;
     uint32_t cameraInput = 1;
     uint32_t cameraType = 0;
-    uint32_t aecMode = 0;
     uint32_t aecAt8kHz = 0;
     uint32_t lanAddress = 0;
     uint32_t serialConnect = 0;

@@ -21,7 +21,7 @@ struct ModuleEntry {
     Module module;
     const char* name;
     // How the names of its operations and commands begin.
-    std::array<std::string_view, 4> prefixes{};
+    std::array<std::string_view, 5> prefixes{};
     // Adds what the module holds beside its services' states.
     void (*describe)(const State& state, Lines& lines) = nullptr;
 };
@@ -158,7 +158,7 @@ constexpr auto kModules = std::to_array<ModuleEntry>({
     {Module::Iom2, "Iom2", {"TALVERO_DBG_MON_", "KORA_DLL_GetMonitorHandle"}, DescribeIom2},
     {Module::Arcofi,
      "Arcofi",
-     {"TALVERO_DBG_ARCF_", "TALVERO_DBG_SAEC_", "vdapi_ARCOFI_", "vdapi_SAEC_"},
+     {"TALVERO_DBG_ARCF_", "TALVERO_DBG_SAEC_", "vdapi_ARCOFI_", "vdapi_SAEC_", "vdapi_AEC_"},
      DescribeArcofi},
     {Module::Jade, "Jade", {"vdapi_JADE_"}},
     {Module::Auxdev, "Auxdev", {"vdapi_AUXDEV_"}, DescribeAuxdev},

@@ -4,6 +4,8 @@
 #include <array>
 
 #include "board/address_space.h"
+#include "board/aec.h"
+#include "board/akm.h"
 #include "board/arcofi.h"
 #include "board/i2c_bus.h"
 #include "board/isac.h"
@@ -21,6 +23,8 @@ struct Hardware {
     std::array<Registers, kIsacChips> isacs{IsacAtPowerOn(), IsacAtPowerOn(), IsacAtPowerOn()};
     Arcofi arcofi;
     Saec saec;
+    Aec aec;
+    Akm akm;
     I2cBus i2cBus;
     Registers jade = JadeAtPowerOn();
 };

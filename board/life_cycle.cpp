@@ -83,6 +83,7 @@ constexpr std::array<ServiceEntry, kServiceCount> kServices{{
     {Service::Arcofi, Module::Arcofi, "ARCOFI", true, ResetArcofi},
     {Service::Saec, Module::Arcofi, "echo canceller", false,
      [](State& state) { state.hardware.saec = {}; }},
+    {Service::Aec, Module::Arcofi, "echo-cancelling DSP", false},
     {Service::I2c, Module::I2c, "I2C bus", false},
     {Service::DigitalCamera, Module::Camera, "digital camera", false,
      [](State& state) { state.hardware.i2cBus.Reset(kDigitalCamera); }},

@@ -66,6 +66,7 @@ enum class Service {
     MonitorSbcx,    // monitor device 12
     Arcofi,
     Saec,
+    Aec,
     I2c,
     DigitalCamera,
     AnalogCamera,

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "board/speech.h"
+
 namespace board {
 namespace {
 
@@ -17,18 +19,18 @@ constexpr uint32_t kReceiveGain = 0x2007D;
 constexpr auto kHardwareConfiguration =
     std::to_array<uint32_t>({0x10000, 0x10100, 0x10200, 0x10300});
 
-// A level rises from `lowest` to `highest` and falls back in each period; 340 are about 1 dB.
+// A level that follows a voice between two values; 340 are about 1 dB.
 struct Level {
     uint32_t address;  // in the internal memory
-    uint32_t lowest;
-    uint32_t highest;
-    uint32_t period;  // milliseconds
+    uint32_t quiet;
+    uint32_t loud;
+    uint32_t voice;  // whose: its seed
 };
 
 constexpr auto kLevels = std::to_array<Level>({
-    {0xFFDA, 12000, 22000, 20000},  // what the line brings
-    {0xFFC0, 1000, 4000, 30000},    // attenuation on the way out
-    {0xFFC1, 2000, 5000, 14000},    // attenuation on the way in
+    {0xFFDA, 6800, 22000, 1},  // what the line brings
+    {0xFFC0, 700, 4800, 1},    // attenuation on the way out, while the line speaks
+    {0xFFC1, 900, 6100, 2},    // attenuation on the way in, while the room does
 });
 
 const Level* FindLevel(uint32_t address) {
@@ -37,10 +39,8 @@ const Level* FindLevel(uint32_t address) {
 }
 
 uint32_t ValueAt(const Level& level, uint32_t milliseconds) {
-    const uint32_t half = level.period / 2;
-    const uint32_t phase = milliseconds % level.period;
-    const uint32_t climbed = phase < half ? phase : level.period - phase;
-    return level.lowest + (level.highest - level.lowest) * climbed / half;
+    return level.quiet +
+           (level.loud - level.quiet) * LoudnessAt(level.voice, milliseconds) / kLoudest;
 }
 
 bool IsHardwareConfiguration(uint32_t id) {

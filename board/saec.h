@@ -3,7 +3,8 @@
 // An id's bits 16 to 23 are its class: 1 one of four bytes of hardware configuration, whose index
 // is in bits 8 to 15; 2 a register of 16 bits, whose address is in bits 0 to 7; 3 the status. Two
 // registers reach the chip's internal memory of 16-bit words: an address is written to 0x2008B, and
-// 0x2008C then stands for the word at it. Some words are levels that the chip measures.
+// 0x2008C then stands for the word at it. Some words are levels that the chip measures, and follow
+// those who speak.
 #pragma once
 
 #include <cstdint>

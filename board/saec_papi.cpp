@@ -10,7 +10,7 @@ using namespace board;
 uint32_t WINAPI vdapi_SAEC_Read(uint32_t registerId, uint32_t* value) {
     return OnService(Service::Saec, {"vdapi_SAEC_Read", {registerId, value}}, [=](State& state) {
         return ReadInto(state, value, [&](uint32_t& read) {
-            return state.hardware.saec.Read(registerId, GetTickCount(), read);
+            return state.hardware.saec.Read(registerId, state.Time(), read);
         });
     });
 }

@@ -2,7 +2,13 @@
 
 #include <algorithm>
 
+#include "platform/win32.h"
+
 namespace board {
+
+uint32_t State::Time() const {
+    return keptTime.value_or(GetTickCount());
+}
 
 uint32_t State::IsacChips() const {
     const uint32_t most = MostIsacChips(revisions.board);

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 
 #include "board/auxiliary_device.h"
@@ -48,6 +49,7 @@ struct State {
     bool resultIsBit = false;                     // the operation at work answers a bit, not a code
     uint32_t stuckBits = 0;                       // they read 1 in what the operation at work gives
     std::map<std::string, CallCount> callCounts;  // by name of the command or operation
+    std::optional<uint32_t> keptTime;             // where a test keeps the clock
     Schedule schedule;
     Outbox outbox;
     Registrations registrations;
@@ -71,6 +73,9 @@ struct State {
         resultIsBit = true;
         return bit;
     }
+
+    // The board's time in milliseconds: the system's tick count, unless a test keeps the clock.
+    uint32_t Time() const;
 
     // How many ISAC chips the board has.
     uint32_t IsacChips() const;

@@ -1,16 +1,18 @@
-// The audio codec's and the echo canceller's registers.
+// The audio codecs' and the echo cancellers' registers.
 #include <algorithm>
 #include <array>
-#include <chrono>
-#include <cstdlib>
 #include <numeric>
-#include <thread>
+#include <set>
 #include <utility>
+#include <vector>
 
+#include "driver/firmware_command.h"
 #include "tests/board/board_test.h"
 
 using ArcofiRegisters = BoardTest;
 using SaecRegisters = BoardTest;
+using EchoCanceller = BoardTest;
+using AkmRegisters = BoardTest;
 
 namespace {
 
@@ -143,19 +145,113 @@ TEST_F(SaecRegisters, ReachTheInternalMemoryThroughAnAddress) {
     EXPECT_EQ(WriteSaec(0x2008C, 1), VXD_ILLEGAL_OPERATION) << "a level is measured";
 }
 
-TEST_F(SaecRegisters, MeasureLevelsThatMoveSlowly) {
-    constexpr uint32_t kHighest = 0x7FFF;
-    constexpr int kLargestStep = 1000;
-    for (const uint32_t address : {0xFFDAu, 0xFFC0u, 0xFFC1u}) {
-        const uint32_t first = ReadLevel(address);
-        uint32_t later = first;
-        for (int wait = 0; wait < 100 && later == first; ++wait) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-            later = ReadLevel(address);
+TEST_F(SaecRegisters, MeasureLevelsThatMoveAsThoseWhoSpeak) {
+    constexpr uint32_t kStart = 0xFFFF0000;  // the clock runs over on the way
+    constexpr uint32_t kMinute = 60000;
+    constexpr uint32_t kStep = 20;
+    constexpr uint32_t kLongPause = 200;
+    const auto course = [](uint32_t address) {
+        std::vector<uint32_t> levels;
+        for (uint32_t time = 0; time < kMinute; time += kStep) {
+            board::SetTime(kStart + time);
+            levels.push_back(ReadLevel(address));
         }
-        EXPECT_NE(later, first) << std::hex << address;
-        EXPECT_LT(std::abs(static_cast<int>(later) - static_cast<int>(first)), kLargestStep);
-        EXPECT_GT(first, 0u);
-        EXPECT_LE(first, kHighest);
+        return levels;
+    };
+    std::set<std::vector<uint32_t>> courses;
+    for (const uint32_t address : {0xFFDAu, 0xFFC0u, 0xFFC1u}) {
+        const std::vector<uint32_t> levels = course(address);
+        EXPECT_EQ(course(address), levels) << "the same minute again";
+        const auto [lowest, highest] = std::ranges::minmax(levels);
+        EXPECT_GT(lowest, 0u);
+        EXPECT_LE(highest, 0x7FFFu);
+        std::set<uint32_t> peaks;
+        std::set<size_t> pauses;
+        size_t quiet = 0;
+        for (size_t at = 1; at + 1 < levels.size(); ++at) {
+            if (levels[at - 1] < levels[at] && levels[at] >= levels[at + 1]) {
+                peaks.insert(levels[at]);
+            }
+            if (levels[at] == lowest) {
+                ++quiet;
+            } else if (std::exchange(quiet, 0) * kStep >= kLongPause) {
+                pauses.insert(at);
+            }
+        }
+        // Some syllables a second, of all strengths, in a dozen groups or more.
+        EXPECT_GT(peaks.size(), 60u);
+        EXPECT_LT(peaks.size(), 300u);
+        EXPECT_GE(pauses.size(), 10u);
+        EXPECT_LE(pauses.size(), 30u);
+        const auto silent = std::ranges::count(levels, lowest);
+        EXPECT_GT(silent * kStep, kMinute / 6);
+        EXPECT_LT(silent * kStep, kMinute / 2);
+        courses.insert(levels);
     }
+    EXPECT_EQ(courses.size(), 3u);
+}
+
+TEST_F(EchoCanceller, KeepsItsModeWhileItIsUp) {
+    const auto mode = [] { return Send(PELLAN_COMMAND_AEC_GET_MODE).first; };
+    EXPECT_EQ(vdapi_AEC_SetMode(0x8C), VXD_SUCCESS) << "up since power-on";
+    EXPECT_EQ(mode(), 0x8Cu);
+    EXPECT_EQ(vdapi_AEC_SetMode(0x100), VXD_INVALID_PARAMETER);
+    EXPECT_EQ(Send(PELLAN_COMMAND_AEC_SET_MODE, 0x148).code, VXD_INVALID_PARAMETER);
+    EXPECT_EQ(mode(), 0x8Cu);
+    EXPECT_EQ(vdapi_AEC_Initialize(), VXD_SUCCESS);
+    EXPECT_EQ(mode(), 0u);
+    EXPECT_EQ(vdapi_AEC_Initialize(), VXD_OPERATION_ALREADY_DONE);
+    Send(PELLAN_COMMAND_AEC_SET_MODE, 0x48);
+    EXPECT_EQ(vdapi_AEC_Terminate(), VXD_SUCCESS);
+    EXPECT_EQ(vdapi_AEC_Terminate(), VXD_CONFIGURATION_NOT_SET);
+    EXPECT_EQ(vdapi_AEC_SetMode(0x81), VXD_CONFIGURATION_NOT_SET);
+    EXPECT_EQ(mode(), 0x48u) << "the latch keeps what it has";
+}
+
+TEST_F(AkmRegisters, AreTheFirmwaresOwnWithASwitchOnEachOfTheirBits) {
+    const auto read = [](uint32_t number) {
+        uint8_t value = 0xA5;
+        EXPECT_EQ(vdapi_AKM_ReadRegister(number, &value), VXD_SUCCESS) << number;
+        return value;
+    };
+    EXPECT_EQ(vdapi_AKM_WriteRegister(0x19, 0x1C3), VXD_SUCCESS);
+    EXPECT_EQ(read(0x19), 0xC3) << "8 bits of it";
+    EXPECT_EQ(Send(PELLAN_COMMAND_AKM_READ_REGISTER, 0x19).first, 0xC3u);
+    Send(PELLAN_COMMAND_AKM_WRITE_REGISTER, 0x04, 0x3A);
+    EXPECT_EQ(read(0x04), 0x3A);
+
+    for (uint32_t number = 0x10; number <= 0x15; ++number) {
+        vdapi_AKM_WriteRegister(number, 0);
+    }
+    // In the switches' order; together they set all the bits that are wired.
+    constexpr std::array<std::pair<uint32_t, uint32_t>, 17> kWired{{{0x10, 0x10},
+                                                                    {0x10, 0x18},
+                                                                    {0x10, 0x19},
+                                                                    {0x11, 0x20},
+                                                                    {0x11, 0x30},
+                                                                    {0x11, 0x38},
+                                                                    {0x11, 0x3C},
+                                                                    {0x12, 0x10},
+                                                                    {0x12, 0x18},
+                                                                    {0x13, 0x10},
+                                                                    {0x13, 0x18},
+                                                                    {0x14, 0x10},
+                                                                    {0x14, 0x18},
+                                                                    {0x14, 0x1C},
+                                                                    {0x15, 0x10},
+                                                                    {0x15, 0x18},
+                                                                    {0x15, 0x1C}}};
+    for (uint32_t number = 0; number < kWired.size(); ++number) {
+        EXPECT_EQ(vdapi_AKM_SetSwitch(number, 2), VXD_SUCCESS);
+        EXPECT_EQ(read(kWired[number].first), kWired[number].second) << number;
+    }
+    EXPECT_EQ(vdapi_AKM_SetSwitch(5, 0), VXD_SUCCESS);
+    EXPECT_EQ(read(0x11), 0x34);
+
+    uint8_t untouched = 0x77;
+    EXPECT_EQ(vdapi_AKM_ReadRegister(0x1A, &untouched), VXD_INVALID_PARAMETER);
+    EXPECT_EQ(untouched, 0x77);
+    EXPECT_EQ(vdapi_AKM_ReadRegister(0, nullptr), VXD_INVALID_PARAMETER);
+    EXPECT_EQ(vdapi_AKM_WriteRegister(0x1A, 0), VXD_INVALID_PARAMETER);
+    EXPECT_EQ(vdapi_AKM_SetSwitch(17, 1), VXD_INVALID_PARAMETER);
 }
