@@ -48,6 +48,7 @@ enum class WidgetKind {
     kSurface,  // child window of a class of the program's own; shows pixels
     kLabel,    // static text
     kPicture,  // static that shows an icon
+    kFrame,    // static that is a frame around what is drawn in it
     kPushButton,
     kCheckBox,
     kRadioButton,

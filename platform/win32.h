@@ -65,6 +65,7 @@ typedef HINSTANCE HMODULE;
 DECLARE_HANDLE(HICON);
 typedef HICON HCURSOR;
 DECLARE_HANDLE(HBRUSH);
+DECLARE_HANDLE(HBITMAP);
 DECLARE_HANDLE(HDC);
 
 typedef LRESULT(CALLBACK* WNDPROC)(HWND, UINT, WPARAM, LPARAM);
@@ -137,6 +138,40 @@ typedef struct tagPAINTSTRUCT {
     BOOL fIncUpdate;
     BYTE rgbReserved[32];
 } PAINTSTRUCT, *LPPAINTSTRUCT;
+
+// Pixels in memory. Only those of 32 bits are drawn: blue, green, red and an unused byte. The bottom row comes first, unless the height is negative.
+typedef struct tagBITMAPINFOHEADER {
+    DWORD biSize;
+    LONG biWidth;
+    LONG biHeight;
+    WORD biPlanes;
+    WORD biBitCount;
+    DWORD biCompression;
+    DWORD biSizeImage;
+    LONG biXPelsPerMeter;
+    LONG biYPelsPerMeter;
+    DWORD biClrUsed;
+    DWORD biClrImportant;
+} BITMAPINFOHEADER;
+
+typedef struct tagRGBQUAD {
+    BYTE rgbBlue;
+    BYTE rgbGreen;
+    BYTE rgbRed;
+    BYTE rgbReserved;
+} RGBQUAD;
+
+typedef struct tagBITMAPINFO {
+    BITMAPINFOHEADER bmiHeader;
+    RGBQUAD bmiColors[1];
+} BITMAPINFO;
+
+#define BI_RGB 0
+#define DIB_RGB_COLORS 0
+#define SRCCOPY ((DWORD)0x00CC0020)
+#define SRCAND ((DWORD)0x008800C6)
+#define BLACKONWHITE 1
+#define COLORONCOLOR 3
 
 typedef struct tagMINMAXINFO {
     POINT ptReserved;
@@ -295,8 +330,12 @@ typedef struct tagMINMAXINFO {
 #define SS_CENTER 0x0001
 #define SS_RIGHT 0x0002
 #define SS_ICON 0x0003
+#define SS_BLACKFRAME 0x0007
+#define SS_GRAYFRAME 0x0008
+#define SS_WHITEFRAME 0x0009
 #define SS_SIMPLE 0x000B
 #define SS_LEFTNOWORDWRAP 0x000C
+#define SS_ETCHEDFRAME 0x0012
 #define SS_TYPEMASK 0x001F
 #define SS_NOPREFIX 0x0080
 #define STM_SETICON 0x0170
@@ -585,10 +624,26 @@ HBRUSH WINAPI CreateSolidBrush(COLORREF colour);
 BOOL WINAPI DeleteObject(HGDIOBJ object);
 int WINAPI FillRect(HDC dc, const RECT* rect, HBRUSH brush);
 COLORREF WINAPI GetPixel(HDC dc, int x, int y);
+// A memory device context draws on the bitmap that is selected into it, which no other may have and
+// which can't be deleted meanwhile. Other objects are not selected. A bitmap that matches a context
+// with no bitmap of its own would be monochrome, and is not made.
+HDC WINAPI CreateCompatibleDC(HDC dc);
+BOOL WINAPI DeleteDC(HDC dc);
+HGDIOBJ WINAPI SelectObject(HDC dc, HGDIOBJ object);
+HBITMAP WINAPI CreateCompatibleBitmap(HDC dc, int width, int height);
+// Operations are SRCCOPY and SRCAND. What the source has not got is not drawn.
+BOOL WINAPI BitBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX,
+                   int sourceY, DWORD operation);
+// A picture is shrunk in mode COLORONCOLOR only.
+int WINAPI SetStretchBltMode(HDC dc, int mode);
+int WINAPI StretchDIBits(HDC dc, int x, int y, int width, int height, int sourceX, int sourceY,
+                         int sourceWidth, int sourceHeight, LPCVOID bits, const BITMAPINFO* info,
+                         UINT use, DWORD operation);
 
 // Resources.
 HICON WINAPI LoadIconA(HINSTANCE instance, LPCSTR name);
 HCURSOR WINAPI LoadCursorA(HINSTANCE instance, LPCSTR name);
+HBITMAP WINAPI LoadBitmapA(HINSTANCE instance, LPCSTR name);
 
 // Profile files. A bare file name lives in the settings folder, which GetWindowsDirectoryA names.
 UINT WINAPI GetPrivateProfileIntA(LPCSTR section, LPCSTR key, INT defaultValue, LPCSTR file);

@@ -1,5 +1,5 @@
 // What a window does with a message that its program leaves alone.
-#include "platform/core/paint.h"
+#include "platform/core/drawing.h"
 #include "platform/core/queue.h"
 #include "platform/core/window.h"
 

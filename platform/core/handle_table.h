@@ -11,7 +11,15 @@ namespace vxd {
 
 // What a handle stands for. The kind is part of the number, so that a menu's handle is not taken
 // for a window's.
-enum class HandleKind : std::uint32_t { kWindow = 1, kMenu = 2, kIcon = 3, kBrush = 4, kDc = 5 };
+enum class HandleKind : std::uint32_t {
+    kWindow = 1,
+    kMenu = 2,
+    kIcon = 3,
+    kBrush = 4,
+    kDc = 5,
+    kBitmap = 6,
+    kDriver = 7,
+};
 
 // Owns objects and names them by 32-bit handles: 4 bits kind, 12 bits generation, 16 bits index.
 // A handle whose object is gone is refused until 4095 later objects have used its place.

@@ -1,6 +1,6 @@
-// Painting: update regions, device contexts and brushes. Every window that is drawn on has pixels.
-// Those of a dialog or of a built-in control lie over the look that the screen gives it, and are
-// transparent where nothing was drawn.
+// Painting: what of a window waits to be painted. Every window that is drawn on has pixels. Those of
+// a dialog or of a built-in control lie over the look that the screen gives it, and are transparent
+// where nothing was drawn.
 //
 // Everything here belongs to the user-interface thread.
 #pragma once
@@ -18,11 +18,5 @@ const Window* NextWindowToPaint(const std::function<bool(const Window&)>& wanted
 void ClientResized(Window& window);
 // A built-in control shows its own look again: what was drawn on it is gone.
 void DrawnAnew(Window& control);
-// The device context that a window of a CS_OWNDC class keeps for its life.
-void MakeOwnContext(Window& window);
-void EndOwnContext(Window& window);
-// Fills what `dc` may draw on with the class's background; whether the class has one. A dialog
-// shows its own look there.
-bool EraseBackground(Window& window, HDC dc);
 
 }  // namespace vxd

@@ -2,76 +2,15 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <string_view>
 #include <utility>
 
+#include "platform/core/resource_reader.h"
 #include "platform/core/resource_registry.h"
 #include "platform/core/text.h"
-#include "platform/core/utf16.h"
 
 namespace vxd {
 namespace {
-
-// Reads little-endian data from front to back. Reading past the end gives zeros and empty texts
-// from there on, and Failed() tells.
-class Reader {
-  public:
-    explicit Reader(Bytes data) : data_(data) {}
-
-    bool Failed() const { return failed_; }
-    bool AtEnd() const { return position_ == data_.size(); }
-
-    std::uint8_t Byte() { return static_cast<std::uint8_t>(Number(1)); }
-    std::uint16_t Word() { return static_cast<std::uint16_t>(Number(2)); }
-    std::uint32_t Dword() { return Number(4); }
-    int SignedWord() { return static_cast<std::int16_t>(Word()); }
-    std::int32_t SignedDword() { return static_cast<std::int32_t>(Dword()); }
-
-    Bytes Take(std::size_t size) {
-        if (failed_ || size > data_.size() - position_) {
-            failed_ = true;
-            return {};
-        }
-        const Bytes taken = data_.subspan(position_, size);
-        position_ += size;
-        return taken;
-    }
-
-    // Goes on at the next multiple of four bytes from the start.
-    void Align() { Take((4 - position_ % 4) % 4); }
-
-    std::string Text() {
-        std::u16string text;
-        for (char16_t unit = Word(); unit != 0; unit = Word())
-            text.push_back(unit);
-        return Utf8FromUtf16(text);
-    }
-
-    ResourceName Name() {
-        constexpr std::uint16_t kNumberFollows = 0xFFFF;
-        Reader ahead = *this;
-        if (ahead.Word() != kNumberFollows)
-            return Text();
-        Word();
-        return Word();
-    }
-
-  private:
-    std::uint32_t Number(std::size_t size) {
-        std::uint32_t number = 0;
-        unsigned shift = 0;
-        for (const std::byte byte : Take(size)) {
-            number |= std::to_integer<std::uint32_t>(byte) << shift;
-            shift += 8;
-        }
-        return number;
-    }
-
-    Bytes data_;
-    std::size_t position_ = 0;
-    bool failed_ = false;
-};
 
 // Attaching happens in constructors that run before main, in any order.
 std::vector<Bytes>& AttachedFiles() {
@@ -279,67 +218,6 @@ std::optional<DialogTemplate> ParseDialog(Bytes data) {
         dialog.controls.push_back(*std::move(control));
     }
     return dialog;
-}
-
-std::optional<std::uint16_t> ChooseIconImage(Bytes group, int size) {
-    constexpr std::uint16_t kIconGroup = 1;
-    Reader reader(group);
-    reader.Word();  // reserved
-    if (reader.Word() != kIconGroup)
-        return std::nullopt;
-    std::optional<std::uint16_t> best;
-    int bestWidth = 0;
-    const std::uint16_t count = reader.Word();
-    for (int i = 0; i < count && !reader.Failed(); ++i) {
-        const std::uint8_t storedWidth = reader.Byte();
-        const int width = storedWidth != 0 ? storedWidth : 256;
-        reader.Take(5);  // height, number of colours, reserved, planes
-        const std::uint16_t bitsPerPixel = reader.Word();
-        reader.Dword();  // number of bytes
-        const std::uint16_t id = reader.Word();
-        const int distance = std::abs(width - size);
-        const int bestDistance = std::abs(bestWidth - size);
-        if (bitsPerPixel == 32 &&
-            (!best || distance < bestDistance || (distance == bestDistance && width > bestWidth))) {
-            best = id;
-            bestWidth = width;
-        }
-    }
-    return reader.Failed() ? std::nullopt : best;
-}
-
-std::optional<Pixels> ParseIconImage(Bytes data) {
-    constexpr std::uint32_t kHeaderSize = 40;
-    constexpr std::int32_t kMaxSide = 256;
-    Reader reader(data);
-    const std::uint32_t headerSize = reader.Dword();
-    const std::int32_t width = reader.SignedDword();
-    const std::int32_t doubleHeight = reader.SignedDword();  // of the pixels and of the mask
-    const std::uint16_t planes = reader.Word();
-    const std::uint16_t bitsPerPixel = reader.Word();
-    const std::uint32_t compression = reader.Dword();
-    reader.Take(20);  // image size, resolution, palette
-    if (reader.Failed() || headerSize != kHeaderSize || planes != 1 || bitsPerPixel != 32 ||
-        compression != 0)
-        return std::nullopt;
-    const std::int32_t height = doubleHeight / 2;
-    if (width < 1 || width > kMaxSide || height < 1 || height > kMaxSide)
-        return std::nullopt;
-
-    Pixels pixels{width, height, {}};
-    const auto rowLength = static_cast<std::size_t>(width);
-    pixels.data.resize(rowLength * static_cast<std::size_t>(height));
-    // The bottom row comes first. A little-endian B, G, R, A is 0xAARRGGBB.
-    for (auto row = pixels.data.end(); row != pixels.data.begin();) {
-        row -= width;
-        std::generate_n(row, rowLength, [&reader] { return reader.Dword(); });
-    }
-    return reader.Failed() ? std::nullopt : std::optional(std::move(pixels));
-}
-
-std::optional<Pixels> FindIcon(const ResourceName& name, int size) {
-    const auto image = ChooseIconImage(FindResource(kResourceGroupIcon, name), size);
-    return image ? ParseIconImage(FindResource(kResourceIcon, *image)) : std::nullopt;
 }
 
 }  // namespace vxd

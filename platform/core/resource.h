@@ -1,5 +1,5 @@
-// Compiled resources: finding them in the attached .res files, and reading menus, dialog templates
-// and icons.
+// Compiled resources: finding them in the attached .res files, and reading menus, dialog templates,
+// icons and bitmaps.
 //
 // Nothing in the data is trusted: every length and offset is checked against the end of the bytes
 // given. Where they are damaged a reader gives nothing, and never part of a resource. Texts become
@@ -26,6 +26,7 @@ using Bytes = std::span<const std::byte>;
 // The type or the name of a resource: a number, or a text that is compared ignoring case.
 using ResourceName = std::variant<std::uint16_t, std::string>;
 
+inline constexpr std::uint16_t kResourceBitmap = 2;
 inline constexpr std::uint16_t kResourceIcon = 3;
 inline constexpr std::uint16_t kResourceMenu = 4;
 inline constexpr std::uint16_t kResourceDialog = 5;
@@ -101,5 +102,8 @@ std::optional<std::uint16_t> ChooseIconImage(Bytes group, int size);
 std::optional<Pixels> ParseIconImage(Bytes data);
 // Both in one: what a kResourceGroupIcon resource shows at about `size` pixels a side.
 std::optional<Pixels> FindIcon(const ResourceName& name, int size);
+
+// Reads an uncompressed bitmap of 1, 4, 8, 24 or 32 bits a pixel. All its pixels are opaque.
+std::optional<Pixels> ParseBitmap(Bytes data);
 
 }  // namespace vxd

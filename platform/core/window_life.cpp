@@ -3,10 +3,10 @@
 
 #include "platform/core/activation.h"
 #include "platform/core/desk.h"
+#include "platform/core/device_context.h"
 #include "platform/core/dialog.h"
 #include "platform/core/icon.h"
 #include "platform/core/menu.h"
-#include "platform/core/paint.h"
 #include "platform/core/placement.h"
 #include "platform/core/queue.h"
 #include "platform/core/window_class.h"

@@ -86,6 +86,8 @@ std::unique_ptr<Control> MakeControl(const WidgetSetup& setup, QWidget& parent, 
             return MakeLabel(setup, parent);
         case WidgetKind::kPicture:
             return MakePicture(setup, parent);
+        case WidgetKind::kFrame:
+            return MakeFrame(setup, parent);
         case WidgetKind::kPushButton:
             return MakePushButton(setup, parent, report);
         case WidgetKind::kCheckBox:

@@ -73,6 +73,7 @@ std::unique_ptr<Control> MakeControl(const WidgetSetup& setup, QWidget& parent, 
 // The makers of the single families, for MakeControl.
 std::unique_ptr<Control> MakeLabel(const WidgetSetup& setup, QWidget& parent);
 std::unique_ptr<Control> MakePicture(const WidgetSetup& setup, QWidget& parent);
+std::unique_ptr<Control> MakeFrame(const WidgetSetup& setup, QWidget& parent);
 std::unique_ptr<Control> MakeGroupBox(const WidgetSetup& setup, QWidget& parent);
 std::unique_ptr<Control> MakePushButton(const WidgetSetup& setup, QWidget& parent, Report& report);
 std::unique_ptr<Control> MakeCheckBox(const WidgetSetup& setup, QWidget& parent, Report& report);

@@ -28,4 +28,8 @@ QRect Update(QImage& image, const Pixels& pixels, const Rect& changed, QImage::F
     return area;
 }
 
+void Paint(QPainter& painter, const QImage& image) {
+    painter.drawImage(QPoint(), image);
+}
+
 }  // namespace vxd::qt

@@ -15,13 +15,16 @@ Overlay::Overlay(QWidget& control) : QWidget(&control) {
 
 void Overlay::Draw(const Pixels& pixels, const Rect& changed) {
     const QRect area = Update(image_, pixels, changed, QImage::Format_ARGB32);
-    resize(image_.size());
-    raise();
+    if (size() != image_.size()) {
+        resize(image_.size());
+        raise();
+    }
     update(area);
 }
 
-void Overlay::paintEvent(QPaintEvent* event) {
-    QPainter(this).drawImage(event->rect(), image_, event->rect());
+void Overlay::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    Paint(painter, image_);
 }
 
 }  // namespace vxd::qt

@@ -1,4 +1,5 @@
-// Controls that only show: labels, pictures, group boxes.
+// Controls that only show: labels, pictures, frames, group boxes.
+#include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPainter>
@@ -77,6 +78,23 @@ class Picture : public Control {
     }
 };
 
+class FrameLine : public Control {
+  public:
+    FrameLine(const WidgetSetup& setup, QWidget& parent)
+        : Control(setup, std::make_unique<QFrame>(&parent)) {
+        auto& frame = static_cast<QFrame&>(Widget());
+        const std::uint32_t type = setup.style & SS_TYPEMASK;
+        frame.setFrameStyle(QFrame::Box | (type == SS_ETCHEDFRAME ? QFrame::Sunken : QFrame::Plain));
+        // A plain frame is drawn in the colour of texts.
+        const QPalette::ColorRole role = type == SS_BLACKFRAME  ? QPalette::WindowText
+                                         : type == SS_GRAYFRAME ? QPalette::Dark
+                                                                : QPalette::Light;
+        QPalette palette = frame.palette();
+        palette.setColor(QPalette::WindowText, palette.color(role));
+        frame.setPalette(palette);
+    }
+};
+
 class GroupBox : public Control {
   public:
     GroupBox(const WidgetSetup& setup, QWidget& parent)
@@ -98,6 +116,10 @@ std::unique_ptr<Control> MakeLabel(const WidgetSetup& setup, QWidget& parent) {
 
 std::unique_ptr<Control> MakePicture(const WidgetSetup& setup, QWidget& parent) {
     return std::make_unique<Picture>(setup, parent);
+}
+
+std::unique_ptr<Control> MakeFrame(const WidgetSetup& setup, QWidget& parent) {
+    return std::make_unique<FrameLine>(setup, parent);
 }
 
 std::unique_ptr<Control> MakeGroupBox(const WidgetSetup& setup, QWidget& parent) {

@@ -81,7 +81,7 @@ void Surface::paintEvent(QPaintEvent* event) {
     // Until the core has drawn for a new size, part of the area has no pixels yet.
     if (!image_.rect().contains(event->rect()))
         painter.fillRect(event->rect(), palette().window());
-    painter.drawImage(event->rect(), image_, event->rect());
+    Paint(painter, image_);
     if (kind_ == WidgetKind::kWindow)
         ClientAreaPainted();
 }

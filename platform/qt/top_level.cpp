@@ -80,8 +80,9 @@ class Frame : public QWidget {
         return (client_ == nullptr && ReportMouse(report_, id_, *event)) || QWidget::event(event);
     }
 
-    void paintEvent(QPaintEvent* event) override {
-        QPainter(this).drawImage(event->rect(), drawing_, event->rect());
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        Paint(painter, drawing_);
     }
 
     void closeEvent(QCloseEvent* event) override {

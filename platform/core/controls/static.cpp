@@ -1,4 +1,4 @@
-// Static controls: texts and icons.
+// Static controls: texts, icons and frames.
 #include "platform/core/controls/control.h"
 #include "platform/core/icon.h"
 
@@ -10,7 +10,17 @@ class Static : public BasicControl {
     using BasicControl::BasicControl;
 
     WidgetKind Kind() const override {
-        return (window_.style & SS_TYPEMASK) == SS_ICON ? WidgetKind::kPicture : WidgetKind::kLabel;
+        switch (window_.style & SS_TYPEMASK) {
+            case SS_ICON:
+                return WidgetKind::kPicture;
+            case SS_BLACKFRAME:
+            case SS_GRAYFRAME:
+            case SS_WHITEFRAME:
+            case SS_ETCHEDFRAME:
+                return WidgetKind::kFrame;
+            default:
+                return WidgetKind::kLabel;
+        }
     }
 
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override {
