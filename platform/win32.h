@@ -139,7 +139,8 @@ typedef struct tagPAINTSTRUCT {
     BYTE rgbReserved[32];
 } PAINTSTRUCT, *LPPAINTSTRUCT;
 
-// Pixels in memory. Only those of 32 bits are drawn: blue, green, red and an unused byte. The bottom row comes first, unless the height is negative.
+// Pixels in memory. Only those of 32 bits are drawn: blue, green, red and an unused byte. The
+// bottom row comes first, unless the height is negative.
 typedef struct tagBITMAPINFOHEADER {
     DWORD biSize;
     LONG biWidth;

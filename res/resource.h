@@ -5,6 +5,11 @@
 // Icon.
 #define IDI_APP 101
 
+// What a map of motion vectors is made of, in cells of 16 pixels: a colour for each length, and an
+// arrow for each direction, black on white.
+#define IDB_MOTION_SCALE 107
+#define IDB_MOTION_DIRECTIONS 108
+
 // Menus. Both boards' menus use the same number for the same command.
 #define IDR_MENU_OLDER 3
 #define IDR_MENU_NEWER 4

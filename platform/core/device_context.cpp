@@ -11,8 +11,8 @@ namespace vxd {
 namespace {
 
 struct DeviceContext {
-    HWND window = nullptr;  // null: in memory
-    Rect clip;              // of a window's, in client coordinates
+    HWND window = nullptr;     // null: in memory
+    Rect clip;                 // of a window's, in client coordinates
     HBITMAP bitmap = nullptr;  // of one in memory
     int stretchMode = BLACKONWHITE;
 };

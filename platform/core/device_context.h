@@ -22,8 +22,8 @@ std::optional<Canvas> CanvasOf(HDC dc);
 const Pixels* PixelsSeenBy(HDC dc);
 // What SetStretchBltMode has set; 0 for a handle that is no context's.
 int StretchModeOf(HDC dc);
-// To be called when what lies in `area` of a canvas has changed: shows it on the screen at once, for
-// nobody need release a context for that.
+// To be called when what lies in `area` of a canvas has changed: shows it on the screen at once,
+// for nobody need release a context for that.
 void ShowChange(const Canvas& canvas, const Rect& area);
 
 Rect ClientRect(const Window& window);

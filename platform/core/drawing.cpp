@@ -79,8 +79,7 @@ void DrawRow(Pixel* to, const Pixel* from, int length, DWORD operation) {
 
 // Draws an area of `source` that begins at `from`. `to` is an area of the canvas, and as much of it
 // as canvas and source have is drawn on.
-void Copy(const Canvas& canvas, const Rect& to, const Pixels& source, Point from,
-          DWORD operation) {
+void Copy(const Canvas& canvas, const Rect& to, const Pixels& source, Point from, DWORD operation) {
     const int shiftX = to.x - from.x;
     const int shiftY = to.y - from.y;
     const Rect given{shiftX, shiftY, source.width, source.height};

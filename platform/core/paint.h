@@ -1,6 +1,6 @@
-// Painting: what of a window waits to be painted. Every window that is drawn on has pixels. Those of
-// a dialog or of a built-in control lie over the look that the screen gives it, and are transparent
-// where nothing was drawn.
+// Painting: what of a window waits to be painted. Every window that is drawn on has pixels. Those
+// of a dialog or of a built-in control lie over the look that the screen gives it, and are
+// transparent where nothing was drawn.
 //
 // Everything here belongs to the user-interface thread.
 #pragma once

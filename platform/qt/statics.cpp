@@ -84,7 +84,8 @@ class FrameLine : public Control {
         : Control(setup, std::make_unique<QFrame>(&parent)) {
         auto& frame = static_cast<QFrame&>(Widget());
         const std::uint32_t type = setup.style & SS_TYPEMASK;
-        frame.setFrameStyle(QFrame::Box | (type == SS_ETCHEDFRAME ? QFrame::Sunken : QFrame::Plain));
+        frame.setFrameStyle(QFrame::Box |
+                            (type == SS_ETCHEDFRAME ? QFrame::Sunken : QFrame::Plain));
         // A plain frame is drawn in the colour of texts.
         const QPalette::ColorRole role = type == SS_BLACKFRAME  ? QPalette::WindowText
                                          : type == SS_GRAYFRAME ? QPalette::Dark

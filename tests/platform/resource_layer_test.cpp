@@ -125,6 +125,28 @@ std::vector<std::byte> IconImage() {
     return data.Get();
 }
 
+// The head of a bitmap, up to its palette or its pixels.
+Data BitmapHead(int width, int height, unsigned bits, unsigned paletteSize) {
+    Data data;
+    data.Dword(40).Dword(static_cast<std::uint32_t>(width));
+    data.Dword(static_cast<std::uint32_t>(height)).Word(1).Word(bits).Dword(0);
+    return data.Dword(0).Dword(0).Dword(0).Dword(paletteSize).Dword(0);
+}
+
+// Two rows of two pixels, the lower one first.
+std::vector<std::byte> TrueColourBitmap() {
+    Data data = BitmapHead(2, 2, 24, 0);
+    data.Dword(0x04030201).Dword(0x0605).Dword(0x0A090807).Dword(0x0C0B);
+    return data.Get();
+}
+
+// Three pixels in one row, by a palette of three colours.
+std::vector<std::byte> PaletteBitmap(unsigned lastPixel) {
+    Data data = BitmapHead(3, -1, 4, 3);
+    data.Dword(0x00111213).Dword(0x00212223).Dword(0x00313233);
+    return data.Byte(0x21).Byte(lastPixel << 4).Byte(0).Byte(0).Get();
+}
+
 std::vector<std::byte> IconGroup(const std::vector<std::array<unsigned, 3>>& images) {
     Data data;
     data.Word(0).Word(1).Word(static_cast<unsigned>(images.size()));
@@ -228,6 +250,23 @@ TEST(Icons, ImagesAreTurnedUpright) {
     EXPECT_EQ(image->data, topRowFirst);
 }
 
+TEST(Bitmaps, BecomeOpaquePixelsTheUpperRowFirst) {
+    const auto trueColour = ParseBitmap(TrueColourBitmap());
+    ASSERT_TRUE(trueColour);
+    EXPECT_EQ(trueColour->width, 2);
+    EXPECT_EQ(trueColour->data,
+              (std::vector<std::uint32_t>{0xFF090807, 0xFF0C0B0A, 0xFF030201, 0xFF060504}));
+    const auto palette = ParseBitmap(PaletteBitmap(0));
+    ASSERT_TRUE(palette);
+    EXPECT_EQ(palette->height, 1);
+    EXPECT_EQ(palette->data, (std::vector<std::uint32_t>{0xFF313233, 0xFF212223, 0xFF111213}));
+    const auto beyond = ParseBitmap(PaletteBitmap(3));
+    ASSERT_TRUE(beyond);
+    EXPECT_EQ(beyond->data.back(), 0xFF000000u) << "a number beyond the palette is black";
+    EXPECT_FALSE(ParseBitmap(BitmapHead(0x7FFFFFFF, 0x7FFFFFFF, 32, 0).Get()));
+    EXPECT_FALSE(ParseBitmap(BitmapHead(1, 1, 16, 0).Dword(0).Get())) << "no format of ours";
+}
+
 std::vector<std::byte> Cut(const std::vector<std::byte>& data, std::size_t size) {
     return {data.begin(), data.begin() + static_cast<std::ptrdiff_t>(size)};
 }
@@ -265,6 +304,8 @@ TEST(DamagedResources, AreRefusedWhereTheyAreCutShortAndHarmlessWhereAByteIsWron
         {ClassicDialog(), PartsOf(ParseDialog, &DialogTemplate::controls)},
         {SmallMenu(), PartsOf(ParseMenu, &MenuTemplate::items)},
         {IconImage(), PartsOf(ParseIconImage, &Pixels::data)},
+        {TrueColourBitmap(), PartsOf(ParseBitmap, &Pixels::data)},
+        {PaletteBitmap(2), PartsOf(ParseBitmap, &Pixels::data)},
         {IconGroup({{{16, 32, 1}}, {{32, 32, 2}}}), readGroup}};
     for (const auto& [whole, read] : resources) {
         ASSERT_TRUE(read(whole));
