@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "board/codec_variables.h"
 #include "board/papi_operation.h"
 
 using namespace board;
@@ -21,16 +22,18 @@ size_t VariableBytes(uint32_t unitSize, int32_t count) {
 
 uint32_t WINAPI vdapi_VCPXI_VCPVariable_GetValue(const char* name, uint32_t unitSize, int32_t count,
                                                  void* buffer, uint32_t constant) {
-    return OnBoard({"vdapi_VCPXI_VCPVariable_GetValue", {name, unitSize, count, buffer, constant}},
-                   NotYetSimulated);
+    return OnBoard(
+        {"vdapi_VCPXI_VCPVariable_GetValue", {name, unitSize, count, buffer, constant}},
+        [=](State& state) { return ReadCodecVariable(state, name, unitSize, count, buffer); });
 }
 
 uint32_t WINAPI vdapi_VCPXI_VCPVariable_SetValue(const char* name, uint32_t unitSize, int32_t count,
                                                  const void* buffer, uint32_t constant) {
-    return OnBoard({"vdapi_VCPXI_VCPVariable_SetValue",
-                    {name, unitSize, count, buffer, constant},
-                    BytesAt(buffer, VariableBytes(unitSize, count))},
-                   NotYetSimulated);
+    return OnBoard(
+        {"vdapi_VCPXI_VCPVariable_SetValue",
+         {name, unitSize, count, buffer, constant},
+         BytesAt(buffer, VariableBytes(unitSize, count))},
+        [=](State& state) { return WriteCodecVariable(state, name, unitSize, count, buffer); });
 }
 
 uint32_t WINAPI vdapi_VcpCode_Download(const char* monitorPath, const char* codecPath,

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "board/codec_variables.h"
 #include "board/gds_dump.h"
 #include "board/isac.h"
 #include "board/isac_device.h"
@@ -120,7 +121,8 @@ constexpr auto kCommands = std::to_array<DebugCommand>({
      Handle<RegisterCodecProcessor>},
     {TALVERO_DBG_VCPXI_UNREGISTER, "TALVERO_DBG_VCPXI_UNREGISTER", 0,
      Handle<UnregisterCodecProcessor>},
-    {TALVERO_DBG_VCPXI_MULTIACCESS, "TALVERO_DBG_VCPXI_MULTIACCESS", sizeof(VcpxiTestBlock)},
+    {TALVERO_DBG_VCPXI_MULTIACCESS, "TALVERO_DBG_VCPXI_MULTIACCESS", sizeof(VcpxiTestBlock),
+     Handle<TestCodecVariable>},
     {TALVERO_DBG_I2C_TR_RST, "TALVERO_DBG_I2C_TR_RST", 0, Handle<TakeStep<Service::I2c, kReset>>},
     {TALVERO_DBG_CAM_DIGIT_TR_RST, "TALVERO_DBG_CAM_DIGIT_TR_RST", 0,
      Handle<TakeStep<Service::DigitalCamera, kReset>>},

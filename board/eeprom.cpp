@@ -1,6 +1,5 @@
 #include "board/eeprom.h"
 
-#include <atomic>
 #include <chrono>
 #include <cstdlib>
 #include <string>
@@ -8,6 +7,7 @@
 #include <vector>
 
 #include "board/state.h"
+#include "board/status_words.h"
 #include "platform/profile_keys.h"
 #include "platform/win32.h"
 
@@ -16,7 +16,6 @@ namespace {
 
 constexpr uint32_t kMostBytes = 8;
 constexpr uint8_t kErased = 0xFF;
-constexpr size_t kPendingFlagSlot = 0;  // in the table shared with the utility
 
 constexpr const char* kFile = "board.eeprom";
 constexpr const char* kSection = "EEPROM";
@@ -46,13 +45,6 @@ bool HasRange(uint32_t address, uint32_t length) {
     return length >= 1 && length <= kMostBytes && address <= kSize - length;
 }
 
-// The utility watches the flag from its own thread, without the board's lock.
-void ClearPendingFlag(const State& state) {
-    if (auto* flag = FromSlot<uint16_t>(state.sharedTable[kPendingFlagSlot])) {
-        std::atomic_ref(*flag).store(0);
-    }
-}
-
 // Starts a transfer: does `first` at once and, where that went well, `last` when `length` bytes'
 // time has passed.
 template <typename First, typename Last>
@@ -73,7 +65,7 @@ ResultCode Start(State& state, uint32_t length, First first, Last last) {
     eeprom.busyUntil = now + duration;
     state.schedule.After(duration, [last = std::move(last)](State& later) {
         last();
-        ClearPendingFlag(later);
+        ClearStatusWord<uint16_t>(later, StatusWord::EpromPending);
     });
     return VXD_SUCCESS;
 }

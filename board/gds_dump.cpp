@@ -96,6 +96,12 @@ void DescribeVcpxi(const State& state, Lines& lines) {
     lines.push_back(YesOrNo("client registered", state.services.codecProcessorRegistered));
 }
 
+void DescribeVcpRegs(const State& state, Lines& lines) {
+    lines.push_back(
+        Number("variables", static_cast<uint32_t>(state.hardware.codecVariables.size())));
+    lines.push_back(Number("accesses tested", state.services.codecVariableTests));
+}
+
 void DescribeBt85x(const State& state, Lines& lines) {
     lines.push_back(state.services.displayType == 0 ? "display type: NTSC" : "display type: PAL");
 }
@@ -176,7 +182,7 @@ constexpr auto kModules = std::to_array<ModuleEntry>({
     {Module::Hsd, "HSD", {}, DescribeUserData<USER_DATA_HSD>},
     {Module::Mlp, "MLP", {}, DescribeUserData<USER_DATA_MLP>},
     {Module::Bt85x, "Bt85x", {"TALVERO_DBG_BT85X_", "vdapi_BT85X_"}, DescribeBt85x},
-    {Module::VcpRegs, "vcpregs", {"vdapi_VCPXI_"}},
+    {Module::VcpRegs, "vcpregs", {"vdapi_VCPXI_"}, DescribeVcpRegs},
     {Module::Vpp, "VPP", {"vdapi_VPP_", "KORA_DLL_StartVpp", "KORA_DLL_StopVpp"}},
     {Module::AnnexD, "AnnexD", {"vdapi_ANNEXD_"}},
     {Module::Mbe, "MBE", {"vdapi_MBE_"}, DescribeMbe},

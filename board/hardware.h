@@ -7,6 +7,7 @@
 #include "board/aec.h"
 #include "board/akm.h"
 #include "board/arcofi.h"
+#include "board/codec_variables.h"
 #include "board/i2c_bus.h"
 #include "board/isac.h"
 #include "board/jade.h"
@@ -27,6 +28,7 @@ struct Hardware {
     Akm akm;
     I2cBus i2cBus;
     Registers jade = JadeAtPowerOn();
+    CodecVariables codecVariables = CodecVariablesAtPowerOn();
 };
 
 }  // namespace board

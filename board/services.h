@@ -19,10 +19,11 @@ struct Services {
     UserDataChannels userData{};
     Bas bas;
     bool codecProcessorRegistered = false;
-    uint32_t arcofiChannel = 0;    // channel code
-    bool arcofiShadow = false;     // the driver's copy was initialised by command
-    uint32_t displayType = 0;      // 0 NTSC, 1 PAL
-    uint32_t boardInterrupts = 0;  // simulated over the PCI bus
+    uint32_t codecVariableTests = 0;  // accesses of the repeated test
+    uint32_t arcofiChannel = 0;       // channel code
+    bool arcofiShadow = false;        // the driver's copy was initialised by command
+    uint32_t displayType = 0;         // 0 NTSC, 1 PAL
+    uint32_t boardInterrupts = 0;     // simulated over the PCI bus
 };
 
 // The commands and operations that tell a service something. They want it to be up, else

@@ -170,8 +170,9 @@ uint32_t WINAPI vdapi_EPROM_Write(uint32_t address, const uint8_t* buffer, uint3
 
 // --- Codec processor (VCPXi) ---
 
-// `count` elements of 1, 2 or 4 bytes of a variable by its name. The last argument is 32 for
-// reading, 33 or 0 for writing.
+// `count` elements of 1, 2 or 4 bytes of a variable by its name. The last argument says which way
+// they go; 0 is taken for writing too.
+enum VcpVariableAccess { VCP_VARIABLE_GET = 32, VCP_VARIABLE_SET = 33 };
 uint32_t WINAPI vdapi_VCPXI_VCPVariable_GetValue(const char* name, uint32_t unitSize, int32_t count,
                                                  void* buffer, uint32_t constant);
 uint32_t WINAPI vdapi_VCPXI_VCPVariable_SetValue(const char* name, uint32_t unitSize, int32_t count,

@@ -142,12 +142,12 @@ TEST_F(Operations, AreListedWithTheirArgumentsBlocksAndResults) {
                   "vdapi_SendCommand(0x7D0, 0x32, 0x801, 0x0, address, address, address) "
                   "PELLAN_COMMAND_SET_SOFTWARE_VAR = 0",
                   "vdapi_Debug(0xFFF, 0x0, none) = 23",
-                  "vdapi_BAS_Write(0x2, 0xFFFFFFFF, none, 0x0) = 18",
+                  "vdapi_BAS_Write(0x2, 0xFFFFFFFF, none, 0x0) = 1",
                   "vdapi_I2C_Transfer(address, 0x2, none) [A1 00 00 01] = 1",
                   "vdapi_VCPXI_VCPVariable_SetValue(\"vcx_bBondOn\", 0x2, 0x3, address, 0x21) "
-                  "[01 02 03 04 05 06] = 18",
+                  "[01 02 03 04 05 06] = 1",
                   "vdapi_VCPXI_VCPVariable_SetValue(\"vcx_bBondOn\", 0x4, 0xFFFFFFFF, address, "
-                  "0x21) = 18",
+                  "0x21) = 1",
               }));
     board::ForgetCalls();
     EXPECT_TRUE(board::Calls().empty());
