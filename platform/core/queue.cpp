@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
@@ -11,21 +10,17 @@
 #include <vector>
 
 #include "platform/core/activation.h"
-#include "platform/core/key_message.h"
 #include "platform/core/menu.h"
 #include "platform/core/paint.h"
+#include "platform/core/timers.h"
 #include "platform/core/window.h"
 
 namespace vxd {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 constexpr std::size_t kMostPostedMessages = 10000;
-constexpr UINT kShortestPeriod = 10;
 // So many posted messages may be retrieved in a row before the desktop gets a turn.
 constexpr int kMostInARow = 64;
-constexpr UINT_PTR kFirstOwnTimerId = 0x7000;
 
 // A message that another thread sends and waits for.
 struct SentMessage {
@@ -35,14 +30,6 @@ struct SentMessage {
     LPARAM lParam = 0;
     LRESULT result = 0;
     bool answered = false;
-};
-
-struct Timer {
-    HWND window = nullptr;
-    UINT_PTR id = 0;
-    std::chrono::milliseconds period{0};
-    Clock::time_point due;
-    TIMERPROC callback = nullptr;
 };
 
 // What a person did: something to run, or a message to hand out.
@@ -119,21 +106,6 @@ class MessageQueue {
     void AddInput(Input entry) { input_.push_back(std::move(entry)); }
     bool InputWaits() const { return !input_.empty(); }
 
-    UINT_PTR Start(Timer timer) {
-        // Without a window only a number that the queue gave can be set again.
-        if (!Stop(timer.window, timer.id) && timer.window == nullptr)
-            timer.id = nextOwnTimerId_++;
-        timer.due = Clock::now() + timer.period;
-        timers_.push_back(timer);
-        return timer.id;
-    }
-
-    bool Stop(HWND window, UINT_PTR id) {
-        return std::erase_if(timers_, [&](const Timer& timer) {
-                   return timer.window == window && timer.id == id;
-               }) != 0;
-    }
-
     void Forget(HWND window) {
         {
             std::lock_guard lock(mutex_);
@@ -146,7 +118,7 @@ class MessageQueue {
         std::erase_if(input_, [window](const Input& i) {
             return !i.run && !i.isKey && i.message.hwnd == window;
         });
-        std::erase_if(timers_, [window](const Timer& t) { return t.window == window; });
+        TheTimers().Forget(window);
     }
 
     // The next message in Win32's order; waits for one unless `wait` is false.
@@ -175,7 +147,7 @@ class MessageQueue {
                 return message;
             if (!wait)
                 return std::nullopt;
-            CurrentScreen().Wait(MillisecondsToTimer());
+            CurrentScreen().Wait(TheTimers().MillisecondsToNext());
         }
     }
 
@@ -263,32 +235,13 @@ class MessageQueue {
         return Stamped(window->handle, WM_PAINT, 0, 0);
     }
 
-    // The timer that has waited longest goes first.
-    std::optional<MSG> NextTimer(const Filter& filter, bool remove) {
-        const auto now = Clock::now();
-        Timer* next = nullptr;
-        for (Timer& timer : timers_) {
-            if (timer.due <= now && filter.Takes(timer.window, WM_TIMER) &&
-                (next == nullptr || timer.due < next->due))
-                next = &timer;
-        }
-        if (next == nullptr)
+    static std::optional<MSG> NextTimer(const Filter& filter, bool remove) {
+        const auto timer = TheTimers().Due(
+            [&filter](HWND window) { return filter.Takes(window, WM_TIMER); }, remove);
+        if (!timer)
             return std::nullopt;
-        if (remove)
-            next->due = now + next->period;
-        return Stamped(next->window, WM_TIMER, next->id, reinterpret_cast<LPARAM>(next->callback));
-    }
-
-    // -1 without a timer.
-    int MillisecondsToTimer() const {
-        if (timers_.empty())
-            return -1;
-        const auto due =
-            std::min_element(timers_.begin(), timers_.end(), [](const Timer& a, const Timer& b) {
-                return a.due < b.due;
-            })->due;
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(due - Clock::now());
-        return std::max(0, static_cast<int>(left.count()));
+        return Stamped(timer->window, WM_TIMER, timer->id,
+                       reinterpret_cast<LPARAM>(timer->callback));
     }
 
   public:
@@ -311,45 +264,12 @@ class MessageQueue {
     std::optional<int> quit_;
     int inARow_ = 0;  // posted messages retrieved since the desktop had a turn
     std::deque<Input> input_;
-    std::vector<Timer> timers_;
-    UINT_PTR nextOwnTimerId_ = kFirstOwnTimerId;
 };
 
 // Never destroyed: other threads may still post, or wait for an answer, while the process ends.
 MessageQueue& TheQueue() {
     static MessageQueue& queue = *new MessageQueue;
     return queue;
-}
-
-struct Modifiers {
-    bool shift = false;
-    bool control = false;
-    bool alt = false;
-};
-
-Modifiers& TheModifiers() {
-    static Modifiers modifiers;
-    return modifiers;
-}
-
-// The character that a key makes on a keyboard without a layout of its own.
-WPARAM CharacterOf(const MSG& message) {
-    if (const WPARAM given = CharacterIn(message.lParam); given != 0)
-        return given;
-    const WPARAM key = message.wParam;
-    switch (key) {
-        case VK_BACK:
-        case VK_TAB:
-        case VK_RETURN:
-        case VK_ESCAPE:
-        case VK_SPACE:
-            return key;
-        default:
-            break;
-    }
-    if (key >= 'A' && key <= 'Z')
-        return TheModifiers().shift ? key : key + ('a' - 'A');
-    return key >= '0' && key <= '9' ? key : 0;
 }
 
 }  // namespace
@@ -382,20 +302,6 @@ void ForgetMessagesOf(HWND window) {
     TheQueue().Forget(window);
 }
 
-bool IsShiftDown() {
-    return TheModifiers().shift;
-}
-bool IsControlDown() {
-    return TheModifiers().control;
-}
-bool IsAltDown() {
-    return TheModifiers().alt;
-}
-
-void SetModifiers(bool shift, bool control, bool alt) {
-    TheModifiers() = {shift, control, alt};
-}
-
 }  // namespace vxd
 
 using vxd::TheQueue;
@@ -419,16 +325,6 @@ BOOL WINAPI PeekMessageA(LPMSG message, HWND window, UINT first, UINT last, UINT
     if (!next)
         return FALSE;
     *message = *next;
-    return TRUE;
-}
-
-BOOL WINAPI TranslateMessage(const MSG* message) {
-    if (message->message != WM_KEYDOWN && message->message != WM_SYSKEYDOWN)
-        return FALSE;
-    const WPARAM character = vxd::CharacterOf(*message);
-    if (character != 0)
-        PostMessageA(message->hwnd, message->message == WM_KEYDOWN ? WM_CHAR : WM_SYSCHAR,
-                     character, message->lParam);
     return TRUE;
 }
 
@@ -463,19 +359,4 @@ LRESULT WINAPI SendMessageA(HWND handle, UINT message, WPARAM wParam, LPARAM lPa
 
 void WINAPI PostQuitMessage(int exitCode) {
     TheQueue().Quit(exitCode);
-}
-
-UINT_PTR WINAPI SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC callback) {
-    if (window != nullptr && !vxd::IsLiveWindow(window))
-        return 0;
-    vxd::Timer timer;
-    timer.window = window;
-    timer.id = id;
-    timer.period = std::chrono::milliseconds(std::max(milliseconds, vxd::kShortestPeriod));
-    timer.callback = callback;
-    return TheQueue().Start(timer);
-}
-
-BOOL WINAPI KillTimer(HWND window, UINT_PTR id) {
-    return TheQueue().Stop(window, id);
 }
