@@ -145,11 +145,11 @@ void ShowAudioParameter(HWND dialog) {
 
 // The audio commands take their first parameter from the list of audio parameters.
 void ChooseCommand(HWND dialog) {
-    const LRESULT row = SendDlgItemMessageA(dialog, IDC_RAW_COMMAND_LIST, CB_GETCURSEL, 0, 0);
     const uint32_t command = SelectedNumber(dialog, IDC_RAW_COMMAND_LIST);
     const bool audio =
         command == PELLAN_COMMAND_AUDIO_SET_PARAM || command == PELLAN_COMMAND_AUDIO_GET_PARAM;
-    EnableField(dialog, IDC_RAW_COMMAND, row <= 0);
+    EnableField(dialog, IDC_RAW_COMMAND,
+                SelectedRow(dialog, IDC_RAW_COMMAND_LIST).value_or(0) == 0);
     EnableField(dialog, IDC_RAW_PARAM_1, !audio);
     EnableField(dialog, IDC_RAW_AUDIO_PARAM_LIST, audio);
     if (audio) {

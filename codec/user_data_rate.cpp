@@ -99,13 +99,13 @@ void ShowRates(HWND dialog) {
 
 // Without a selection there is nothing to confirm yet.
 void ConfirmRate(HWND dialog) {
-    const LRESULT selected = SendDlgItemMessageA(dialog, IDC_USER_DATA_RATE, CB_GETCURSEL, 0, 0);
-    if (selected == CB_ERR) {
+    const auto selected = SelectedRow(dialog, IDC_USER_DATA_RATE);
+    if (!selected) {
         return;
     }
-    currentRow = static_cast<std::size_t>(selected);
+    currentRow = *selected;
     if (const IntegerSetting* const lastRow = kTables[currentType].lastRow; lastRow != nullptr) {
-        WriteSetting(*lastRow, static_cast<int>(selected));
+        WriteSetting(*lastRow, *selected);
     }
     EndDialog(dialog, 1);
 }

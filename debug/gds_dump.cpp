@@ -30,7 +30,7 @@ void ShowModules(HWND dialog) {
 }
 
 void DumpSelectedModule(HWND dialog) {
-    if (SendDlgItemMessageA(dialog, IDC_GDS_MODULE, CB_GETCURSEL, 0, 0) == CB_ERR)
+    if (!SelectedRow(dialog, IDC_GDS_MODULE))
         return;
     GdsDumpBlock block{SelectedNumber(dialog, IDC_GDS_MODULE)};
     ReportFailure(dialog, CodeOf(vdapi_Debug(TALVERO_DBG_CORE_TR_DUMP_GDS, sizeof block, &block)),

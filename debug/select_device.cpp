@@ -29,7 +29,7 @@ void ShowDevices(HWND dialog) {
 
 // Text that stands in place of a row leaves the choice as it was.
 void TakeDevice(HWND dialog) {
-    if (SendDlgItemMessageA(dialog, IDC_DEVICE_LIST, CB_GETCURSEL, 0, 0) != CB_ERR)
+    if (SelectedRow(dialog, IDC_DEVICE_LIST))
         device = static_cast<uint16_t>(SelectedNumber(dialog, IDC_DEVICE_LIST));
 }
 

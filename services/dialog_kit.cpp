@@ -136,8 +136,12 @@ void AddComboRows(HWND dialog, int id, std::span<const NamedNumber> rows) {
     }
 }
 
+std::optional<uint16_t> SelectedRow(HWND dialog, int id) {
+    const LRESULT row = SendDlgItemMessageA(dialog, id, CB_GETCURSEL, 0, 0);
+    return row == CB_ERR ? std::nullopt : std::optional(static_cast<uint16_t>(row));
+}
+
 uint32_t SelectedNumber(HWND dialog, int id) {
-    const LRESULT selected = SendDlgItemMessageA(dialog, id, CB_GETCURSEL, 0, 0);
-    const WPARAM row = selected == CB_ERR ? 0 : static_cast<WPARAM>(selected);
+    const WPARAM row = SelectedRow(dialog, id).value_or(0);
     return static_cast<uint32_t>(SendDlgItemMessageA(dialog, id, CB_GETITEMDATA, row, 0));
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -76,5 +77,7 @@ struct NamedNumber {
 
 // Appends the rows in order, as far as the box takes them.
 void AddComboRows(HWND dialog, int id, std::span<const NamedNumber> rows);
-// The selected row's number; the first row counts as selected where none is.
+// The number of the selected row, counted from 0; nothing where none is.
+std::optional<uint16_t> SelectedRow(HWND dialog, int id);
+// What the selected row carries; the first row counts as selected where none is.
 uint32_t SelectedNumber(HWND dialog, int id);

@@ -3,6 +3,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/profile_keys.h"
 #include "platform/win32.h"
 
 namespace {
@@ -42,4 +43,13 @@ std::string ReadSetting(const TextSetting& setting, std::size_t capacity) {
 
 void WriteSetting(const TextSetting& setting, const std::string& text) {
     Write(setting, text);
+}
+
+void WriteSettings(std::span<const SettingText> values) {
+    if (values.empty())
+        return;
+    std::vector<ProfileKey> keys;
+    for (const SettingText& value : values)
+        keys.push_back({KeyOf(value.setting), value.text});
+    WriteProfileKeys(values.front().setting.section, keys, values.front().setting.file);
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string>
 
 // A value that stands as text under a key of a section of a file. Files named without a folder
@@ -72,3 +73,11 @@ void WriteSetting(const IntegerSetting& setting, int value);
 // absent.
 std::string ReadSetting(const TextSetting& setting, std::size_t capacity);
 void WriteSetting(const TextSetting& setting, const std::string& text);
+
+// Writes values of one section together, in their order: a list that is cut short by the end of the
+// program would hold the names of one time and the numbers of another.
+struct SettingText {
+    TextSetting setting;
+    std::string text;
+};
+void WriteSettings(std::span<const SettingText> values);

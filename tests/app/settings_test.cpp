@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "tests/kit/settings.h"
 
 namespace {
@@ -20,6 +22,12 @@ TEST(Settings, TextsAndSeriesStandUnderKeysOfTheirOwn) {
     EXPECT_EQ(ReadSetting(kNames[0], 6), "first") << "the terminator counts";
     EXPECT_EQ(ReadSetting(kNames[1], 260), "none");
     EXPECT_EQ(ReadSetting(kPath, 260), "x;y");
+
+    WriteSettings({});
+    WriteSettings(std::array{SettingText{kNames[2], "new"}, SettingText{kPath, ""},
+                             SettingText{kNames[0], "a=b"}, SettingText{kNames[2], "newer"}});
+    EXPECT_EQ(files.Read(kit::kOwnFile, "Lists", "Name2"), "newer");
+    EXPECT_EQ(ReadSetting(kNames[0], 260) + ReadSetting(kPath, 260), "a=b");
 }
 
 }  // namespace
