@@ -106,6 +106,14 @@ void DescribeBt85x(const State& state, Lines& lines) {
     lines.push_back(state.services.displayType == 0 ? "display type: NTSC" : "display type: PAL");
 }
 
+void DescribeVidinlay(const State& state, Lines& lines) {
+    const VideoInlay& inlay = state.services.videoInlay;
+    lines.push_back(inlay.displayMode == 0 ? "display mode: continuous"
+                                           : "display mode: frame by frame");
+    lines.push_back(inlay.frozenFrame ? "frozen at frame: " + std::to_string(*inlay.frozenFrame)
+                                      : "running");
+}
+
 std::string Bytes(const std::vector<uint8_t>& bytes) {
     std::string text;
     for (const uint8_t byte : bytes) {
@@ -173,7 +181,7 @@ constexpr auto kModules = std::to_array<ModuleEntry>({
     {Module::Camera, "Camera", {"TALVERO_DBG_CAM_DIGIT_", "vdapi_CAM_Digit_"}},
     {Module::Eprom, "Eprom", {"vdapi_EPROM_"}},
     {Module::Acif, "Acif", {"vdapi_CAM_ACIF_"}},
-    {Module::Vidinlay, "Vidinlay", {"vdapi_VIDINLAY_"}},
+    {Module::Vidinlay, "Vidinlay", {"vdapi_VIDINLAY_"}, DescribeVidinlay},
     {Module::Stream,
      "Stream",
      {"TALVERO_DBG_STREAM_", "vdapi_Stream_", "KORA_DLL_Channel", "vdapi_BAS_"},

@@ -9,6 +9,7 @@
 #include "board/mbe.h"
 #include "board/sequencer.h"
 #include "board/user_data.h"
+#include "board/video_inlay.h"
 
 namespace board {
 
@@ -18,6 +19,7 @@ struct Services {
     Mbe mbe;
     UserDataChannels userData{};
     Bas bas;
+    VideoInlay videoInlay;
     bool codecProcessorRegistered = false;
     uint32_t codecVariableTests = 0;  // accesses of the repeated test
     uint32_t arcofiChannel = 0;       // channel code

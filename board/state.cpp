@@ -30,6 +30,7 @@ void State::RestartDriver() {
     services.mbe = {};
     services.userData = {};
     services.bas = {};
+    services.videoInlay = {};
     services.codecProcessorRegistered = false;
     auxiliaryDevice = {};
     firmware.streams = Firmware{}.streams;

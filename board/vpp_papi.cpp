@@ -6,6 +6,7 @@
 
 #include "board/life_cycle.h"
 #include "board/papi_operation.h"
+#include "board/video_inlay.h"
 
 using namespace board;
 
@@ -16,7 +17,8 @@ constexpr size_t kVppParameters = 6;
 }  // namespace
 
 uint32_t WINAPI vdapi_VIDINLAY_SetFrameDispMode(uint32_t mode) {
-    return OnBoard({"vdapi_VIDINLAY_SetFrameDispMode", {mode}}, NotYetSimulated);
+    return OnBoard({"vdapi_VIDINLAY_SetFrameDispMode", {mode}},
+                   [=](State& state) { return SetFrameDisplayMode(state, mode); });
 }
 
 uint32_t WINAPI vdapi_VPP_Initialize() {

@@ -28,7 +28,7 @@ std::vector<std::string> Dump(DebugMonitor& monitor, uint32_t module) {
 TEST_F(GdsDumps, TellWhatAModuleHoldsAndHowItWasCalled) {
     DebugMonitor monitor;
     ASSERT_TRUE(monitor.IsListening());
-    EXPECT_EQ(Dump(monitor, 16), (std::vector<std::string>{"GDS Vidinlay: unused\n"}));
+    EXPECT_EQ(Dump(monitor, 9), (std::vector<std::string>{"GDS Jade: unused\n"}));
     EXPECT_EQ(Dump(monitor, 0), (std::vector<std::string>{
                                     "GDS Validity: board revision: 0x11D\n",
                                     "GDS Validity: VPIC revision: 0x8\n",
