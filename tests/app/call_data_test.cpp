@@ -275,6 +275,15 @@ TEST_F(CallData, PostProcessingIsStartedAndEndedOnlyWhereThatIsConfirmed) {
     }
 }
 
+TEST_F(CallData, AQuestionThatIsOpenWhenTheProgramEndsIsNotAnsweredYes) {
+    utility_.Command(IDM_VPP_INITIALIZE);
+    kit::WaitForDialog("VPP Warning");
+    utility_.Close();
+    for (const std::string& call : ReceivedCalls()) {
+        EXPECT_NE(call, "vdapi_VPP_Initialize()");
+    }
+}
+
 class BasCommands : public DialogTest {
   protected:
     BasCommands() : DialogTest(IDM_BAS_SEND_COMMAND, "SEND BAS COMMANDS:", IDCANCEL) {}
