@@ -5,7 +5,9 @@
 #include <tuple>
 
 #include "codec/bas_commands.h"
+#include "codec/bonding.h"
 #include "codec/raw_command.h"
+#include "codec/variable_access.h"
 #include "commands/arcofi_loops.h"
 #include "commands/board_commands.h"
 #include "commands/board_menu.h"
@@ -152,6 +154,13 @@ constexpr std::array kCommands = {
     Command{IDM_BOARD_AUXDEV_FIELDS, Open<OpenAuxdevFields>},
     Command{IDM_BOARD_AUXDEV_FEATURES, Open<OpenAuxdevFeatures>},
     Command{IDM_AUXDEV, Open<OpenAuxdevFeatures>},
+
+    Command{IDM_VCPXI_VARIABLE_ACCESS, Open<OpenVariableAccess>},
+    Command{IDM_BONDING_LOCAL_PARAMS, Open<OpenLocalBondParams>},
+    Command{IDM_BONDING_REMOTE_PARAMS, Open<OpenRemoteBondParams>},
+    Command{IDM_BONDING_COMMON_PARAMS, Open<OpenCommonBondParams>},
+    Command{IDM_BONDING_LOCAL_PHONES, Open<OpenLocalBondPhones>},
+    Command{IDM_BONDING_REMOTE_PHONES, Open<OpenRemoteBondPhones>},
 
     Command{IDM_486, Open<OpenMemoryAccess>},
     Command{IDM_EEPROM_ACCESS, Open<OpenEprom>},

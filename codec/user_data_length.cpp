@@ -27,8 +27,7 @@ void ShowLength(HWND dialog) {
 // Refuses a length that is too large and lets another one be typed in its place.
 void RefuseLength(HWND dialog) {
     ShowBox(dialog, "Illegal size", "Send User Data", MB_ICONHAND);
-    SendMessageA(dialog, WM_NEXTDLGCTL,
-                 reinterpret_cast<WPARAM>(GetDlgItem(dialog, IDC_USER_DATA_LENGTH)), TRUE);
+    FocusOn(dialog, IDC_USER_DATA_LENGTH);
 }
 
 void ConfirmLength(HWND dialog) {

@@ -47,6 +47,7 @@
 #define ES_AUTOHSCROLL 0x0080L
 #define ES_READONLY 0x0800L
 #define ES_WANTRETURN 0x1000L
+#define ES_NUMBER 0x2000L
 #endif
 
 #ifndef LBS_NOTIFY

@@ -116,6 +116,12 @@ void ShowField(HWND dialog, int id, const char* format, ...) {
     SetDlgItemTextA(dialog, id, text);
 }
 
+void FocusOn(HWND dialog, int id) {
+    const HWND control = GetDlgItem(dialog, id);
+    if (IsWindowEnabled(control))
+        SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+}
+
 int CheckedButton(HWND dialog, int first, int last) {
     for (int id = first; id <= last; ++id) {
         if (IsDlgButtonChecked(dialog, id) == BST_CHECKED)

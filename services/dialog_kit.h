@@ -66,6 +66,10 @@ std::string FieldText(HWND dialog, int id, std::size_t capacity);
 // Shows a text made by snprintf's rules, of at most 255 characters.
 [[gnu::format(printf, 3, 4)]] void ShowField(HWND dialog, int id, const char* format, ...);
 
+// Gives a control the focus as Tab does: a field's text stands ready to be typed over. One that is
+// disabled is passed by.
+void FocusOn(HWND dialog, int id);
+
 // The checked radio button among those with ids from `first` to `last`; `first` where none is.
 int CheckedButton(HWND dialog, int first, int last);
 

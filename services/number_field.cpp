@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 
 #include "services/dialog_kit.h"
@@ -14,6 +15,7 @@ constexpr std::size_t kLongDigits = 9;
 constexpr uint32_t kNoDigit = 16;
 
 constexpr std::string_view kMark = "0x";
+constexpr char kWhiteSpace[] = " \t\n\v\f\r";
 constexpr char kBeforeDigits[] = " \t\n\v\f\r+-";
 
 uint32_t DigitOf(char character) {
@@ -88,6 +90,16 @@ std::optional<uint32_t> ParseHexBehindMark(const std::string& text) {
     if (mark == std::string::npos)
         return std::nullopt;
     return ParseInBase(text.c_str() + mark + kMark.size(), 16);
+}
+
+std::optional<uint32_t> ParseHexAtMark(const char* text) {
+    text += std::strspn(text, kWhiteSpace);
+    if (std::strncmp(text, kMark.data(), kMark.size()) != 0)
+        return std::nullopt;
+    text += kMark.size();
+    char* end = nullptr;
+    std::strtoll(text, &end, 16);
+    return end == text ? std::nullopt : std::optional(ParseInBase(text, 16));
 }
 
 uint32_t ParseAnyBase(const std::string& text) {

@@ -23,6 +23,10 @@ uint32_t ParseHexLongAfterPrefix(std::string_view text);
 // number of digits are taken. One that does not fit 32 bits gives the greatest number.
 std::optional<uint32_t> ParseHexBehindMark(const std::string& text);
 
+// The same of a text that begins with "0x", behind white space at most; nothing where no number
+// stands behind it.
+std::optional<uint32_t> ParseHexAtMark(const char* text);
+
 // A number in the base that it begins with: 0x hexadecimal, 0 octal, else decimal; blanks and a
 // sign may stand before it. One that does not fit 32 bits gives the greatest number.
 uint32_t ParseAnyBase(const std::string& text);

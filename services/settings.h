@@ -57,6 +57,14 @@ inline constexpr IntegerSetting kHsdRate{kOwnFile, "KORA_TST", "HSDRate", 0};
 inline constexpr IntegerSetting kMlpRate{kOwnFile, "KORA_TST", "MLPRate", 0};
 inline constexpr IntegerSetting kUserDataLength{kOwnFile, "KORA_TST", "UserData_LastLength", 1};
 
+// The codec processor's variables: the names used last, the latest first, each with a hexadecimal
+// number that holds its unit's row (high 16 bits) and its count; how often the last test accessed
+// one, and the name that was last tested without being in the list.
+inline constexpr TextSetting kVariableName{kOwnFile, "VCP", "LastVar%d", ""};
+inline constexpr TextSetting kVariableShape{kOwnFile, "VCP", "LastParam%d", "20001"};
+inline constexpr IntegerSetting kVariableTestLoops{kOwnFile, "VCP", "TestLoops", 512};
+inline constexpr TextSetting kVariableTested{kOwnFile, "VCP", "LastVar", ""};
+
 // The BAS commands.
 inline constexpr IntegerSetting kBasCommandCount{kOwnFile, "BAS DLG", "NumberOfCommands", 1};
 inline constexpr IntegerSetting kBasRepeatCount{kOwnFile, "BAS DLG", "RepeatCount", 1};
