@@ -145,6 +145,33 @@ void MoveInPopup(OpenPopup& popup, int step) {
     }
 }
 
+// A letter of one entry chooses it; one that several share leads from one of them to the next.
+void FollowLetter(OpenPopup& popup, const Menu& menu, WPARAM letter) {
+    constexpr WPARAM kBehindAscii = 0x80;  // only plain letters are marked
+    if (letter == 0 || letter >= kBehindAscii) {
+        return;
+    }
+    std::vector<int> marked;
+    for (int at = 0; at < static_cast<int>(menu.items.size()); ++at) {
+        const MenuItem& item = menu.items[static_cast<std::size_t>(at)];
+        if (!item.separator && MarkedKey(item.text) == Lower(static_cast<char>(letter))) {
+            marked.push_back(at);
+        }
+    }
+    if (marked.empty()) {
+        return;
+    }
+    if (marked.size() == 1) {
+        const MenuItem& item = menu.items[static_cast<std::size_t>(marked.front())];
+        if (CanChoose(item)) {
+            popup.chosen = item.id;
+        }
+        return;
+    }
+    const auto next = std::upper_bound(marked.begin(), marked.end(), popup.current);
+    popup.current = next != marked.end() ? *next : marked.front();
+}
+
 // Keys that reach an open popup as messages; a screen's own menu takes a person's keys itself.
 void KeyInPopup(OpenPopup& popup, const MSG& message) {
     const Menu* menu = MenuOf(popup.menu);
@@ -153,12 +180,7 @@ void KeyInPopup(OpenPopup& popup, const MSG& message) {
         return;
     }
     if (message.message == WM_CHAR) {
-        for (const MenuItem& item : menu->items) {
-            if (CanChoose(item) && MarkedKey(item.text) != 0 &&
-                MarkedKey(item.text) == Lower(static_cast<char>(message.wParam)))
-                popup.chosen = item.id;
-        }
-        return;
+        return FollowLetter(popup, *menu, message.wParam);
     }
     switch (message.wParam) {
         case VK_DOWN:

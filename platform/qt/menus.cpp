@@ -67,7 +67,7 @@ void RefreshMenu(QMenu& menu, const std::vector<MenuView>& items) {
 // One row of the bar. The arrow keys run through all rows as through one.
 class MenuRows::Row : public QMenuBar {
   public:
-    Row(QWidget* window, const MenuRows& rows, bool isFirst)
+    Row(QWidget* window, MenuRows& rows, bool isFirst)
         : QMenuBar(window), rows_(rows), isFirst_(isFirst) {
         setNativeMenuBar(false);
     }
@@ -93,6 +93,20 @@ class MenuRows::Row : public QMenuBar {
         QMenuBar::keyPressEvent(&press);
     }
 
+    // Takes the keyboard to one of the row's entries without opening it.
+    void Enter(const QAction& entry) {
+        PressAlt();
+        for (qsizetype steps = actions().size(); steps > 1 && activeAction() != &entry; --steps) {
+            Take(Qt::Key_Right);
+        }
+    }
+
+    // The keyboard goes back to where it was first, so that the next row returns it there too.
+    void Leave() {
+        setActiveAction(nullptr);
+        Take(Qt::Key_Escape);
+    }
+
   protected:
     void keyPressEvent(QKeyEvent* event) override {
         if (event->key() == Qt::Key_F10)
@@ -103,6 +117,9 @@ class MenuRows::Row : public QMenuBar {
             return GoOn(event, 1);
         if (event->key() == Qt::Key_Left && active != nullptr && active == all.first())
             return GoOn(event, -1);
+        if (const char32_t letter = LetterOf(*event); letter != 0 && !HasOpenMenu()) {
+            return rows_.Follow(*this, letter);
+        }
         QMenuBar::keyPressEvent(event);
     }
 
@@ -114,15 +131,22 @@ class MenuRows::Row : public QMenuBar {
     }
 
   private:
+    static char32_t LetterOf(const QKeyEvent& event) {
+        const auto text = event.text().toUcs4();
+        return !text.isEmpty() && QChar::isLetterOrNumber(text.front()) ? text.front() : 0;
+    }
+
+    bool HasOpenMenu() const {
+        const QMenu* popup = activeAction() != nullptr ? activeAction()->menu() : nullptr;
+        return popup != nullptr && popup->isVisible();
+    }
+
     void GoOn(QKeyEvent* event, int step) {
         Row& next = rows_.Neighbour(*this, step);
         if (&next == this)
             return QMenuBar::keyPressEvent(event);
-        const QMenu* popup = activeAction()->menu();
-        const bool isOpen = popup != nullptr && popup->isVisible();
-        // The keyboard goes back to where it was first, so that the next row returns it there too.
-        setActiveAction(nullptr);
-        Take(Qt::Key_Escape);
+        const bool isOpen = HasOpenMenu();
+        Leave();
         next.PressAlt();
         if (step < 0)
             next.Take(Qt::Key_Left);
@@ -135,7 +159,7 @@ class MenuRows::Row : public QMenuBar {
         QMenuBar::keyPressEvent(&press);
     }
 
-    const MenuRows& rows_;
+    MenuRows& rows_;
     bool isFirst_;
 };
 
@@ -264,23 +288,63 @@ bool MenuRows::Enter() {
 }
 
 bool MenuRows::Open(char32_t letter) {
-    const QString text = QString::fromUcs4(&letter, 1);
-    for (std::size_t row = 0; row < rows_.size(); ++row) {
-        const auto [begin, end] = EntriesOf(row);
-        for (std::size_t at = begin; at < end; ++at) {
-            const QKeySequence mark = QKeySequence::mnemonic(entries_[at].Action()->text());
-            if (mark.isEmpty() || mark != QKeySequence(QLatin1String("Alt+") + text.toUpper()))
-                continue;
-            if (QAction* command = entries_[at].command.get(); command != nullptr) {
-                command->trigger();
-                return true;
-            }
-            rows_[row]->PressAlt();
-            rows_[row]->PressLetter(text);
-            return true;
+    const std::vector<std::size_t> marked = MarkedBy(letter);
+    if (marked.empty()) {
+        return false;
+    }
+    if (marked.size() > 1) {
+        MoveTo(marked.front());
+    } else {
+        Choose(marked.front(), letter);
+    }
+    return true;
+}
+
+void MenuRows::Follow(Row& from, char32_t letter) {
+    const std::vector<std::size_t> marked = MarkedBy(letter);
+    if (marked.empty()) {
+        return;
+    }
+    const auto current =
+        std::find_if(entries_.begin(), entries_.end(),
+                     [&from](const Entry& entry) { return entry.Action() == from.activeAction(); });
+    const auto at = static_cast<std::size_t>(current - entries_.begin());
+    from.Leave();
+    if (marked.size() == 1) {
+        return Choose(marked.front(), letter);
+    }
+    const auto next = std::upper_bound(marked.begin(), marked.end(), at);
+    MoveTo(next != marked.end() ? *next : marked.front());
+}
+
+std::vector<std::size_t> MenuRows::MarkedBy(char32_t letter) const {
+    const QKeySequence wanted(QLatin1String("Alt+") + QString::fromUcs4(&letter, 1).toUpper());
+    std::vector<std::size_t> marked;
+    for (std::size_t at = 0; at < entries_.size(); ++at) {
+        const QKeySequence mark = QKeySequence::mnemonic(entries_[at].Action()->text());
+        if (!mark.isEmpty() && mark == wanted) {
+            marked.push_back(at);
         }
     }
-    return false;
+    return marked;
+}
+
+MenuRows::Row& MenuRows::RowOf(std::size_t entry) const {
+    const auto behind = std::upper_bound(starts_.begin(), starts_.end(), entry);
+    return *rows_[static_cast<std::size_t>(behind - starts_.begin()) - 1];
+}
+
+void MenuRows::MoveTo(std::size_t entry) {
+    RowOf(entry).Enter(*entries_[entry].Action());
+}
+
+void MenuRows::Choose(std::size_t entry, char32_t letter) {
+    if (QAction* command = entries_[entry].command.get(); command != nullptr) {
+        return command->trigger();
+    }
+    Row& row = RowOf(entry);
+    row.PressAlt();
+    row.PressLetter(QString::fromUcs4(&letter, 1));
 }
 
 std::pair<std::size_t, std::size_t> MenuRows::EntriesOf(std::size_t row) const {

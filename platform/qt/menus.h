@@ -30,8 +30,9 @@ class MenuRows {
     int LayOut(int width);
     // Gives the keyboard to the first entry, as the Alt key does; false without any.
     bool Enter();
-    // Opens the first menu, or runs the first command of the bar, that the letter stands for, as
-    // the letter together with Alt does; false where there is none.
+    // Opens the menu, or runs the command of the bar, that the letter stands for, as the letter
+    // together with Alt does. Where several share it the first of them gets the keyboard. False
+    // where there is none.
     bool Open(char32_t letter);
 
   private:
@@ -39,6 +40,15 @@ class MenuRows {
 
     // The row after or before another one; the first follows the last.
     Row& Neighbour(const Row& row, int step) const;
+    // A letter while a row has the keyboard: as with Alt, but from an entry that shares it to the
+    // next.
+    void Follow(Row& from, char32_t letter);
+    // The entries that a letter stands for.
+    std::vector<std::size_t> MarkedBy(char32_t letter) const;
+    Row& RowOf(std::size_t entry) const;
+    // Both while no row has the keyboard: gives it to an entry, or opens or runs that one.
+    void MoveTo(std::size_t entry);
+    void Choose(std::size_t entry, char32_t letter);
     struct Entry {
         std::unique_ptr<QMenu> popup;      // null for a command on the bar
         std::unique_ptr<QAction> command;  // null for a popup
