@@ -126,7 +126,8 @@ class Screen {
     // it for active from now on; only what differs from that is reported by input::Activated.
     virtual void Raise(WidgetId id) = 0;
     virtual void SetTopmost(WidgetId id, bool topmost) = 0;
-    virtual void SetMaximumSize(WidgetId id, Size size) = 0;
+    // Between which sizes a person can size the window.
+    virtual void SetSizeLimits(WidgetId id, Size least, Size most) = 0;
     virtual void SetMenuBar(WidgetId id, const std::vector<MenuView>& menu) = 0;
     // Shows a popup menu at a point of the desktop and returns at once; input::MenuEnded follows.
     virtual void ShowPopup(WidgetId id, const std::vector<MenuView>& menu, Point where) = 0;

@@ -51,8 +51,10 @@ void MakeActive(Window* window, Origin origin) {
         Call(*old, WM_ACTIVATE, WA_INACTIVE, reinterpret_cast<LPARAM>(next));
     Window* still = FindWindowOf(next);
     if (still == nullptr || desk.active != next) {
-        if (next == nullptr)
+        // Unless the window that was left has seen to another one.
+        if (next == nullptr && desk.active == nullptr) {
             SetFocus(nullptr);
+        }
         return;
     }
     MoveToFront(*still);

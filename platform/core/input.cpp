@@ -24,6 +24,11 @@ struct PendingRow {
     int row = -1;  // -1 once it is gone
 };
 
+struct PendingSelection {
+    WidgetId edit = 0;
+    bool overtaken = false;  // the screen shows another selection by now
+};
+
 struct PendingEdit {
     WidgetId edit = 0;
     std::string before;
@@ -58,6 +63,7 @@ class Waiting {
 
 Waiting<PendingRow> theRows;
 Waiting<PendingEdit> theEdits;
+Waiting<PendingSelection> theSelections;
 
 bool IsContinuation(char c) {
     return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
@@ -117,6 +123,12 @@ void FollowClearedRows(WidgetId list) {
 void FollowShownText(WidgetId edit) {
     for (const auto& pending : theEdits.Of(edit, &PendingEdit::edit))
         pending->overtaken = true;
+    FollowShownSelection(edit);
+}
+
+void FollowShownSelection(WidgetId edit) {
+    for (const auto& pending : theSelections.Of(edit, &PendingSelection::edit))
+        pending->overtaken = true;
 }
 
 }  // namespace vxd
@@ -133,12 +145,36 @@ void Queue(WidgetId id, Action action) {
     });
 }
 
-// The same for a control that takes input.
+void ShowState(WidgetId id) {
+    if (const Window* window = FindWindowOf(ToHandle<HWND>(id)); window != nullptr) {
+        window->control->ShowState();
+    }
+}
+
+// The same for a control that takes input. The screen has followed the person already; where that
+// counts for nothing it is told how things stand.
 template <typename Action>
 void QueueForControl(WidgetId id, Action action) {
     Queue(id, [action = std::move(action)](Window& window) {
-        if (window.control != nullptr && window.IsEnabled() && TopLevelOf(window).IsEnabled())
+        if (window.control == nullptr) {
+            return;
+        }
+        if (window.IsEnabled() && TopLevelOf(window).IsEnabled()) {
             action(*window.control);
+        } else {
+            window.control->ShowState();
+        }
+    });
+}
+
+// The same for a row of a list, if it is still there.
+void QueueForRow(WidgetId list, int row, void (Control::*action)(int row)) {
+    QueueForControl(list, [pending = theRows.Add({list, row}), action](Control& control) {
+        if (pending->row >= 0) {
+            (control.*action)(pending->row);
+        } else {
+            control.ShowState();
+        }
     });
 }
 
@@ -166,29 +202,26 @@ void Edited(WidgetId edit, const std::string& text, int selectionStart, int sele
         }
         const vxd::Edited edited = Rebased(pending->before, text, control.EditedText());
         control.OnEdited(edited.text, edited.caret, edited.caret);
-        if (const Window* still = FindWindowOf(ToHandle<HWND>(edit)); still != nullptr)
-            still->control->ShowEditedText();
+        ShowState(edit);
     });
 }
 
 void SelectionMoved(WidgetId edit, int start, int end) {
-    QueueForControl(edit, [=](Control& control) { control.OnSelectionMoved(start, end); });
+    // A person's move is the later one, even where the program's is shown by now.
+    QueueForControl(edit, [=, pending = theSelections.Add({edit})](Control& control) {
+        control.OnSelectionMoved(start, end);
+        if (pending->overtaken) {
+            control.ShowState();
+        }
+    });
 }
 
 void RowChosen(WidgetId list, int row) {
-    const auto pending = theRows.Add({list, row});
-    QueueForControl(list, [pending](Control& control) {
-        if (pending->row >= 0)
-            control.OnRowChosen(pending->row);
-    });
+    QueueForRow(list, row, &Control::OnRowChosen);
 }
 
 void RowDoubleClicked(WidgetId list, int row) {
-    const auto pending = theRows.Add({list, row});
-    QueueForControl(list, [pending](Control& control) {
-        if (pending->row >= 0)
-            control.OnRowDoubleClicked(pending->row);
-    });
+    QueueForRow(list, row, &Control::OnRowDoubleClicked);
 }
 
 void Dropped(WidgetId combo, bool dropped) {
@@ -201,11 +234,19 @@ void Scrolled(WidgetId bar, std::uint32_t code, int position) {
 
 void Focused(WidgetId id) {
     Queue(id, [id](Window& window) {
-        if (!TopLevelOf(window).IsEnabled())
+        if (TopLevelOf(window).IsEnabled()) {
+            SetFocus(window.handle);
+        }
+        const Window* focused = FindWindowOf(FocusedWindow());
+        if (focused == nullptr) {
             return;
-        SetFocus(window.handle);
-        if (const Window* focused = FindWindowOf(ToHandle<HWND>(id)); focused != nullptr)
+        }
+        if (focused->Widget() == id) {
             DefaultButtonFollows(*focused);
+        } else {
+            // The screen has followed the person already.
+            CurrentScreen().SetFocus(focused->Widget());
+        }
     });
 }
 

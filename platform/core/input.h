@@ -13,5 +13,7 @@ void FollowRemovedRow(WidgetId list, int row);
 void FollowClearedRows(WidgetId list);
 // The screen has been told a text in place of the one that an edit showed.
 void FollowShownText(WidgetId edit);
+// The same for a selection alone.
+void FollowShownSelection(WidgetId edit);
 
 }  // namespace vxd

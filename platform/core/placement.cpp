@@ -85,7 +85,7 @@ void Place(Window& window, const Rect& wanted) {
         const SizeLimits limits = LimitsOf(window);
         if (!IsLiveWindow(handle))
             return;
-        CurrentScreen().SetMaximumSize(window.Widget(), limits.most);
+        CurrentScreen().SetSizeLimits(window.Widget(), limits.least, limits.most);
         limits.Bound(rect);
     }
     if (rect == window.rect)

@@ -30,9 +30,10 @@ class Control {
     // Whether the control itself, and not its widget, is to have a key that is not the dialog's.
     virtual bool TakesKey(WPARAM /*virtualKey*/) const { return false; }
 
-    // The text that a person edits, and shows it on the screen again; for controls that have one.
+    // The text that a person edits; for controls that have one.
     virtual std::string EditedText() const { return {}; }
-    virtual void ShowEditedText() {}
+    // Shows again whatever a person can change on the screen.
+    virtual void ShowState() {}
 
     // What a person did with the widget; controls answer what concerns them.
     virtual void OnClicked() {}

@@ -177,7 +177,7 @@ HWND WINAPI CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR title, DWORD
         return abandon();
     vxd::ShowOnScreen(window);
     if (vxd::HasSizeLimits(window))
-        vxd::CurrentScreen().SetMaximumSize(window.Widget(), limits.most);
+        vxd::CurrentScreen().SetSizeLimits(window.Widget(), limits.least, limits.most);
     if (!child) {
         if (menu == nullptr && (windowClass->menuNumber != 0 || !windowClass->menuName.empty()))
             menu = LoadMenuA(instance, windowClass->menuNumber != 0

@@ -32,7 +32,7 @@ class HeadlessScreen : public Screen {
     void SetIcon(WidgetId, const Pixels&) override {}
     void Raise(WidgetId) override {}
     void SetTopmost(WidgetId, bool) override {}
-    void SetMaximumSize(WidgetId, Size) override {}
+    void SetSizeLimits(WidgetId, Size, Size) override {}
     void SetMenuBar(WidgetId, const std::vector<MenuView>&) override {}
     void ShowPopup(WidgetId, const std::vector<MenuView>&, Point) override {}
     void ClosePopup() override {}

@@ -16,6 +16,7 @@ namespace vxd::qt {
 namespace {
 
 constexpr char kRoleProperty[] = "accessibleRole";
+constexpr char kShutOutProperty[] = "accessibleShutOut";
 
 // A window says that it is modal.
 class RoleInterface : public QAccessibleWidget {
@@ -24,7 +25,8 @@ class RoleInterface : public QAccessibleWidget {
 
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
-        state.modal = widget()->isWindow() && widget()->windowModality() != Qt::NonModal;
+        const QWidget* owner = widget()->isWindow() ? widget()->parentWidget() : nullptr;
+        state.modal = owner != nullptr && owner->window()->property(kShutOutProperty).toBool();
         return state;
     }
 };
@@ -142,6 +144,10 @@ void InstallAccessibility() {
 
 void SetRole(QWidget& widget, QAccessible::Role role) {
     widget.setProperty(kRoleProperty, static_cast<int>(role));
+}
+
+void SetTakesInput(QWidget& window, bool takesInput) {
+    window.setProperty(kShutOutProperty, !takesInput);
 }
 
 QString WithoutKeyMarks(const QString& caption) {

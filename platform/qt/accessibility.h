@@ -15,6 +15,9 @@ void InstallAccessibility();
 // Says what a widget is that Qt takes for a bare one.
 void SetRole(QWidget& widget, QAccessible::Role role);
 
+// Says whether a window takes input. A dialog over one that takes none is modal.
+void SetTakesInput(QWidget& window, bool takesInput);
+
 // A caption without the marks of its key.
 QString WithoutKeyMarks(const QString& caption);
 

@@ -302,8 +302,10 @@ class ComboBox : public Control {
     void ChangeRows(Change change) {
         const QString text = Native().currentText();
         change();
-        if (text_ && Native().currentText() != text)
+        if (text_ && Native().currentText() != text) {
             Native().setEditText(text);
+            text_->RestoreSelection();
+        }
     }
 
     std::optional<LineText> text_;

@@ -30,6 +30,25 @@ namespace {
 // carrying out earlier requests.
 constexpr std::chrono::milliseconds kLongestAnswer{500};
 
+// An open menu of a window that takes no input any more would keep mouse and keyboard from the one
+// that does.
+void CloseMenusOf(const QWidget& window) {
+    const auto isOf = [&window](const QObject* popup) {
+        while (popup != nullptr && popup != &window) {
+            popup = popup->parent();
+        }
+        return popup != nullptr;
+    };
+    // The innermost one is the active one.
+    QWidget* closed = nullptr;
+    for (QWidget* popup = QApplication::activePopupWidget();
+         popup != nullptr && popup != closed && isOf(popup);
+         popup = QApplication::activePopupWidget()) {
+        closed = popup;
+        popup->close();
+    }
+}
+
 }  // namespace
 
 class QtScreen::Watcher : public QObject {
@@ -175,8 +194,14 @@ void QtScreen::SetVisible(WidgetId id, bool visible) {
 }
 
 void QtScreen::SetEnabled(WidgetId id, bool enabled) {
-    if (Control* control = Find(id); control != nullptr)
-        control->Enable(enabled);
+    Control* control = Find(id);
+    if (control == nullptr) {
+        return;
+    }
+    control->Enable(enabled);
+    if (!enabled && control->Widget().isWindow()) {
+        CloseMenusOf(control->Widget());
+    }
 }
 
 void QtScreen::SetFocus(WidgetId id) {
@@ -205,9 +230,10 @@ void QtScreen::SetTopmost(WidgetId id, bool topmost) {
         top->SetTopmost(topmost);
 }
 
-void QtScreen::SetMaximumSize(WidgetId id, Size size) {
-    if (TopLevel* top = FindTopLevel(id); top != nullptr)
-        top->SetMaximumSize(size);
+void QtScreen::SetSizeLimits(WidgetId id, Size least, Size most) {
+    if (TopLevel* top = FindTopLevel(id); top != nullptr) {
+        top->SetSizeLimits(least, most);
+    }
 }
 
 void QtScreen::SetMenuBar(WidgetId id, const std::vector<MenuView>& menu) {
@@ -221,8 +247,12 @@ void QtScreen::ShowPopup(WidgetId id, const std::vector<MenuView>& menu, Point w
     auto chosen = std::make_shared<std::uint32_t>(0);
     qt::FillMenu(*shown, menu, [chosen](std::uint32_t command) { *chosen = command; });
     // The menu goes before it tells what was chosen.
-    const auto ended = [this, chosen] { report_(input::MenuEnded, *chosen); };
-    QObject::connect(shown, &QMenu::aboutToHide, shown, [shown, ended] {
+    const auto ended = [this, chosen] {
+        popupEnds_ = false;
+        report_(input::MenuEnded, *chosen);
+    };
+    QObject::connect(shown, &QMenu::aboutToHide, shown, [this, shown, ended] {
+        popupEnds_ = true;
         QMetaObject::invokeMethod(shown, ended, Qt::QueuedConnection);
     });
     shown->popup(QPoint(where.x, where.y));
@@ -230,6 +260,7 @@ void QtScreen::ShowPopup(WidgetId id, const std::vector<MenuView>& menu, Point w
 
 void QtScreen::ClosePopup() {
     popup_.reset();
+    popupEnds_ = false;
 }
 
 void QtScreen::Draw(WidgetId id, const Pixels& pixels, const Rect& changed) {
@@ -322,31 +353,36 @@ void QtScreen::Wake() {
 // open a dialog or change what the next key or click means.
 bool QtScreen::Holds() const {
     return report_.IsOpen() && !held_.IsDelivering() &&
-           (coreIsBehind_ || report_.Handed() || !held_.IsEmpty());
+           (coreIsBehind_ || popupEnds_ || report_.Handed() || !held_.IsEmpty());
 }
 
 bool QtScreen::InterceptAtWindow(QWindow& receiver, QEvent& event) {
-    if (!qt::HeldInput::Concerns(event) || !Holds())
-        return false;
     // A list that closed when it was asked about the key has dealt with it.
     if (event.type() == QEvent::KeyPress && static_cast<QKeyEvent&>(event).key() == popupKey_)
         return false;
+    return qt::HeldInput::ConcernsWindow(event) && Hold(receiver, event);
+}
+
+bool QtScreen::Hold(QObject& receiver, QEvent& event) {
+    if (!Holds()) {
+        return false;
+    }
     held_.Add(receiver, event);
-    // Nobody has agreed to close the window yet.
-    if (event.type() == QEvent::Close)
-        event.ignore();
     return true;
 }
 
 // Hands on what was held until some of it gives the core something to do.
 void QtScreen::DeliverHeld() {
-    while (!held_.IsEmpty() && !coreIsBehind_ && !report_.Handed()) {
+    while (!held_.IsEmpty() && !coreIsBehind_ && !popupEnds_ && !report_.Handed()) {
         const QWidget* focus = NativeWidget(focus_);
         held_.DeliverFirst(focus != nullptr ? focus->window() : nullptr);
     }
 }
 
 bool QtScreen::Intercept(QWidget& receiver, QEvent& event) {
+    if (qt::HeldInput::ConcernsWidget(event) && Hold(receiver, event)) {
+        return true;
+    }
     switch (event.type()) {
         case QEvent::KeyPress:
         case QEvent::KeyRelease:
@@ -361,9 +397,13 @@ bool QtScreen::Intercept(QWidget& receiver, QEvent& event) {
             return false;
         case QEvent::MouseButtonPress:
             altAlone_ = false;
-            return IsShutOut(receiver);
-        case QEvent::MouseButtonRelease:
+            return KeepOut(receiver);
         case QEvent::MouseButtonDblClick:
+            return KeepOut(receiver);
+        case QEvent::MouseButtonRelease:
+            // Whatever was pressed while the window took input comes up again. What that does is
+            // the core's to drop.
+            return false;
         case QEvent::MouseMove:
         case QEvent::Wheel:
         case QEvent::Enter:
@@ -371,7 +411,16 @@ bool QtScreen::Intercept(QWidget& receiver, QEvent& event) {
         case QEvent::HoverMove:
         case QEvent::ContextMenu:
         case QEvent::Shortcut:
+        case QEvent::InputMethod:
             return IsShutOut(receiver);
+        case QEvent::DragEnter:
+        case QEvent::DragMove:
+        case QEvent::Drop:
+            if (!IsShutOut(receiver)) {
+                return false;
+            }
+            event.ignore();
+            return true;
         case QEvent::Close:
             if (!IsShutOut(receiver))
                 return false;
@@ -385,6 +434,14 @@ bool QtScreen::Intercept(QWidget& receiver, QEvent& event) {
 bool QtScreen::IsShutOut(const QWidget& receiver) const {
     const auto* top = dynamic_cast<const TopLevel*>(ControlOf(receiver.window()));
     return top != nullptr && !top->TakesInput();
+}
+
+bool QtScreen::KeepOut(const QWidget& receiver) {
+    if (!IsShutOut(receiver)) {
+        return false;
+    }
+    report_(input::Activated, ControlOf(receiver.window())->Id(), true);
+    return true;
 }
 
 bool QtScreen::InterceptShortcut(QWidget& receiver, QKeyEvent& event) {

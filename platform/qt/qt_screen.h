@@ -21,6 +21,7 @@ class QMenu;
 class QObject;
 class QTimer;
 class QWidget;
+class QWindow;
 
 namespace vxd {
 namespace qt {
@@ -58,7 +59,7 @@ class QtScreen final : public Screen {
 
     void Raise(WidgetId id) override;
     void SetTopmost(WidgetId id, bool topmost) override;
-    void SetMaximumSize(WidgetId id, Size size) override;
+    void SetSizeLimits(WidgetId id, Size least, Size most) override;
     void SetMenuBar(WidgetId id, const std::vector<MenuView>& menu) override;
     void ShowPopup(WidgetId id, const std::vector<MenuView>& menu, Point where) override;
     void ClosePopup() override;
@@ -98,6 +99,11 @@ class QtScreen final : public Screen {
     static bool TakesKeysFirst(const QWidget& receiver);
     bool OfferKey(QWidget& receiver, const QKeyEvent& event);
     bool IsShutOut(const QWidget& receiver) const;
+    // The same for something that a person does with the mouse, which leads to the window that
+    // shuts the other out.
+    bool KeepOut(const QWidget& receiver);
+    // Whether it waits with what is held already.
+    bool Hold(QObject& receiver, QEvent& event);
     void ReportFocus(const QWidget& receiver, const QEvent& event);
     void ReportActivation();
     // Whether what a person does now has to wait.
@@ -124,6 +130,7 @@ class QtScreen final : public Screen {
     std::unique_ptr<QTimer> answerTime_;
     int requests_ = 0;  // in that time
     std::unique_ptr<QMenu> popup_;
+    bool popupEnds_ = false;                // it is hidden, and its answer is still to come
     std::mutex wakeMutex_;                  // Wake uses the dispatcher on other threads
     QAbstractEventDispatcher* dispatcher_;  // null once retired
     std::unique_ptr<QTimer> timeLimit_;

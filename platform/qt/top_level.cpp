@@ -47,8 +47,6 @@ class Frame : public QWidget {
         if (setup.kind == WidgetKind::kDialog) {
             const bool isMessage = (setup.style & DS_NOIDLEMSG) != 0;
             SetRole(*this, isMessage ? QAccessible::AlertMessage : QAccessible::Dialog);
-            if (owner != nullptr)
-                setWindowModality(Qt::WindowModal);
             return;
         }
         SetRole(*this, QAccessible::Window);
@@ -209,6 +207,11 @@ void TopLevel::Show(bool visible) {
     Control::Show(visible);
 }
 
+void TopLevel::Enable(bool enabled) {
+    takesInput_ = enabled;
+    SetTakesInput(Widget(), enabled);
+}
+
 void TopLevel::SetIcon(const Pixels& icon) {
     Widget().setWindowIcon(QIcon(QPixmap::fromImage(ToImage(icon))));
 }
@@ -244,9 +247,13 @@ void TopLevel::SetTopmost(bool topmost) {
     }
 }
 
-void TopLevel::SetMaximumSize(Size size) {
-    if (!HasFixedSize())
-        Widget().setMaximumSize(size.width, size.height);
+void TopLevel::SetSizeLimits(Size least, Size most) {
+    if (HasFixedSize()) {
+        return;
+    }
+    const QSize smallest(least.width, least.height);
+    Widget().setMaximumSize(QSize(most.width, most.height).expandedTo(smallest));
+    Widget().setMinimumSize(smallest);
 }
 
 void TopLevel::SetMenuBar(const std::vector<MenuView>& menu) {

@@ -18,7 +18,7 @@ class TopLevel : public Control {
     void SetText(const std::string& text) override;
     void Place(const Rect& rect) override;
     void Show(bool visible) override;
-    void Enable(bool enabled) override { takesInput_ = enabled; }
+    void Enable(bool enabled) override;
     void SetIcon(const Pixels& icon) override;
     void Draw(const Pixels& pixels, const Rect& changed) override;
 
@@ -28,7 +28,7 @@ class TopLevel : public Control {
     // gets both when it is shown.
     bool Raise();
     void SetTopmost(bool topmost);
-    void SetMaximumSize(Size size);
+    void SetSizeLimits(Size least, Size most);
     void SetMenuBar(const std::vector<MenuView>& menu);
     int MenuBarHeight(int width) const;
     // Gives the keyboard to the menu bar; false without one.

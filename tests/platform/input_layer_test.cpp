@@ -251,6 +251,26 @@ TEST(Input, CountsForNothingInAWindowThatIsDisabledByThen) {
     });
 }
 
+TEST(Input, TheSameTypedOverItselfIsAChangeAndMovesTheCaret) {
+    RunOnUserInterface([] {
+        for (const bool isEdit : {true, false}) {
+            const HWND edit =
+                MakeControl(MakeWindow(), isEdit ? "Edit" : "ComboBox", isEdit ? 0 : CBS_DROPDOWN);
+            const auto id = vxd::HandleNumber(edit);
+            SetWindowTextA(edit, "0x98");
+            vxd::input::SelectionMoved(id, 2, 3);
+            Drain();
+            vxd::input::Edited(id, "0x98", 3, 3);
+            const auto told = [](int code) { return "7:" + std::to_string(code) + " "; };
+            EXPECT_EQ(Drain(), isEdit ? told(EN_UPDATE) + told(EN_CHANGE)
+                                      : told(CBN_EDITUPDATE) + told(CBN_EDITCHANGE));
+            EXPECT_EQ(SendMessageA(edit, isEdit ? EM_GETSEL : CB_GETEDITSEL, 0, 0), MAKELONG(3, 3));
+            vxd::input::Edited(id, "0x98", 4, 4);
+            EXPECT_EQ(Drain(), "");
+        }
+    });
+}
+
 TEST(Input, AReadOnlyEditKeepsItsText) {
     RunOnUserInterface([] {
         const HWND edit = MakeControl(MakeWindow(), "Edit", ES_READONLY);

@@ -1,6 +1,9 @@
 #include "tests/qt/native.h"
 
 #include <QApplication>
+#include <QDropEvent>
+#include <QInputMethodEvent>
+#include <QMimeData>
 #include <QTest>
 #include <QWindow>
 #include <chrono>
@@ -70,6 +73,23 @@ void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers) {
 
 void TypeLetter(char letter) {
     QTest::keyClick(KeyboardWindow(), letter);
+}
+
+void Commit(const char* text) {
+    QInputMethodEvent made;
+    made.setCommitString(QString::fromUtf8(text));
+    QCoreApplication::sendEvent(QGuiApplication::focusObject(), &made);
+}
+
+void Drop(QWidget& widget, const char* text) {
+    QMimeData dragged;
+    dragged.setText(QString::fromUtf8(text));
+    QWindow* window = widget.window()->windowHandle();
+    const QPoint place = widget.mapTo(widget.window(), widget.rect().center());
+    QDragEnterEvent enter(place, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window, &enter);
+    QDropEvent drop(place, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window, &drop);
 }
 
 void Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {

@@ -34,5 +34,8 @@ void ClickWidget(QWidget& widget, QPoint where, Qt::MouseButton button = Qt::Lef
 // The same for keys, which go to whatever has the keyboard.
 void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void TypeLetter(char letter);
+// The same for what an input method makes, and for a text that is dropped on a widget.
+void Commit(const char* text);
+void Drop(QWidget& widget, const char* text);
 
 }  // namespace native

@@ -67,7 +67,10 @@ constexpr UINT kChange = WM_APP + 1;
 void ChangeForm(HWND dialog, unsigned number) {
     const std::string text = std::string(number % 7, 'p') + std::to_string(number);
     const auto row = static_cast<WPARAM>(number % 3);
-    switch (number % 5) {
+    switch (number % 6) {
+        case 5:
+            SendDlgItemMessageA(dialog, IDC_NAME, EM_SETSEL, row, row + 1);
+            break;
         case 0:
             SetDlgItemTextA(dialog, IDC_NAME, text.c_str());
             break;
@@ -443,18 +446,160 @@ TEST_F(FormTest, TypedKeysAndAClickBehindThemArriveInTheirOrder) {
     EXPECT_EQ(form_.Text(IDC_NAME), "123");
 }
 
+TEST_F(FormTest, WhatIsDroppedMadeByAnInputMethodOrUndoneCountsInItsTurn) {
+    Focus(IDC_NAME);
+    TakeCodes(0);
+    native::Do([this] {
+        native::TypeLetter('1');
+        native::Drop(*native::WidgetOf(Control(IDC_NOTE)), "dropped");
+        native::TypeLetter('2');
+    });
+    std::string order;
+    for (const auto& [control, code] : OnUserInterface([] { return theNotices; })) {
+        if (code == EN_CHANGE) {
+            order += control == IDC_NAME ? "name " : "note ";
+        }
+    }
+    EXPECT_EQ(order, "name note name ");
+    EXPECT_EQ(form_.Text(IDC_NAME), "12");
+    EXPECT_EQ(form_.Text(IDC_NOTE), "dropped");
+    native::Do([] {
+        native::PressKey(Qt::Key_Backtab, Qt::ShiftModifier);
+        native::PressKey(Qt::Key_Tab);
+        native::PressKey(Qt::Key_Tab);
+        native::Commit("\xC3\xA9");
+    });
+    EXPECT_EQ(form_.Text(IDC_NAME), "12");
+    EXPECT_EQ(form_.Text(IDC_NOTE), "\xC3\xA9") << "in place of the selected text";
+    Focus(IDC_NAME);
+    native::Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_NE(form_.Text(IDC_NAME), "12");
+    EXPECT_EQ(ShownText(IDC_NAME), form_.Text(IDC_NAME));
+}
+
+TEST_F(FormTest, DoubleClicksAndCloseBoxesBehindTypedKeysWaitForThem) {
+    Focus(IDC_NAME);
+    TakeCodes(0);
+    native::DoLast([this] {
+        for (const char letter : {'1', '2'}) {
+            native::TypeLetter(letter);
+        }
+        QWidget& list = *native::WidgetOf(Control(IDC_LIST));
+        QTest::mouseDClick(list.window()->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                           list.mapTo(list.window(), QPoint(10, 10)));
+        native::WidgetOf(form_.Handle())->close();
+    });
+    EXPECT_EQ(result_.get(), IDCANCEL);
+    std::string order;
+    for (const auto& [control, code] : theNotices) {
+        if (control == IDC_NAME && code == EN_CHANGE) {
+            order += "typed ";
+        } else if (control == IDC_LIST && code == LBN_DBLCLK) {
+            order += "clicked ";
+        } else if (control == IDCANCEL) {
+            order += "closed";
+        }
+    }
+    EXPECT_EQ(order, "typed typed clicked closed");
+}
+
+// A dialog may come between what a person sees happen and its turn.
+TEST_F(FormTest, WhatCountsForNothingIsTakenBackOnTheScreen) {
+    const HWND form = form_.Handle();
+    const auto overtake = [form](const std::function<void()>& events) {
+        native::Do([&] {
+            events();
+            EnableWindow(form, FALSE);
+        });
+        OnUserInterface([form] { EnableWindow(form, TRUE); });
+    };
+    for (const int id : {IDC_NAME, IDC_NOTE, IDC_WORD, IDC_SIMPLE}) {
+        SetText(id, "kept");
+        Focus(id);
+        overtake([] { native::TypeLetter('x'); });
+        EXPECT_EQ(form_.Text(id), "kept");
+        const std::string shown = Shown<QWidget>(id, [](QWidget& widget) {
+            const auto* line = dynamic_cast<QLineEdit*>(&widget) != nullptr
+                                   ? dynamic_cast<QLineEdit*>(&widget)
+                                   : widget.findChild<QLineEdit*>();
+            return (line != nullptr ? line->text() : widget.property("plainText").toString())
+                .toStdString();
+        });
+        EXPECT_EQ(shown, "kept") << id;
+    }
+    Send(IDC_LIST, LB_SETCURSEL, 0);
+    overtake([this] { native::ClickWidget(*native::WidgetOf(Control(IDC_LIST)), QPoint(10, 25)); });
+    EXPECT_EQ(form_.SelectedRow(IDC_LIST), 0);
+    EXPECT_EQ(Shown<QListWidget>(IDC_LIST, &QListWidget::currentRow), 0);
+    Send(IDC_PLACE, CB_SETCURSEL, 2);
+    Focus(IDC_PLACE);
+    native::Press(Qt::Key_Down, Qt::AltModifier);
+    overtake([] {
+        native::PressKey(Qt::Key_Up);
+        native::PressKey(Qt::Key_Return);
+    });
+    EXPECT_EQ(Shown<QComboBox>(IDC_PLACE, &QComboBox::currentIndex), 2);
+    EXPECT_EQ(form_.SelectedRow(IDC_PLACE), 2);
+}
+
 // Whatever a person and the program do at the same time, they see the same afterwards.
-TEST_F(FormTest, ShowsWhatTheProgramHasAfterBothChangedIt) {
-    std::mt19937 random(20260101);
+class BothOnForm : public FormTest, public testing::WithParamInterface<unsigned> {
+  protected:
+    // What a person sees of the form, and what the program knows of it, as one text each.
+    std::string Seen() const {
+        return OnUserInterface([this] {
+            const auto& name = *native::As<QLineEdit>(Control(IDC_NAME));
+            const auto& word = *native::As<QComboBox>(Control(IDC_WORD))->lineEdit();
+            const auto& list = *native::As<QListWidget>(Control(IDC_LIST));
+            const int row = list.selectedItems().isEmpty() ? -1 : list.currentRow();
+            return Line(name) + Line(word) + std::to_string(list.count()) + " rows, " +
+                   std::to_string(row);
+        });
+    }
+    std::string Known() const {
+        return OnUserInterface([this] {
+            const auto field = [this](int id, UINT selection) {
+                char text[64];
+                GetDlgItemTextA(form_.Handle(), id, text, sizeof text);
+                const auto selected =
+                    static_cast<DWORD>(SendMessageA(Control(id), selection, 0, 0));
+                return text + Selection(Control(id), LOWORD(selected), HIWORD(selected));
+            };
+            const auto ask = [this](UINT message) {
+                return std::to_string(SendMessageA(Control(IDC_LIST), message, 0, 0));
+            };
+            return field(IDC_NAME, EM_GETSEL) + field(IDC_WORD, CB_GETEDITSEL) + ask(LB_GETCOUNT) +
+                   " rows, " + ask(LB_GETCURSEL);
+        });
+    }
+
+  private:
+    // Only where the keyboard is can it be seen.
+    static std::string Selection(HWND field, int start, int end) {
+        return GetFocus() != field ? std::string("; ")
+                                   : " " + std::to_string(start) + "-" + std::to_string(end) + "; ";
+    }
+    std::string Line(const QLineEdit& line) const {
+        const bool selected = line.hasSelectedText();
+        const int start = selected ? line.selectionStart() : line.cursorPosition();
+        const int end = selected ? line.selectionEnd() : start;
+        const HWND field = &line == native::As<QLineEdit>(Control(IDC_NAME)) ? Control(IDC_NAME)
+                                                                             : Control(IDC_WORD);
+        return line.text().toStdString() + Selection(field, start, end);
+    }
+};
+
+TEST_P(BothOnForm, SeeTheSameAfterBothChangedIt) {
+    std::mt19937 random(GetParam());
     const auto below = [&random](unsigned limit) {
         return static_cast<unsigned>(random() % limit);
     };
-    for (int round = 0; round < 150; ++round) {
+    for (int round = 0; round < 60; ++round) {
         Focus(below(2) == 0 ? IDC_NAME : IDC_WORD);
         native::Do([&] {
             for (unsigned event = 0; event < 6; ++event) {
                 QWidget& list = *native::WidgetOf(Control(IDC_LIST));
-                switch (below(5)) {
+                switch (below(8)) {
                     case 0:
                     case 1:
                         native::TypeLetter(static_cast<char>('a' + below(26)));
@@ -463,7 +608,15 @@ TEST_F(FormTest, ShowsWhatTheProgramHasAfterBothChangedIt) {
                         native::PressKey(Qt::Key_Backspace);
                         break;
                     case 3:
+                    case 4:
                         PostMessageA(form_.Handle(), kChange, below(1000), 0);
+                        break;
+                    case 5:
+                        native::PressKey(below(2) == 0 ? Qt::Key_Left : Qt::Key_Home,
+                                         below(2) == 0 ? Qt::ShiftModifier : Qt::NoModifier);
+                        break;
+                    case 6:
+                        EnableWindow(form_.Handle(), below(2) == 0);
                         break;
                     default:
                         native::ClickWidget(list, QPoint(10, 5 + static_cast<int>(below(60))));
@@ -471,19 +624,12 @@ TEST_F(FormTest, ShowsWhatTheProgramHasAfterBothChangedIt) {
                 }
             }
         });
-        ASSERT_EQ(Shown<QLineEdit>(IDC_NAME, &QLineEdit::text).toStdString(), form_.Text(IDC_NAME))
-            << "round " << round;
-        ASSERT_EQ(Shown<QComboBox>(IDC_WORD, &QComboBox::currentText).toStdString(),
-                  form_.Text(IDC_WORD))
-            << "round " << round;
-        ASSERT_EQ(Shown<QListWidget>(IDC_LIST, &QListWidget::count), Send(IDC_LIST, LB_GETCOUNT));
-        const auto selected = [](const QListWidget& list) {
-            return list.selectedItems().isEmpty() ? -1 : list.currentRow();
-        };
-        ASSERT_EQ(Shown<QListWidget>(IDC_LIST, selected), Send(IDC_LIST, LB_GETCURSEL))
-            << "round " << round;
+        ASSERT_EQ(Seen(), Known()) << "round " << round;
+        OnUserInterface([this] { EnableWindow(form_.Handle(), TRUE); });
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(Seeds, BothOnForm, testing::Values(20260101u, 7u, 91u, 4711u));
 
 // The program of the window tests: a window with a menu bar, filled with one colour.
 
@@ -730,6 +876,23 @@ TEST_F(WindowTest, F10AndAltAloneGiveTheMenuBarTheKeyboardAndTakeItBack) {
     }
 }
 
+TEST_F(WindowTest, ALetterThatEntriesOfTheMenuBarShareLeadsFromOneToTheNextAndOpensNone) {
+    for (int times = 0; times < 2; ++times) {
+        native::Press(Qt::Key_N, Qt::AltModifier);
+        EXPECT_EQ(ActiveEntry(), "Me&nu C");
+        native::Press(Qt::Key_N);
+        EXPECT_EQ(ActiveEntry(), "Wider tha&n a narrow window") << "in another row";
+        native::Press(Qt::Key_N);
+        EXPECT_EQ(ActiveEntry(), "Me&nu C");
+        EXPECT_EQ(TakeMessages(WM_INITMENUPOPUP), 0u);
+        // One that no other has is as good as with Alt.
+        native::Press(times == 0 ? Qt::Key_B : Qt::Key_Escape);
+        EXPECT_EQ(TakeCommands(), times == 0 ? std::vector<UINT>{IDM_BARE} : std::vector<UINT>{});
+        EXPECT_EQ(ActiveEntry(), "");
+        ExpectKeyboard();
+    }
+}
+
 TEST_F(WindowTest, AMenuBarWithTheKeyboardLosesItWithTheWindow) {
     native::Press(Qt::Key_F10);
     std::unique_ptr<QWindow> other;
@@ -812,6 +975,8 @@ TEST_F(WindowTest, AMoveOrResizeByTheDesktopReachesTheProgramAndPaintsWhatIsNewA
     EXPECT_EQ(QRect(QPoint(rect.left, rect.top), QPoint(rect.right - 1, rect.bottom - 1)), resized);
     EXPECT_EQ(TakePainted(), (std::vector<QRect>{QRect(0, client.height(), client.width(), 40)}));
     EXPECT_EQ(SeenAt(ClientRect().bottomRight()), kSeenColour);
+    native::Do([this] { native::WidgetOf(window_)->resize(20, 20); });
+    EXPECT_EQ(WindowRect().size(), QSize(112, 27)) << "the least that a frame with caption takes";
 }
 
 TEST_F(WindowTest, AChoiceInTheContextMenuIsACommandAndLeavingItIsNone) {
@@ -829,6 +994,36 @@ TEST_F(WindowTest, AChoiceInTheContextMenuIsACommandAndLeavingItIsNone) {
         native::Press(each.key);
         EXPECT_EQ(TakeCommands(), each.commands);
     }
+}
+
+TEST_F(WindowTest, ALetterBehindTheChoiceInAContextMenuIsNoOtherChoice) {
+    ClickBelow(Qt::RightButton);
+    TakeMessages(WM_KEYDOWN);
+    native::Do([] {
+        native::PressKey(Qt::Key_Down);
+        native::PressKey(Qt::Key_Return);
+        native::TypeLetter('l');
+    });
+    EXPECT_EQ(TakeCommands(), std::vector<UINT>{IDM_MORE});
+    EXPECT_EQ(TakeMessages(WM_KEYDOWN), 1u) << "the letter is the window's";
+}
+
+TEST_F(WindowTest, MenusOfAWindowCloseWhenItTakesNoInputAnyMore) {
+    const auto disabled = [this](const std::function<void()>& open) {
+        open();
+        EXPECT_NE(OnUserInterface([] { return OpenMenu().size(); }), 0);
+        OnUserInterface([this] { EnableWindow(window_, FALSE); });
+        native::Do([] {});
+        EXPECT_EQ(OnUserInterface([] { return OpenMenu().size(); }), 0);
+        OnUserInterface([this] { EnableWindow(window_, TRUE); });
+    };
+    disabled([this] { ClickBelow(Qt::RightButton); });
+    disabled([] {
+        native::Press(Qt::Key_F, Qt::AltModifier);
+        native::Press(Qt::Key_I);
+    });
+    EXPECT_EQ(TakeCommands(), std::vector<UINT>{});
+    native::Press(Qt::Key_Escape);
 }
 
 TEST_F(WindowTest, AContextMenuEndsWithItsWindow) {

@@ -59,6 +59,8 @@ class Button : public BasicControl {
         }
     }
 
+    void ShowState() override { CurrentScreen().SetCheck(window_.Widget(), check_); }
+
     void OnClicked() override { Click(); }
 
   private:
@@ -115,7 +117,7 @@ class Button : public BasicControl {
                 break;
             default:
                 // The screen's own widget may have changed its look on the click.
-                CurrentScreen().SetCheck(window_.Widget(), check_);
+                ShowState();
                 break;
         }
         Notify(window_, BN_CLICKED);

@@ -108,11 +108,25 @@ class ComboBox : public BasicControl {
     }
 
     std::string EditedText() const override { return edit_.Text(); }
-    void ShowEditedText() override { ShowEdit(); }
+
+    void ShowState() override {
+        CurrentScreen().SetDropped(window_.Widget(), dropped_);
+        rows_.ShowSelected();
+        if (HasEdit()) {
+            ShowEdit();
+        }
+    }
 
     void OnEdited(const std::string& text, int start, int end) override {
-        if (!HasEdit() || text == edit_.Text())
+        if (!HasEdit()) {
             return;
+        }
+        if (text == edit_.Text()) {
+            if (edit_.FollowSame(start, end)) {
+                TellEdited();
+            }
+            return;
+        }
         const std::string before = edit_.Text();
         if (!edit_.Follow(text, start, end))
             ShowEdit();
@@ -147,7 +161,7 @@ class ComboBox : public BasicControl {
         if (!HasEdit())
             return;
         edit_.Set(text);
-        ShowText();
+        ShowEdit();
     }
 
     // A row's text stands ready to be typed over; no row leaves the edit empty.
@@ -166,7 +180,7 @@ class ComboBox : public BasicControl {
 
     void SelectText(int start, int end) {
         edit_.Select(start, end);
-        CurrentScreen().SetTextSelection(window_.Widget(), edit_.Start(), edit_.End());
+        ShowSelection();
     }
 
     LRESULT Select(LRESULT row) {
@@ -234,14 +248,15 @@ class ComboBox : public BasicControl {
         TellEdited();
     }
 
-    void ShowText() {
-        CurrentScreen().SetText(window_.Widget(), edit_.Text());
-        FollowShownText(window_.Widget());
+    void ShowSelection() {
+        CurrentScreen().SetTextSelection(window_.Widget(), edit_.Start(), edit_.End());
+        FollowShownSelection(window_.Widget());
     }
 
     void ShowEdit() {
-        ShowText();
-        CurrentScreen().SetTextSelection(window_.Widget(), edit_.Start(), edit_.End());
+        CurrentScreen().SetText(window_.Widget(), edit_.Text());
+        FollowShownText(window_.Widget());
+        ShowSelection();
     }
 
     // Typed text stands for no row, even where it is one's.

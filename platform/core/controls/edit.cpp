@@ -67,14 +67,18 @@ class Edit : public BasicControl {
     }
 
     std::string EditedText() const override { return text_.Text(); }
-    void ShowEditedText() override { Show(); }
+    void ShowState() override { Show(); }
 
     void OnEdited(const std::string& text, int start, int end) override {
-        if (text == text_.Text())
-            return;
         // Assistive tools write into any field.
         if (Has(ES_READONLY)) {
             Show();
+            return;
+        }
+        if (text == text_.Text()) {
+            if (text_.FollowSame(start, end)) {
+                TellChange();
+            }
             return;
         }
         const bool longer = text.size() > text_.Text().size();
@@ -116,6 +120,7 @@ class Edit : public BasicControl {
 
     void ShowSelection() {
         CurrentScreen().SetTextSelection(window_.Widget(), text_.Start(), text_.End());
+        FollowShownSelection(window_.Widget());
     }
 
     void TellChange() {

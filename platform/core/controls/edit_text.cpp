@@ -55,6 +55,12 @@ EditText::Replaced EditText::Replace(std::string_view text) {
     return {fits, changed};
 }
 
+bool EditText::FollowSame(int start, int end) {
+    const bool replaced = start_ != end_ && start == end;
+    Select(start, end);
+    return replaced;
+}
+
 bool EditText::Follow(std::string_view edited, int start, int end) {
     if (edited.size() <= text_.size() || static_cast<int>(edited.size()) <= limit_) {
         Set(edited);

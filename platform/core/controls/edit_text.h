@@ -30,6 +30,9 @@ class EditText {
     // Takes over a text that a widget has made of this one by an edit of its own, with the
     // selection in it; what was put in has to obey the limit. Whether the widget shows it right.
     bool Follow(std::string_view edited, int start, int end);
+    // The same for an edit that has left the text as it was. Whether something was put in place of
+    // its like.
+    bool FollowSame(int start, int end);
     // Deletes the selection, or without one the character before or behind, a whole line end as
     // one; whether anything went.
     bool DeleteBackwards();

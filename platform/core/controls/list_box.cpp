@@ -70,6 +70,8 @@ class ListBox : public BasicControl {
         }
     }
 
+    void ShowState() override { rows_.ShowSelected(); }
+
     // A choice counts even when it is the row that is selected already.
     void OnRowChosen(int row) override {
         if (!rows_.HasRow(row))

@@ -65,8 +65,12 @@ void RowList::Clear() {
 
 LRESULT RowList::Select(LRESULT row) {
     selected_ = HasRow(row) ? static_cast<int>(row) : -1;
-    CurrentScreen().SelectRow(window_.Widget(), selected_);
+    ShowSelected();
     return selected_ < 0 ? kError : selected_;
+}
+
+void RowList::ShowSelected() const {
+    CurrentScreen().SelectRow(window_.Widget(), selected_);
 }
 
 LRESULT RowList::CopyRowText(LRESULT row, LPSTR destination) const {

@@ -31,6 +31,8 @@ class RowList {
     void Clear();
     // Row -1 takes the selection away and, as Win32 has it, answers with the error value.
     LRESULT Select(LRESULT row);
+    // Shows the selection again.
+    void ShowSelected() const;
     LRESULT CopyRowText(LRESULT row, LPSTR destination) const;
     LRESULT Data(LRESULT row) const;
     LRESULT SetData(LRESULT row, LPARAM data);

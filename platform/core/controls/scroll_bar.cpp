@@ -70,16 +70,18 @@ class ScrollBar : public BasicControl {
                  MAKEWPARAM(code, tellsPosition ? position : 0), reinterpret_cast<LPARAM>(handle));
         // The widget has followed the person; a thumb that is still held goes on doing so.
         if (IsLiveWindow(handle) && code != SB_THUMBTRACK)
-            Show();
+            ShowState();
+    }
+
+    void ShowState() override {
+        CurrentScreen().SetScroll(window_.Widget(), minimum_, maximum_, position_);
     }
 
   private:
-    void Show() { CurrentScreen().SetScroll(window_.Widget(), minimum_, maximum_, position_); }
-
     // Gives the position before, as SetRange does.
     int Move(int position) {
         const int before = std::exchange(position_, std::clamp(position, minimum_, maximum_));
-        Show();
+        ShowState();
         return before;
     }
 
