@@ -24,6 +24,7 @@
 #include "commands/tdm_routing.h"
 #include "commands/window_commands.h"
 #include "debug/about.h"
+#include "debug/debug_levels.h"
 #include "debug/gds_dump.h"
 #include "driver/kora_dll32.h"
 #include "driver/papi.h"
@@ -79,6 +80,8 @@ constexpr std::array kCommands = {
     Command{IDM_FILE_SEND_RAW_COMMAND, Open<OpenRawCommand>},
     Command{IDM_FILE_BANDWIDTH, Run<ShowBandwidth>},
 
+    Command{IDM_DEBUG_LEVELS_OLDER, Open<OpenDebugLevels>},
+    Command{IDM_DEBUG_LEVELS_NEWER, Open<OpenDebugLevels>},
     Command{IDM_DEBUG_KORA_MUTE, ChooseDebugLevel},
     Command{IDM_DEBUG_KORA_ERROR, ChooseDebugLevel},
     Command{IDM_DEBUG_KORA_WARN, ChooseDebugLevel},

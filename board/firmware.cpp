@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "board/state.h"
+#include "driver/debug_levels.h"
 #include "driver/firmware_command.h"
 
 namespace board {
@@ -17,11 +18,6 @@ constexpr size_t kStreamCapacity = 64;
 constexpr uint32_t kFlashBlocks = 16;
 constexpr uint32_t kWordsPerFlashBlock = 256;
 constexpr uint32_t kErasedWord = 0xFFFFFFFF;
-constexpr uint32_t kNoLevel = 0;
-constexpr uint32_t kErrorLevel = 10;
-constexpr uint32_t kTraceLevel = 30;
-constexpr uint32_t kUsbTraceVariable = 50;
-constexpr uint32_t kUsbTraceErrors = 0x001;
 
 // --- Registers and single values ---
 
@@ -409,9 +405,9 @@ constexpr auto kCommands = std::to_array<FirmwareCommand>({
     {PELLAN_COMMAND_PLAY_VIDEO_FILE, "PELLAN_COMMAND_PLAY_VIDEO_FILE", FindNoFile},
     {PELLAN_COMMAND_STREAM_WRITE, "PELLAN_COMMAND_STREAM_WRITE", OnOpenStream<WriteWord>},
     {PELLAN_COMMAND_STREAM_READ, "PELLAN_COMMAND_STREAM_READ", OnOpenStream<ReadWord>},
-    {PELLAN_COMMAND_DEBUG_MUTE, "PELLAN_COMMAND_DEBUG_MUTE", SetAllLevels<kNoLevel>},
-    {PELLAN_COMMAND_DEBUG_TECH, "PELLAN_COMMAND_DEBUG_TECH", SetAllLevels<kErrorLevel>},
-    {PELLAN_COMMAND_DEBUG_TRACE, "PELLAN_COMMAND_DEBUG_TRACE", SetAllLevels<kTraceLevel>},
+    {PELLAN_COMMAND_DEBUG_MUTE, "PELLAN_COMMAND_DEBUG_MUTE", SetAllLevels<DEBUG_LEVEL_NONE>},
+    {PELLAN_COMMAND_DEBUG_TECH, "PELLAN_COMMAND_DEBUG_TECH", SetAllLevels<DEBUG_LEVEL_ERROR>},
+    {PELLAN_COMMAND_DEBUG_TRACE, "PELLAN_COMMAND_DEBUG_TRACE", SetAllLevels<DEBUG_LEVEL_TRACE1>},
     {PELLAN_COMMAND_DEBUG_SETLEVEL, "PELLAN_COMMAND_DEBUG_SETLEVEL",
      Write<&Firmware::moduleDebugLevels>},
     {PELLAN_COMMAND_DEBUG_GETLEVEL, "PELLAN_COMMAND_DEBUG_GETLEVEL",
@@ -484,9 +480,9 @@ Firmware::Firmware()
                                    VC_AUDIOPARAM_MIC_DETECT, VC_AUDIOPARAM_G723_SUPPORT,
                                    VC_AUDIOPARAM_INT_SPKR_DETECT, VC_AUDIOPARAM_EXT_SPKR_DETECT},
                       .onlyListed = true} {
-    softwareVariables.values = {{kUsbTraceVariable, kUsbTraceErrors}};
+    softwareVariables.values = {{kUsbTraceVariable, USB_TRACE_ERRORS}};
     for (uint32_t module = 0; module <= moduleDebugLevels.last; ++module) {
-        moduleDebugLevels.values[module] = kErrorLevel;
+        moduleDebugLevels.values[module] = DEBUG_LEVEL_ERROR;
     }
 }
 

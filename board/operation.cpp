@@ -4,6 +4,7 @@
 #include <thread>
 
 #include "board/simulation.h"
+#include "board/trace.h"
 
 namespace board {
 namespace {
@@ -91,6 +92,7 @@ Operation::~Operation() {
     CallCount& count = simulation.state.callCounts[name];
     ++count.calls;
     count.failures += result != VXD_SUCCESS && !simulation.state.resultIsBit;
+    TraceCall(simulation.state, call_, simulation.state.resultIsBit);
     if (simulation.state.traceCalls) {
         simulation.state.outbox.lines.push_back(Describe(call_) + '\n');
     }

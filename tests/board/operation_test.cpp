@@ -254,6 +254,7 @@ TEST_F(Operations, AreTracedAsLinesWhereTheSettingsFileWantsIt) {
     // A place for the monitor that tests running beside this one don't use.
     const std::string folder = kit::SettingsPath(kit::kBoardFile).parent_path().string();
     SetEnvironmentVariableA("XDG_RUNTIME_DIR", folder.c_str());
+    Send(PELLAN_COMMAND_DEBUG_MUTE);
     DebugMonitor monitor;
     ASSERT_TRUE(monitor.IsListening());
     vdapi_Initialize(0);

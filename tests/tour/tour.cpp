@@ -279,6 +279,16 @@ void DumpGds(const kit::Utility& utility) {
                [](const kit::Dialog& dialog) { dialog.Pick(IDC_GDS_MODULE, "Seq        "); });
 }
 
+void SetDebugLevels(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_DEBUG_LEVELS_NEWER, "Set Debug Levels", "debug-levels",
+               [](const kit::Dialog& dialog) {
+                   dialog.Pick(IDC_DEBUG_MODULES, "JADE");
+                   dialog.Pick(IDC_DEBUG_LEVEL, "TRACE3");
+                   dialog.Press(IDC_USB_RXDATA);
+                   dialog.Press(IDC_USB_UPDATE);
+               });
+}
+
 // The stops, in order. Every dialog has one.
 constexpr void (*kStops[])(const kit::Utility&) = {
     ShowMainWindow,
@@ -304,6 +314,7 @@ constexpr void (*kStops[])(const kit::Utility&) = {
     ChooseUserDataRate,
     ChooseUserDataLength,
     DumpGds,
+    SetDebugLevels,
 };
 
 TEST(Tour, WalksThroughTheUtilityAndTakesItsPictures) {

@@ -1,0 +1,90 @@
+// The debug levels of the board's software: its modules, and the categories of trace of its USB
+// link.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+// Levels stand ten apart. A module tells what is at most at its level; at 0 it tells nothing.
+enum : uint16_t {
+    DEBUG_LEVEL_NONE = 0,
+    DEBUG_LEVEL_ERROR = 10,
+    DEBUG_LEVEL_WARN = 20,
+    DEBUG_LEVEL_TRACE1 = 30,
+    DEBUG_LEVEL_TRACE2 = 40,
+    DEBUG_LEVEL_TRACE3 = 50,
+    DEBUG_LEVEL_TRACE4 = 60,
+    DEBUG_LEVEL_TRACE5 = 70,
+};
+
+enum : uint32_t {
+    FIRMWARE_MODULE_API = 0,
+    FIRMWARE_MODULE_CONV,
+    FIRMWARE_MODULE_DRV,
+    FIRMWARE_MODULE_FILE,
+    FIRMWARE_MODULE_JADE,
+    FIRMWARE_MODULE_JADE_ISR,
+    FIRMWARE_MODULE_SYS,
+    FIRMWARE_MODULE_UI,
+    FIRMWARE_MODULE_VCP,
+    FIRMWARE_MODULE_VCPXI,
+    FIRMWARE_MODULE_VCPXI_DMA,
+    FIRMWARE_MODULE_VCPXI_STREAM,
+    FIRMWARE_MODULE_VCPXI_LOWLEVEL,
+    FIRMWARE_MODULE_VCPXI_TASK,
+    FIRMWARE_MODULE_AKM,
+    FIRMWARE_MODULE_PROG,
+    FIRMWARE_MODULE_USB,
+    FIRMWARE_MODULE_DRV_CAM,
+    FIRMWARE_MODULE_API_CAM,
+    FIRMWARE_MODULE_API_VID,
+    FIRMWARE_MODULE_UTIL_LIST,
+    FIRMWARE_MODULE_UTIL_TIMER,
+};
+
+struct FirmwareModuleEntry {
+    const char* name;
+    uint32_t id;
+};
+
+inline constexpr auto kFirmwareModules = std::to_array<FirmwareModuleEntry>({
+    {"API", FIRMWARE_MODULE_API},
+    {"CONV", FIRMWARE_MODULE_CONV},
+    {"DRV", FIRMWARE_MODULE_DRV},
+    {"FILE", FIRMWARE_MODULE_FILE},
+    {"JADE", FIRMWARE_MODULE_JADE},
+    {"JADE_ISR", FIRMWARE_MODULE_JADE_ISR},
+    {"SYS", FIRMWARE_MODULE_SYS},
+    {"UI", FIRMWARE_MODULE_UI},
+    {"VCP", FIRMWARE_MODULE_VCP},
+    {"VCPXI", FIRMWARE_MODULE_VCPXI},
+    {"VCPXI_DMA", FIRMWARE_MODULE_VCPXI_DMA},
+    {"VCPXI_STREAM", FIRMWARE_MODULE_VCPXI_STREAM},
+    {"VCPXI_LOWLEVEL", FIRMWARE_MODULE_VCPXI_LOWLEVEL},
+    {"VCPXI_TASK", FIRMWARE_MODULE_VCPXI_TASK},
+    {"AKM", FIRMWARE_MODULE_AKM},
+    {"PROG", FIRMWARE_MODULE_PROG},
+    {"USB", FIRMWARE_MODULE_USB},
+    {"DRV_CAM", FIRMWARE_MODULE_DRV_CAM},
+    {"API_CAM", FIRMWARE_MODULE_API_CAM},
+    {"API_VID", FIRMWARE_MODULE_API_VID},
+    {"UTIL_LIST", FIRMWARE_MODULE_UTIL_LIST},
+    {"UTIL_TIMER", FIRMWARE_MODULE_UTIL_TIMER},
+});
+
+// The software variable that holds which categories of USB trace the firmware writes, and its bits.
+inline constexpr uint32_t kUsbTraceVariable = 50;
+enum : uint32_t {
+    USB_TRACE_ERRORS = 0x001,
+    USB_TRACE_ANY = 0x002,
+    USB_TRACE_FLOW = 0x004,
+    USB_TRACE_CHAP9 = 0x008,
+    USB_TRACE_PROTO = 0x010,
+    USB_TRACE_BUFQE = 0x020,
+    USB_TRACE_HWINT = 0x040,
+    USB_TRACE_TXDATA = 0x080,
+    USB_TRACE_RXDATA = 0x100,
+    USB_TRACE_HWDIAG = 0x200,
+    USB_TRACE_HWEVENT = 0x400,
+    USB_TRACE_VSP = 0x800,
+};
