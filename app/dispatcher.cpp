@@ -15,6 +15,7 @@
 #include "commands/chip_commands.h"
 #include "commands/data_channels.h"
 #include "commands/debug_level_commands.h"
+#include "commands/echo_canceller.h"
 #include "commands/led.h"
 #include "commands/media_services.h"
 #include "commands/message_channel.h"
@@ -28,8 +29,11 @@
 #include "debug/gds_dump.h"
 #include "driver/kora_dll32.h"
 #include "driver/papi.h"
+#include "regs/aec_latch.h"
+#include "regs/akm_control.h"
 #include "regs/annexd_loader.h"
 #include "regs/arcofi_browsers.h"
+#include "regs/audio_config.h"
 #include "regs/auxdev_browsers.h"
 #include "regs/camera_browsers.h"
 #include "regs/camera_selection.h"
@@ -73,6 +77,10 @@ void Open(HWND window, uint32_t /*command*/) {
     kOpen(AppInstance, window);
 }
 
+void RunEchoCancellerCommand(HWND /*window*/, uint32_t command) {
+    HandleAECMode(nullptr, command);
+}
+
 constexpr std::array kCommands = {
     Command{IDM_FILE_EXIT, Run<ExitUtility>},
     Command{IDM_FILE_RESET, Run<ResetHardware>},
@@ -107,6 +115,26 @@ constexpr std::array kCommands = {
     Command{IDM_ARCOFI_LOOP_CONVERTER, ChooseArcofiLoop},
     Command{IDM_ARCOFI_LOOP_NOISE_SHAPER, ChooseArcofiLoop},
     Command{IDM_ARCOFI_LOOP_INTERFACE, ChooseArcofiLoop},
+
+    Command{IDM_AEC_INITIALIZE, RunEchoCancellerCommand},
+    Command{IDM_AEC_TERMINATE, RunEchoCancellerCommand},
+    Command{IDM_AEC_ON, RunEchoCancellerCommand},
+    Command{IDM_AEC_OFF, RunEchoCancellerCommand},
+    Command{IDM_AEC_LOOPBACK, RunEchoCancellerCommand},
+    Command{IDM_AEC_MUTE_ON, RunEchoCancellerCommand},
+    Command{IDM_AEC_MUTE_OFF, RunEchoCancellerCommand},
+    Command{IDM_AEC_SW_RESET, RunEchoCancellerCommand},
+    Command{IDM_AEC_HW_RESET, RunEchoCancellerCommand},
+    Command{IDM_AEC_MODE_1, RunEchoCancellerCommand},
+    Command{IDM_AEC_MODE_2, RunEchoCancellerCommand},
+    Command{IDM_AEC_MODE_3, RunEchoCancellerCommand},
+    Command{IDM_AEC_ANS_ON, RunEchoCancellerCommand},
+    Command{IDM_AEC_ANS_OFF, RunEchoCancellerCommand},
+    Command{IDM_AEC_AGC_ON, RunEchoCancellerCommand},
+    Command{IDM_AEC_AGC_OFF, RunEchoCancellerCommand},
+    Command{IDM_AEC_LATCH, Open<OpenAecLatch>},
+    Command{IDM_AKM, Open<OpenAkmControl>},
+    Command{IDM_AUDIO, Open<OpenAudioConfig>},
 
     Command{IDM_BOARD_ROUTING_IOM2, Run<RouteToIom2>},
     Command{IDM_BOARD_ROUTING_MVIP, Run<RouteToMvip>},

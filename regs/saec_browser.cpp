@@ -1,12 +1,14 @@
 // The SAEC's registers, of 8 and of 16 bits.
 #include "regs/saec_browser.h"
 
+#include <array>
 #include <cstdint>
 
 #include "driver/papi.h"
 #include "driver/result_code.h"
 #include "regs/register_browser.h"
 #include "regs/saec_catalogue.h"
+#include "regs/saec_levels.h"
 #include "services/diagnostics.h"
 #include "services/dialog_kit.h"
 #include "services/number_field.h"
@@ -34,6 +36,12 @@ void ShowName(HWND dialog, std::size_t row) {
               entry.name.Text());
 }
 
+constexpr auto kMessages = std::to_array<DialogMessage>({
+    {WM_TIMER, ShowLevelsAtTick},
+    {WM_RBUTTONDBLCLK, SwitchLevelsOn},
+    {WM_CONTEXTMENU, SwitchLevelsOnByKey},
+});
+
 constexpr RegisterBrowser kBrowser{
     .dialog = IDD_SAEC_PORTS,
     .list = IDC_BROWSER_LIST,
@@ -43,7 +51,10 @@ constexpr RegisterBrowser kBrowser{
     .read = ReadRegister,
     .failureText = "Failure !!",
     .write = WriteRegister,
+    .open = StartLevels,
     .showName = ShowName,
+    .messages = kMessages,
+    .end = StopLevels,
 };
 
 }  // namespace

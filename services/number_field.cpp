@@ -106,6 +106,19 @@ uint32_t ParseAnyBase(const std::string& text) {
     return ParseInBase(text.c_str(), BaseOf(text));
 }
 
+std::optional<uint32_t> FindNumber(const std::string& text) {
+    const int base = BaseOf(text);
+    char* end = nullptr;
+    std::strtoll(text.c_str(), &end, base);
+    // To the C library the 0 before an x without digits is a number of its own.
+    const std::size_t behindMark = text.find_first_not_of(kBeforeDigits) + kMark.size();
+    const bool isBareMark = base == 16 && (behindMark == text.size() ||
+                                           DigitOf(text[behindMark]) == kNoDigit);
+    if (end == text.c_str() || isBareMark)
+        return std::nullopt;
+    return ParseInBase(text.c_str(), base);
+}
+
 int32_t ParseDecimal(const std::string& text) {
     return NearestDecimal<int32_t>(text);
 }

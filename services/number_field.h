@@ -1,5 +1,5 @@
 // The numbers that fields hold, in the forms that the dialogs read. Every form takes what a text
-// begins with, as far as it goes, and gives 0 where that is no number.
+// begins with, as far as it goes, and gives 0, or nothing where it can, where that is no number.
 #pragma once
 
 #include <cstddef>
@@ -30,6 +30,9 @@ std::optional<uint32_t> ParseHexAtMark(const char* text);
 // A number in the base that it begins with: 0x hexadecimal, 0 octal, else decimal; blanks and a
 // sign may stand before it. One that does not fit 32 bits gives the greatest number.
 uint32_t ParseAnyBase(const std::string& text);
+
+// The same; nothing where there is no digit, or none behind the 0x.
+std::optional<uint32_t> FindNumber(const std::string& text);
 
 // A decimal number behind blanks and a sign. One that does not fit gives the nearest that does; the
 // unsigned form therefore takes a negative one for 0.

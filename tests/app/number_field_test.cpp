@@ -3,8 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
+#include <optional>
 #include <tuple>
+#include <utility>
 
 namespace {
 
@@ -24,6 +25,17 @@ TEST(NumberField, EachFormTakesWhatATextBeginsWith) {
         EXPECT_EQ(ParseAnyBase(text), anyBase) << text;
         EXPECT_EQ(ParseDecimal(text), decimal) << text;
         EXPECT_EQ(ParseUnsignedDecimal(text), unsignedDecimal) << text;
+    }
+}
+
+TEST(NumberField, ATextWithoutADigitIsNoNumber) {
+    for (const char* text : {"", " ", "x7", "-", "+-5", "0x", "-0x", "0xg", "0x 1"}) {
+        EXPECT_EQ(FindNumber(text), std::nullopt) << text;
+    }
+    for (const auto& [text, number] :
+         {std::pair{"0", 0u}, std::pair{"0x0x", 0u}, std::pair{"08", 0u}, std::pair{" 017", 15u},
+          std::pair{"0X1F", 0x1Fu}, std::pair{"17h", 17u}, std::pair{"-1", 0xFFFFFFFFu}}) {
+        EXPECT_EQ(FindNumber(text), number) << text;
     }
 }
 
