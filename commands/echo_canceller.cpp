@@ -42,7 +42,7 @@ void TraceFailure(uint32_t result, const char* format) {
 }
 
 void SetMode(uint32_t command) {
-    const auto* const mode = std::ranges::find(kModes, command, &ModeCommand::id);
+    const auto mode = std::ranges::find(kModes, command, &ModeCommand::id);
     if (mode == kModes.end()) {
         DbgMsg(kSeverity, "HandleAECMode() : Invalid Parameter.\n");
         return;

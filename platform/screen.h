@@ -203,6 +203,9 @@ void MenuEnded(std::uint32_t command);
 // A mouse message (WM_LBUTTONDOWN and its like) on a window, dialog or surface, at a client point.
 // The core makes a context menu's request of the right button's release and of the menu keys.
 void Mouse(WidgetId id, std::uint32_t message, Point where);
+// The wheel was turned over a window, dialog or surface, or over a control in it that has no use
+// for it: by 120 for each notch away from the person.
+void Wheel(WidgetId id, int turned, Point where);
 
 struct KeyPress {
     std::uint32_t virtualKey = 0;  // 0 where the key has none

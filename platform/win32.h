@@ -240,11 +240,14 @@ typedef struct tagMINMAXINFO {
 #define WM_RBUTTONDOWN 0x0204
 #define WM_RBUTTONUP 0x0205
 #define WM_RBUTTONDBLCLK 0x0206
+#define WM_MOUSEWHEEL 0x020A
 #define WM_DPICHANGED 0x02E0  // only Windows sends it; elsewhere the desktop scales by itself
 #define WM_USER 0x0400
 #define WM_APP 0x8000
 
 #define SC_CLOSE 0xF060
+#define WHEEL_DELTA 120  // of WM_MOUSEWHEEL: one notch
+#define GET_WHEEL_DELTA_WPARAM(wParam) (static_cast<SHORT>(HIWORD(wParam)))
 #define WA_INACTIVE 0
 #define WA_ACTIVE 1
 #define SIZE_RESTORED 0

@@ -15,7 +15,7 @@ namespace {
 
 // At most four characters count.
 constexpr std::size_t kValueBuffer = 5;
-// Leaves everything as it is; between two codes it tells the DSP that the second is a new one.
+// Written behind a mode where that is wanted, so that the mode does not stay in the latch.
 constexpr uint32_t kNeutral = 0x80;
 
 struct ModeButton {
@@ -42,7 +42,7 @@ constexpr auto kModes = std::to_array<ModeButton>({
 });
 
 bool SetMode(HWND dialog, int id, int code) {
-    const auto* const mode = std::ranges::find(kModes, id, &ModeButton::id);
+    const auto mode = std::ranges::find(kModes, id, &ModeButton::id);
     if (code != BN_CLICKED || mode == kModes.end()) {
         return false;
     }

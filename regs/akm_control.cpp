@@ -6,7 +6,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstdio>
+#include <cstdlib>
+#include <optional>
 #include <string>
 
 #include "driver/papi.h"
@@ -29,7 +30,13 @@ constexpr int kPage = 4;
 constexpr std::size_t kNumberBuffer = 5;
 constexpr std::size_t kLabelBuffer = 64;
 
+// Of the codec's registers, for the life of the program. One that can't be read keeps what is known
+// of it.
 std::array<uint8_t, kRegisters> image{};
+
+struct OpenControl {
+    int turned = 0;  // of the wheel, towards the next notch
+};
 
 void ReadImage() {
     for (uint32_t number = 0; number < kRegisters; ++number) {
@@ -105,7 +112,7 @@ int MovedBy(int code, int thumb, int position) {
 // shows the one that it has led to. Whatever moves a slider, its channel is enabled anew by hand.
 void Scroll(HWND dialog, WPARAM step, LPARAM bar) {
     const auto window = reinterpret_cast<HWND>(bar);
-    const auto* const slider =
+    const auto slider =
         std::ranges::find(akm::kSliders, GetDlgCtrlID(window), &akm::Slider::bar);
     if (slider == akm::kSliders.end()) {
         return;
@@ -116,6 +123,47 @@ void Scroll(HWND dialog, WPARAM step, LPARAM bar) {
     ShowInLabel(dialog, slider->label, static_cast<unsigned>(before));
     WriteRegister(slider->registerNumber, static_cast<uint8_t>(after));
     Check(dialog, slider->enableBox, (image[slider->registerNumber] & kEnabled) != 0);
+}
+
+const akm::Slider* SliderAt(HWND dialog, POINT where) {
+    const auto isThere = [&](const akm::Slider& slider) {
+        RECT bar{};
+        GetWindowRect(GetDlgItem(dialog, slider.bar), &bar);
+        return where.x >= bar.left && where.x < bar.right && where.y >= bar.top &&
+               where.y < bar.bottom;
+    };
+    const auto found = std::ranges::find_if(akm::kSliders, isThere);
+    return found == akm::kSliders.end() ? nullptr : &*found;
+}
+
+const akm::Slider* FocusedSlider(HWND dialog) {
+    const auto hasFocus = [focus = GetFocus(), dialog](const akm::Slider& slider) {
+        return GetDlgItem(dialog, slider.bar) == focus;
+    };
+    const auto found = std::ranges::find_if(akm::kSliders, hasFocus);
+    return found == akm::kSliders.end() ? nullptr : &*found;
+}
+
+// The wheel moves the slider under the pointer, elsewhere the one with the focus: away from the
+// person to the right. Each notch is a step, and what was turned at once one action.
+void TurnWheel(HWND dialog, WPARAM wheel, LPARAM where) {
+    const akm::Slider* slider = SliderAt(
+        dialog, {static_cast<SHORT>(LOWORD(where)), static_cast<SHORT>(HIWORD(where))});
+    if (slider == nullptr) {
+        slider = FocusedSlider(dialog);
+    }
+    int& turned = StateOf<OpenControl>(dialog).turned;
+    turned += GET_WHEEL_DELTA_WPARAM(wheel);
+    const int notches = turned / WHEEL_DELTA;
+    turned %= WHEEL_DELTA;
+    if (slider == nullptr || notches == 0) {
+        return;
+    }
+    const auto bar = reinterpret_cast<LPARAM>(GetDlgItem(dialog, slider->bar));
+    for (int notch = 0; notch < std::abs(notches); ++notch) {
+        Scroll(dialog, notches > 0 ? SB_LINERIGHT : SB_LINELEFT, bar);
+    }
+    Scroll(dialog, SB_ENDSCROLL, bar);
 }
 
 // --- Check boxes ---
@@ -138,12 +186,12 @@ bool HandleCheckBox(HWND dialog, int id, int code) {
     if (code != BN_CLICKED) {
         return false;
     }
-    if (const auto* const each = std::ranges::find(akm::kSwitches, id, &akm::Switch::box);
+    if (const auto each = std::ranges::find(akm::kSwitches, id, &akm::Switch::box);
         each != akm::kSwitches.end()) {
         vdapi_AKM_SetSwitch(each->number, IsChecked(dialog, id) ? 1 : 0);
         return true;
     }
-    const auto* const slider = std::ranges::find(akm::kSliders, id, &akm::Slider::enableBox);
+    const auto slider = std::ranges::find(akm::kSliders, id, &akm::Slider::enableBox);
     if (slider == akm::kSliders.end()) {
         return false;
     }
@@ -206,12 +254,15 @@ constexpr auto kActions = std::to_array<DialogAction>({
 
 constexpr auto kMessages = std::to_array<DialogMessage>({
     {WM_HSCROLL, Scroll},
+    {WM_MOUSEWHEEL, TurnWheel},
 });
 
 }  // namespace
 
 INT_PTR OpenAkmControl(HINSTANCE instance, HWND owner) {
+    OpenControl open;
     return RunDialog(
         instance, IDD_AKM_CONTROL, owner,
-        {.open = Open, .actions = kActions, .otherwise = HandleCheckBox, .messages = kMessages});
+        {.open = Open, .actions = kActions, .otherwise = HandleCheckBox, .messages = kMessages},
+        &open);
 }

@@ -49,6 +49,7 @@ LRESULT WINAPI DefWindowProcA(HWND handle, UINT message, WPARAM wParam, LPARAM l
             return 0;
         }
         case WM_CONTEXTMENU:
+        case WM_MOUSEWHEEL:
             if (window->parent != nullptr)
                 SendMessageA(window->parent->handle, message, wParam, lParam);
             return 0;

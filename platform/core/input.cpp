@@ -303,6 +303,14 @@ void Mouse(WidgetId id, std::uint32_t message, Point where) {
     QueueInputMessage(ToHandle<HWND>(id), message, 0, MAKELPARAM(where.x, where.y));
 }
 
+void Wheel(WidgetId id, int turned, Point where) {
+    const HWND window = ToHandle<HWND>(id);
+    POINT onDesktop{where.x, where.y};
+    ClientToScreen(window, &onDesktop);
+    QueueInputMessage(window, WM_MOUSEWHEEL, MAKEWPARAM(0, turned),
+                      MAKELPARAM(onDesktop.x, onDesktop.y));
+}
+
 bool KeyPressed(WidgetId id, const KeyPress& key) {
     Window* window = FindWindowOf(ToHandle<HWND>(id));
     if (window == nullptr)

@@ -14,7 +14,7 @@ namespace vxd::qt {
 namespace {
 
 // What a person does to the bar with the mouse, in the codes of WM_HSCROLL. The wheel is left to
-// whoever it is meant for, and Qt's own menu of ways to scroll is not offered. A position that is
+// the dialog, and Qt's own menu of ways to scroll is not offered. A position that is
 // given by assistive tools counts as the thumb drawn there and let go.
 class Bar : public QScrollBar {
   public:
@@ -25,6 +25,7 @@ class Bar : public QScrollBar {
         setFocusPolicy(Qt::ClickFocus);
         setContextMenuPolicy(Qt::NoContextMenu);
         connect(this, &QScrollBar::actionTriggered, this, [this](int action) { Tell(action); });
+        connect(this, &QScrollBar::sliderPressed, this, [this] { scrolling_ = true; });
         connect(this, &QScrollBar::sliderReleased, this,
                 [this] { report_(input::Scrolled, id_, SB_THUMBPOSITION, sliderPosition()); });
         connect(this, &QScrollBar::valueChanged, this, [this](int value) { TellValue(value); });

@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QWheelEvent>
 #include <array>
 
 #include "platform/qt/control.h"
@@ -34,6 +35,12 @@ class SurfaceControl : public Control {
     }
 };
 
+void ReportWheel(Report& report, WidgetId id, const QWheelEvent& wheel) {
+    const QPoint where = wheel.position().toPoint();
+    if (const int turned = wheel.angleDelta().y(); turned != 0)
+        report(input::Wheel, id, turned, Point{where.x(), where.y()});
+}
+
 }  // namespace
 
 bool ReportMouse(Report& report, WidgetId id, const QEvent& event) {
@@ -48,6 +55,9 @@ bool ReportMouse(Report& report, WidgetId id, const QEvent& event) {
         case QEvent::MouseButtonDblClick:
             message = &MouseMessages::doubleClick;
             break;
+        case QEvent::Wheel:
+            ReportWheel(report, id, static_cast<const QWheelEvent&>(event));
+            return true;
         default:
             return false;
     }

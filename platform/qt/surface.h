@@ -9,7 +9,7 @@
 
 namespace vxd::qt {
 
-// Tells the core a mouse event on a window, dialog or surface; gives whether it was one.
+// Tells the core a mouse or wheel event on a window, dialog or surface; gives whether it was one.
 bool ReportMouse(Report& report, WidgetId id, const QEvent& event);
 
 class Surface : public QWidget {

@@ -10,6 +10,7 @@
 
 #include "platform/qt/snapshot.h"
 #include "res/resource.h"
+#include "tests/kit/person.h"
 #include "tests/kit/user_interface.h"
 #include "tests/kit/utility.h"
 #include "tests/tour/tools_view.h"
@@ -202,6 +203,43 @@ void ShowDialog(const kit::Utility& utility, UINT command, const char* caption, 
     dialog.Press(IDCANCEL);
 }
 
+void SetEchoCanceller(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_AEC_LATCH, "Dialog", "aec-latch", [](const kit::Dialog& dialog) {
+        dialog.Press(IDC_AEC_LATCH_AUTO_NEUTRAL);
+        dialog.Press(IDC_AEC_LATCH_NOISE_ON);
+        dialog.Type(IDC_AEC_LATCH_VALUE, "0x1F");
+        dialog.Press(IDC_AEC_LATCH_WRITE);
+    });
+}
+
+void ShowLevels(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_SAEC_PORTS, "Siemens AEC Ports", "saec-levels",
+               [](const kit::Dialog& dialog) {
+                   kit::DoubleClickRight(dialog.Control(IDC_SAEC_LEVELS));
+                   kit::RunStep([&] { SendMessageA(dialog.Handle(), WM_TIMER, 2, 0); });
+               });
+}
+
+// With all it has to show, it has to fit a small screen.
+void ControlAudioCodec(const kit::Utility& utility) {
+    utility.Choose(IDM_AKM);
+    const kit::Dialog dialog = kit::WaitForDialog("AKM Control");
+    dialog.Type(IDC_AKM_REGISTER, "0x11");
+    dialog.Press(IDC_AKM_GET);
+    kit::DragThumbToEnd(dialog.Control(IDC_AKM_VOICE_LEFT), 31);
+    RECT area{};
+    kit::RunStep([&] { GetClientRect(dialog.Handle(), &area); });
+    EXPECT_LE(area.right * 3, 1024 * 2) << "at 150 %";
+    EXPECT_LE((area.bottom + 30) * 3, 768 * 2) << "with its caption";
+    TakePicture("akm-control");
+    dialog.Press(IDOK);
+}
+
+void ConfigureAudio(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_AUDIO, "Audio - Config I/O", "audio-config",
+               [](const kit::Dialog& dialog) { dialog.Press(IDC_AUDIO_HEADSET); });
+}
+
 void SelectDevice(const kit::Utility& utility) {
     ShowDialog(utility, IDM_SEQ_ATOM_ENTER, "Select Device", "select-device",
                [](const kit::Dialog& dialog) { dialog.Pick(IDC_DEVICE_LIST, "ARCOFI       "); });
@@ -300,6 +338,10 @@ constexpr void (*kStops[])(const kit::Utility&) = {
     AccessEprom,
     AccessJade,
     AccessUssRegisters,
+    SetEchoCanceller,
+    ShowLevels,
+    ControlAudioCodec,
+    ConfigureAudio,
     About,
     SelectDevice,
     SelectIrq,

@@ -84,4 +84,40 @@ void DragThumbToEnd(HWND scrollBar, int end) {
     });
 }
 
+void PressThumb(HWND scrollBar, int position) {
+    Report([=] {
+        const WidgetId bar = Press(scrollBar);
+        vxd::input::Scrolled(bar, SB_THUMBPOSITION, position);
+        vxd::input::Scrolled(bar, SB_ENDSCROLL, 0);
+    });
+}
+
+namespace {
+
+// The middle of a control in its dialog.
+vxd::Point MiddleOf(HWND control) {
+    POINT corner{0, 0};
+    ClientToScreen(GetParent(control), &corner);
+    RECT rect{};
+    GetWindowRect(control, &rect);
+    return {(rect.left + rect.right) / 2 - corner.x, (rect.top + rect.bottom) / 2 - corner.y};
+}
+
+}  // namespace
+
+void TurnWheel(HWND control, int notches) {
+    Report([=] {
+        vxd::input::Wheel(vxd::HandleNumber(GetParent(control)), notches * WHEEL_DELTA,
+                          MiddleOf(control));
+    });
+}
+
+void DoubleClickRight(HWND label) {
+    Report([=] {
+        for (const UINT message :
+             {WM_RBUTTONDOWN, WM_RBUTTONUP, WM_RBUTTONDBLCLK, WM_RBUTTONUP})
+            vxd::input::Mouse(vxd::HandleNumber(GetParent(label)), message, MiddleOf(label));
+    });
+}
+
 }  // namespace kit

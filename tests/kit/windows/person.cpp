@@ -128,16 +128,44 @@ void ClickArrow(HWND scrollBar, bool atEnd) {
     Click(scrollBar, {atEnd ? size.cx - kInside : kInside, size.cy / 2});
 }
 
-void DragThumbToEnd(HWND scrollBar, int /*end*/) {
+namespace {
+
+int MiddleOfThumb(HWND scrollBar) {
     SCROLLBARINFO info{};
     info.cbSize = sizeof info;
     OnUserInterface([&] { GetScrollBarInfo(scrollBar, OBJID_CLIENT, &info); });
+    return (info.xyThumbTop + info.xyThumbBottom) / 2;
+}
+
+}  // namespace
+
+void DragThumbToEnd(HWND scrollBar, int /*end*/) {
     const SIZE size = SizeOf(scrollBar);
-    const int thumb = (info.xyThumbTop + info.xyThumbBottom) / 2;
+    const int thumb = MiddleOfThumb(scrollBar);
     const POINT end{size.cx - 1, size.cy / 2};
     UseMouse({MouseAt(scrollBar, {thumb, size.cy / 2}, MOUSEEVENTF_LEFTDOWN)});
     UseMouse({MouseAt(scrollBar, end, MOUSEEVENTF_MOVE)});
     UseMouse({MouseAt(scrollBar, end, MOUSEEVENTF_LEFTUP)});
+}
+
+void PressThumb(HWND scrollBar, int /*position*/) {
+    Click(scrollBar, {MiddleOfThumb(scrollBar), SizeOf(scrollBar).cy / 2});
+}
+
+void TurnWheel(HWND control, int notches) {
+    const SIZE size = SizeOf(control);
+    INPUT turn = MouseAt(control, {size.cx / 2, size.cy / 2}, MOUSEEVENTF_WHEEL);
+    turn.mi.mouseData = static_cast<DWORD>(notches * WHEEL_DELTA);
+    UseMouse({turn});
+}
+
+void DoubleClickRight(HWND label) {
+    const SIZE size = SizeOf(label);
+    std::vector<INPUT> inputs;
+    for (const DWORD action : {MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP, MOUSEEVENTF_RIGHTDOWN,
+                               MOUSEEVENTF_RIGHTUP})
+        inputs.push_back(MouseAt(label, {size.cx / 2, size.cy / 2}, action));
+    UseMouse(std::move(inputs));
 }
 
 }  // namespace kit
