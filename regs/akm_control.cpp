@@ -112,8 +112,7 @@ int MovedBy(int code, int thumb, int position) {
 // shows the one that it has led to. Whatever moves a slider, its channel is enabled anew by hand.
 void Scroll(HWND dialog, WPARAM step, LPARAM bar) {
     const auto window = reinterpret_cast<HWND>(bar);
-    const auto slider =
-        std::ranges::find(akm::kSliders, GetDlgCtrlID(window), &akm::Slider::bar);
+    const auto slider = std::ranges::find(akm::kSliders, GetDlgCtrlID(window), &akm::Slider::bar);
     if (slider == akm::kSliders.end()) {
         return;
     }
@@ -147,8 +146,8 @@ const akm::Slider* FocusedSlider(HWND dialog) {
 // The wheel moves the slider under the pointer, elsewhere the one with the focus: away from the
 // person to the right. Each notch is a step, and what was turned at once one action.
 void TurnWheel(HWND dialog, WPARAM wheel, LPARAM where) {
-    const akm::Slider* slider = SliderAt(
-        dialog, {static_cast<SHORT>(LOWORD(where)), static_cast<SHORT>(HIWORD(where))});
+    const akm::Slider* slider =
+        SliderAt(dialog, {static_cast<SHORT>(LOWORD(where)), static_cast<SHORT>(HIWORD(where))});
     if (slider == nullptr) {
         slider = FocusedSlider(dialog);
     }

@@ -112,8 +112,8 @@ std::optional<uint32_t> FindNumber(const std::string& text) {
     std::strtoll(text.c_str(), &end, base);
     // To the C library the 0 before an x without digits is a number of its own.
     const std::size_t behindMark = text.find_first_not_of(kBeforeDigits) + kMark.size();
-    const bool isBareMark = base == 16 && (behindMark == text.size() ||
-                                           DigitOf(text[behindMark]) == kNoDigit);
+    const bool isBareMark =
+        base == 16 && (behindMark == text.size() || DigitOf(text[behindMark]) == kNoDigit);
     if (end == text.c_str() || isBareMark)
         return std::nullopt;
     return ParseInBase(text.c_str(), base);

@@ -52,8 +52,9 @@ TEST(EchoCancellerCommands, AreTracedWithWhatFailsAndShowNoBox) {
              Case{IDM_AEC_AGC_OFF, "9d4d", SetMode("C8"), "vdapi_AEC_SetMode"},
              Case{IDM_AEC_TERMINATE, "9d2b", "vdapi_AEC_Terminate()", "vdapi_AEC_Terminate"},
          }) {
-        const std::string announced = std::string("HandleAECMode() : vdapi_AEC_SetMode wParam = 0x") +
-                                      each.traced + "; hMenu = 0.\n";
+        const std::string announced =
+            std::string("HandleAECMode() : vdapi_AEC_SetMode wParam = 0x") + each.traced +
+            "; hMenu = 0.\n";
         board::ForgetCalls();
         utility->Command(each.command);
         EXPECT_EQ(ReceivedCalls(), Texts{each.call});
@@ -61,8 +62,8 @@ TEST(EchoCancellerCommands, AreTracedWithWhatFailsAndShowNoBox) {
         board::FailOnce(each.operation, VXD_RESOURCE_FAILURE);
         utility->Command(each.command);
         EXPECT_EQ(utility.NextTrace(), announced) << "a success was traced as well";
-        EXPECT_EQ(utility.NextTrace(), std::string("HandleAECMode() : ") + each.operation +
-                                           " returned error = 0xc.\n");
+        EXPECT_EQ(utility.NextTrace(),
+                  std::string("HandleAECMode() : ") + each.operation + " returned error = 0xc.\n");
         kit::ExpectNoBox();
     }
     board::ForgetCalls();
@@ -221,7 +222,8 @@ TEST_F(SaecLevels, StopWhereNothingCanBeMeasuredUntilTheDialogOpensAgain) {
 }
 
 TEST_F(SaecLevels, EndWithADialogThatIsClosedInTheMiddleOfASlowTick) {
-    OnUserInterface([this] { SendMessageA(dialog_.Handle(), WM_CONTEXTMENU, 0, MAKELPARAM(1, 1)); });
+    OnUserInterface(
+        [this] { SendMessageA(dialog_.Handle(), WM_CONTEXTMENU, 0, MAKELPARAM(1, 1)); });
     TakeTheClock();
     EXPECT_EQ(TickAt(0), Texts{}) << "a click asks for a menu, not for levels";
     OnUserInterface([this] { SendMessageA(dialog_.Handle(), WM_CONTEXTMENU, 0, -1); });
@@ -283,9 +285,9 @@ class AkmControl : public DialogTest {
 
 TEST_F(AkmControl, DrawsAllItsControlsFromTheRegisters) {
     Texts reads;
-    for (const char* number : {"0",  "1",  "2",  "3",  "4",  "5",  "6",  "7",  "8",
-                               "9",  "A",  "B",  "C",  "D",  "E",  "F",  "10", "11",
-                               "12", "13", "14", "15", "16", "17", "18", "19"}) {
+    for (const char* number :
+         {"0", "1", "2", "3",  "4",  "5",  "6",  "7",  "8",  "9",  "A",  "B",  "C",
+          "D", "E", "F", "10", "11", "12", "13", "14", "15", "16", "17", "18", "19"}) {
         reads.push_back(std::string("vdapi_AKM_ReadRegister(") + number + ", address)");
     }
     EXPECT_EQ(ReceivedCalls(), reads);
@@ -343,7 +345,7 @@ TEST_F(AkmControl, DrawsAllItsControlsFromTheRegisters) {
 }
 
 TEST_F(AkmControl, EachStepOfASliderWritesItsRegisterAndShowsWhereItWas) {
-    const akm::Slider& slider = akm::kSliders[1];  // shows 31, enabled
+    const akm::Slider& slider = akm::kSliders[1];
     struct Case {
         int from;
         WPARAM step;
@@ -543,8 +545,9 @@ class AudioConfig : public DialogTest {
     // The boxes of camera, headset, VCR, both speakers and both mutes.
     std::string ShownBoxes() const {
         std::string shown;
-        for (const int box : {IDC_AUDIO_CAMERA, IDC_AUDIO_HEADSET, IDC_AUDIO_VCR, IDC_AUDIO_INTERNAL,
-                              IDC_AUDIO_EXTERNAL, IDC_AUDIO_MUTE_INCOMING, IDC_AUDIO_MUTE_OUTGOING}) {
+        for (const int box :
+             {IDC_AUDIO_CAMERA, IDC_AUDIO_HEADSET, IDC_AUDIO_VCR, IDC_AUDIO_INTERNAL,
+              IDC_AUDIO_EXTERNAL, IDC_AUDIO_MUTE_INCOMING, IDC_AUDIO_MUTE_OUTGOING}) {
             shown += dialog_.IsChecked(box) ? 'x' : '.';
         }
         return shown;
@@ -571,8 +574,8 @@ TEST_F(AudioConfig, TellsTheFirmwareWhatIsUsedAndShowsWhatItUses) {
     // What the raw command console sets is what this dialog shows.
     utility_.Command(IDM_FILE_SEND_RAW_COMMAND);
     const kit::Dialog console = kit::WaitForDialog("Send Raw Command");
-    for (const auto& [parameter, value] :
-         {std::pair{"VC_AUDIOPARAM_MIC_SELECT", "6"}, std::pair{"VC_AUDIOPARAM_SPKR_SELECT", "2"}}) {
+    for (const auto& [parameter, value] : {std::pair{"VC_AUDIOPARAM_MIC_SELECT", "6"},
+                                           std::pair{"VC_AUDIOPARAM_SPKR_SELECT", "2"}}) {
         console.Pick(IDC_RAW_COMMAND_LIST, "PELLAN_COMMAND_AUDIO_SET_PARAM");
         console.Pick(IDC_RAW_AUDIO_PARAM_LIST, parameter);
         console.Type(IDC_RAW_PARAM_2, value);

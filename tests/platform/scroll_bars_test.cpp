@@ -34,6 +34,10 @@ INT_PTR CALLBACK TellingProcedure(HWND dialog, UINT message, WPARAM wParam, LPAR
         }
         return TRUE;
     }
+    if (message == WM_MOUSEWHEEL) {
+        Told() += "wheel=" + std::to_string(GET_WHEEL_DELTA_WPARAM(wParam)) + " ";
+        return TRUE;
+    }
     if (message != WM_HSCROLL && message != WM_VSCROLL)
         return FALSE;
     const int position = static_cast<SHORT>(HIWORD(wParam));
@@ -101,6 +105,20 @@ TEST_F(ScrollBars, TellThePositionOfTheThumbWhileItIsHeldAndWhenItIsLetGo) {
     const std::string told = After([this] { kit::DragThumbToEnd(Bar(IDC_ACROSS), kLast); });
     EXPECT_TRUE(told.ends_with("h501:5=41 h501:4=41 h501:8 ")) << told;
     EXPECT_EQ(told.find("h501:4"), told.rfind("h501:4")) << told;
+    EXPECT_EQ(Position(IDC_ACROSS), kStart);
+}
+
+TEST_F(ScrollBars, TellOfTheEndAlsoWhereTheThumbIsLetGoInPlaceAndLeaveTheWheelToTheirDialog) {
+    const std::string told = After([this] { kit::PressThumb(Bar(IDC_ACROSS), kStart); });
+    EXPECT_TRUE(told.ends_with("h501:4=20 h501:8 ")) << told;
+    OnUserInterface([this] { SetFocus(Bar(IDC_ACROSS)); });
+    EXPECT_EQ(After([this] { kit::TurnWheel(Bar(IDC_ACROSS), 2); }), "wheel=240 ");
+    EXPECT_EQ(After([this] {
+                  OnUserInterface([this] {
+                      SendMessageA(Bar(IDC_DOWN), WM_MOUSEWHEEL, MAKEWPARAM(0, -120), 0);
+                  });
+              }),
+              "wheel=-120 ");
     EXPECT_EQ(Position(IDC_ACROSS), kStart);
 }
 

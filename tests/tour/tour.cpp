@@ -193,31 +193,36 @@ void BrowseRegisters(const kit::Utility& utility) {
     }
 }
 
-// Opens a dialog, does in it what it is for, and leaves it by Cancel.
+// Opens a dialog, does in it what it is for, and leaves it by a button.
 void ShowDialog(const kit::Utility& utility, UINT command, const char* caption, const char* picture,
-                void (*act)(const kit::Dialog& dialog)) {
+                void (*act)(const kit::Dialog& dialog), int leave = IDCANCEL) {
     utility.Command(command);
     const kit::Dialog dialog = kit::WaitForDialog(caption);
     act(dialog);
     TakePicture(picture);
-    dialog.Press(IDCANCEL);
+    dialog.Press(leave);
 }
 
 void SetEchoCanceller(const kit::Utility& utility) {
-    ShowDialog(utility, IDM_AEC_LATCH, "Dialog", "aec-latch", [](const kit::Dialog& dialog) {
-        dialog.Press(IDC_AEC_LATCH_AUTO_NEUTRAL);
-        dialog.Press(IDC_AEC_LATCH_NOISE_ON);
-        dialog.Type(IDC_AEC_LATCH_VALUE, "0x1F");
-        dialog.Press(IDC_AEC_LATCH_WRITE);
-    });
+    ShowDialog(
+        utility, IDM_AEC_LATCH, "Dialog", "aec-latch",
+        [](const kit::Dialog& dialog) {
+            dialog.Press(IDC_AEC_LATCH_AUTO_NEUTRAL);
+            dialog.Press(IDC_AEC_LATCH_NOISE_ON);
+            dialog.Type(IDC_AEC_LATCH_VALUE, "0x1F");
+            dialog.Press(IDC_AEC_LATCH_WRITE);
+        },
+        IDC_AEC_LATCH_OK);
 }
 
 void ShowLevels(const kit::Utility& utility) {
-    ShowDialog(utility, IDM_SAEC_PORTS, "Siemens AEC Ports", "saec-levels",
-               [](const kit::Dialog& dialog) {
-                   kit::DoubleClickRight(dialog.Control(IDC_SAEC_LEVELS));
-                   kit::RunStep([&] { SendMessageA(dialog.Handle(), WM_TIMER, 2, 0); });
-               });
+    ShowDialog(
+        utility, IDM_SAEC_PORTS, "Siemens AEC Ports", "saec-levels",
+        [](const kit::Dialog& dialog) {
+            kit::DoubleClickRight(dialog.Control(IDC_SAEC_LEVELS));
+            kit::RunStep([&] { SendMessageA(dialog.Handle(), WM_TIMER, 2, 0); });
+        },
+        IDOK);
 }
 
 // With all it has to show, it has to fit a small screen.
@@ -236,8 +241,9 @@ void ControlAudioCodec(const kit::Utility& utility) {
 }
 
 void ConfigureAudio(const kit::Utility& utility) {
-    ShowDialog(utility, IDM_AUDIO, "Audio - Config I/O", "audio-config",
-               [](const kit::Dialog& dialog) { dialog.Press(IDC_AUDIO_HEADSET); });
+    ShowDialog(
+        utility, IDM_AUDIO, "Audio - Config I/O", "audio-config",
+        [](const kit::Dialog& dialog) { dialog.Press(IDC_AUDIO_HEADSET); }, IDOK);
 }
 
 void SelectDevice(const kit::Utility& utility) {

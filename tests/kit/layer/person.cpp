@@ -114,8 +114,7 @@ void TurnWheel(HWND control, int notches) {
 
 void DoubleClickRight(HWND label) {
     Report([=] {
-        for (const UINT message :
-             {WM_RBUTTONDOWN, WM_RBUTTONUP, WM_RBUTTONDBLCLK, WM_RBUTTONUP})
+        for (const UINT message : {WM_RBUTTONDOWN, WM_RBUTTONUP, WM_RBUTTONDBLCLK, WM_RBUTTONUP})
             vxd::input::Mouse(vxd::HandleNumber(GetParent(label)), message, MiddleOf(label));
     });
 }

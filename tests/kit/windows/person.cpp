@@ -162,8 +162,8 @@ void TurnWheel(HWND control, int notches) {
 void DoubleClickRight(HWND label) {
     const SIZE size = SizeOf(label);
     std::vector<INPUT> inputs;
-    for (const DWORD action : {MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP, MOUSEEVENTF_RIGHTDOWN,
-                               MOUSEEVENTF_RIGHTUP})
+    for (const DWORD action :
+         {MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP, MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP})
         inputs.push_back(MouseAt(label, {size.cx / 2, size.cy / 2}, action));
     UseMouse(std::move(inputs));
 }
