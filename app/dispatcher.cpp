@@ -23,6 +23,7 @@
 #include "commands/pci_queries.h"
 #include "commands/registration.h"
 #include "commands/tdm_routing.h"
+#include "commands/video_windows.h"
 #include "commands/window_commands.h"
 #include "debug/about.h"
 #include "debug/debug_levels.h"
@@ -49,6 +50,7 @@
 #include "regs/vpic_i2c_access.h"
 #include "res/resource.h"
 #include "services/application.h"
+#include "video/kora_vid.h"
 
 namespace {
 
@@ -63,6 +65,12 @@ struct Command {
 template <void (*kRun)(HWND)>
 void Run(HWND window, uint32_t /*command*/) {
     kRun(window);
+}
+
+// A command that needs nothing at all.
+template <void (*kRun)()>
+void Run(HWND /*window*/, uint32_t /*command*/) {
+    kRun();
 }
 
 // A command that does to one channel or stream what others do to theirs.
@@ -167,6 +175,14 @@ constexpr std::array kCommands = {
     Command{IDM_ANNEXD_INITIALIZE, Run<InitializeAnnexD>},
     Command{IDM_ANNEXD_TERMINATE, Run<TerminateAnnexD>},
     Command{IDM_ANNEXD_DOWNLOAD, Open<OpenAnnexdLoader>},
+    Command{IDM_VIDEO_OPEN_ALL, Run<OpenAllVideoWindows>},
+    Command{IDM_VIDEO_OPEN_LOCAL, Run<OpenLocalVideoWindow>},
+    Command{IDM_VIDEO_OPEN_REMOTE, Run<OpenRemoteVideoWindow>},
+    Command{IDM_VIDEO_CLOSE_ALL, Run<CloseAllVideo>},
+    Command{IDM_VIDEO_CLOSE_LOCAL, Run<CloseLocalVideo>},
+    Command{IDM_VIDEO_CLOSE_REMOTE, Run<CloseRemoteVideo>},
+    Command{IDM_VIDEO_FREEZE, Run<FreezeVideo>},
+    Command{IDM_VIDEO_RESTART, Run<RestartVideo>},
     Command{IDM_VPP_INITIALIZE, Run<InitializeVpp>},
     Command{IDM_VPP_TERMINATE, Run<TerminateVpp>},
     Command{IDM_STREAM_CLOSE_VIDEO, RunOn<CloseStream, STREAM_VIDEO>},

@@ -6,6 +6,7 @@
 #include "driver/shared_words.h"
 #include "platform/win32.h"
 #include "services/diagnostics.h"
+#include "video/kora_vid.h"
 
 namespace {
 
@@ -40,6 +41,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE previous, LPSTR /*commandLine*/
     FillSharedFlagTable();
     KORA_DLL_Attach();
     const int exitCode = RunMessageLoop();
+    ShutDownVideo();
     if (const ResultCode code = CodeOf(KORA_DLL_Terminate()); code != VXD_SUCCESS)
         DbgMsg(1, "WinMain: Error %d in KORA_DLL_Terminate\n", code);
     return exitCode;

@@ -181,7 +181,7 @@ constexpr auto kModules = std::to_array<ModuleEntry>({
     {Module::Camera, "Camera", {"TALVERO_DBG_CAM_DIGIT_", "vdapi_CAM_Digit_"}},
     {Module::Eprom, "Eprom", {"vdapi_EPROM_"}},
     {Module::Acif, "Acif", {"vdapi_CAM_ACIF_"}},
-    {Module::Vidinlay, "Vidinlay", {"vdapi_VIDINLAY_"}, DescribeVidinlay},
+    {Module::Vidinlay, "Vidinlay", {"vdapi_VIDINLAY_", "VXDVIDEO_"}, DescribeVidinlay},
     {Module::Stream,
      "Stream",
      {"TALVERO_DBG_STREAM_", "vdapi_Stream_", "KORA_DLL_Channel", "vdapi_BAS_"},

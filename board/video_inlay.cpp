@@ -1,7 +1,6 @@
 #include "board/video_inlay.h"
 
 #include "board/state.h"
-#include "board/test_picture.h"
 
 namespace board {
 
@@ -28,7 +27,6 @@ ResultCode SetFrameDisplayMode(State& state, uint32_t mode) {
 }
 
 uint32_t CurrentFrame(const State& state) {
-    constexpr uint32_t kMillisecondsAFrame = 1000 / kFramesPerSecond;
     return state.Time() / kMillisecondsAFrame;
 }
 

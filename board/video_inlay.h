@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "board/test_picture.h"
 #include "driver/result_code.h"
 
 namespace board {
@@ -18,6 +19,8 @@ struct VideoInlay {
 // Takes a display mode, or 0xF0, which freezes the pictures on the screen, or 0x0F, which lets them
 // run again; both leave the display mode. Others answer VXD_INVALID_PARAMETER.
 ResultCode SetFrameDisplayMode(State& state, uint32_t mode);
+
+inline constexpr uint32_t kMillisecondsAFrame = 1000 / kFramesPerSecond;
 
 // The number of the frame that the cameras take now, 25 a second by the board's clock. They go on
 // while the screen's pictures are frozen.

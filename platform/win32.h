@@ -14,6 +14,8 @@
 // Without what else Windows' header would bring, names like "byte" among it.
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
+// Installable drivers.
+#include <mmsystem.h>
 #else
 
 #include <stdarg.h>
@@ -53,6 +55,8 @@ typedef void* LPVOID;
 typedef const void* LPCVOID;
 typedef char* LPSTR;
 typedef const char* LPCSTR;
+typedef wchar_t WCHAR;
+typedef const WCHAR* LPCWSTR;
 
 // A handle holds a 32-bit number and is never followed: a stale one is refused.
 #define DECLARE_HANDLE(name) typedef struct name##__* name
@@ -67,12 +71,14 @@ typedef HICON HCURSOR;
 DECLARE_HANDLE(HBRUSH);
 DECLARE_HANDLE(HBITMAP);
 DECLARE_HANDLE(HDC);
+DECLARE_HANDLE(HDRVR);
 
 typedef LRESULT(CALLBACK* WNDPROC)(HWND, UINT, WPARAM, LPARAM);
 typedef INT_PTR(CALLBACK* DLGPROC)(HWND, UINT, WPARAM, LPARAM);
 typedef void(CALLBACK* TIMERPROC)(HWND, UINT, UINT_PTR, DWORD);
 typedef BOOL(CALLBACK* WNDENUMPROC)(HWND, LPARAM);
 typedef INT_PTR(WINAPI* FARPROC)(void);
+typedef LRESULT(CALLBACK* DRIVERPROC)(DWORD_PTR, HDRVR, UINT, LPARAM, LPARAM);
 
 typedef struct tagPOINT {
     LONG x;
@@ -277,6 +283,7 @@ typedef struct tagMINMAXINFO {
 #define SWP_NOSIZE 0x0001
 #define SWP_NOMOVE 0x0002
 #define SWP_NOZORDER 0x0004
+#define SWP_NOACTIVATE 0x0010
 #define SW_HIDE 0
 #define SW_SHOWNORMAL 1
 #define SW_SHOW 5
@@ -505,6 +512,15 @@ typedef struct tagMINMAXINFO {
 #define SEM_NOOPENFILEERRORBOX 0x8000
 #define MAX_PATH 260
 
+// What an installable driver is told; its own messages begin at DRV_USER.
+#define DRV_LOAD 0x0001
+#define DRV_ENABLE 0x0002
+#define DRV_OPEN 0x0003
+#define DRV_CLOSE 0x0004
+#define DRV_DISABLE 0x0005
+#define DRV_FREE 0x0006
+#define DRV_USER 0x4000
+
 // File attributes. Times count units of 100 ns; one that a file system does not keep is 0.
 #define FILE_ATTRIBUTE_READONLY 0x00000001
 #define FILE_ATTRIBUTE_DIRECTORY 0x00000010
@@ -648,6 +664,16 @@ int WINAPI StretchDIBits(HDC dc, int x, int y, int width, int height, int source
 HICON WINAPI LoadIconA(HINSTANCE instance, LPCSTR name);
 HCURSOR WINAPI LoadCursorA(HINSTANCE instance, LPCSTR name);
 HBITMAP WINAPI LoadBitmapA(HINSTANCE instance, LPCSTR name);
+
+// Installable drivers, which belong to the user-interface thread. One is a library that exports
+// DriverProc, found as LoadLibraryA finds it; sections other than none list no drivers. At its first
+// opening it is told DRV_LOAD, DRV_ENABLE and a DRV_OPEN of the system's own without parameters, at
+// the last closing that one's DRV_CLOSE, DRV_DISABLE and DRV_FREE, and each time DRV_OPEN with
+// `parameter` and DRV_CLOSE with both parameters. What it answers to DRV_OPEN, 0 to refuse, is the
+// id in the messages of that opening.
+HDRVR WINAPI OpenDriver(LPCWSTR name, LPCWSTR section, LPARAM parameter);
+LRESULT WINAPI SendDriverMessage(HDRVR driver, UINT message, LPARAM first, LPARAM second);
+LRESULT WINAPI CloseDriver(HDRVR driver, LPARAM first, LPARAM second);
 
 // Profile files. A bare file name lives in the settings folder, which GetWindowsDirectoryA names.
 UINT WINAPI GetPrivateProfileIntA(LPCSTR section, LPCSTR key, INT defaultValue, LPCSTR file);

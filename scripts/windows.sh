@@ -12,7 +12,7 @@ exports_of() {
 # Programs find the driver libraries' operations by their plain names, on 32-bit Windows too.
 check_exports() {
     local preset=$1 pair library declared
-    for pair in PAPI:papi KORA_DLL32:kora_dll32; do
+    for pair in PAPI:papi KORA_DLL32:kora_dll32 VXDVIDEO:vxdvideo; do
         library=${pair%:*}
         declared=$(sed -n 's/.*WINAPI \([A-Za-z0-9_]*\)(.*/\1/p' "$top/driver/${pair#*:}.h" | sort)
         if ! diff <(echo "$declared") <(exports_of "$top/build/$preset/bin/$library.dll"); then
@@ -20,7 +20,7 @@ check_exports() {
             return 1
         fi
     done
-    say "$preset: PAPI.dll and KORA_DLL32.dll export every operation under its plain name"
+    say "$preset: the driver libraries export every operation under its plain name"
 }
 
 # Icon, version and manifest lie in the program itself.

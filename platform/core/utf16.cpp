@@ -65,6 +65,14 @@ std::string Utf8FromUtf16(std::u16string_view text) {
     return result;
 }
 
+std::string Utf8FromWide(std::wstring_view text) {
+    std::string result;
+    for (const wchar_t character : text) {
+        AppendUtf8(result, static_cast<char32_t>(character));
+    }
+    return result;
+}
+
 std::u16string Utf16FromUtf8(std::string_view text) {
     std::u16string result;
     result.reserve(text.size());
