@@ -5,6 +5,7 @@
 #include <QWidget>
 
 #include "bench/dialog_benchmarks.h"
+#include "bench/video_benchmarks.h"
 #include "platform/qt/qt_screen.h"
 
 namespace {
@@ -30,6 +31,7 @@ int main(int argc, char** argv) {
     WindowPainted windowPainted;
     application.installEventFilter(&windowPainted);
     RegisterDialogBenchmarks();
+    RegisterVideoBenchmarks();
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     screen.Retire();

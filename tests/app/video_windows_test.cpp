@@ -76,9 +76,8 @@ TEST_F(VideoWindows, OpenOnceKeepTheirPlaceAndCloseByCommandAlone) {
     EXPECT_EQ(PlaceOf(local).left, 1);
     EXPECT_EQ(PlaceOf(local).top, 1);
 
-    OnUserInterface([&] {
-        return SetWindowPos(local, nullptr, 30, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-    });
+    OnUserInterface(
+        [&] { return SetWindowPos(local, nullptr, 30, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER); });
     utility_.Command(IDM_VIDEO_OPEN_LOCAL);
     utility_.Command(IDM_VIDEO_OPEN_ALL);
     kit::ExpectNoBox();
@@ -106,8 +105,8 @@ TEST_F(VideoWindows, OpenOnceKeepTheirPlaceAndCloseByCommandAlone) {
     utility_.Command(IDM_VIDEO_CLOSE_LOCAL);
     utility_.Command(IDM_VIDEO_FREEZE);
     utility_.Command(IDM_VIDEO_RESTART);
-    EXPECT_EQ(TakeCalls(), (Calls{"vdapi_VIDINLAY_SetFrameDispMode(F0)",
-                                  "vdapi_VIDINLAY_SetFrameDispMode(F)"}));
+    EXPECT_EQ(TakeCalls(),
+              (Calls{"vdapi_VIDINLAY_SetFrameDispMode(F0)", "vdapi_VIDINLAY_SetFrameDispMode(F)"}));
     utility_.Command(IDM_VIDEO_OPEN_REMOTE);
     board::ForgetCalls();
     EXPECT_EQ(utility_.Close(), 0);
@@ -139,8 +138,7 @@ Likeness Compare(HWND window, VideoChannel channel, uint32_t frame) {
                 const COLORREF colour =
                     GetPixel(dc, (2 * x + 1) * client.right / (2 * board::kPictureWidth),
                              (2 * y + 1) * client.bottom / (2 * board::kPictureHeight));
-                const uint32_t pixel =
-                    pixels[static_cast<size_t>(y * board::kPictureWidth + x)];
+                const uint32_t pixel = pixels[static_cast<size_t>(y * board::kPictureWidth + x)];
                 const bool same = GetRValue(colour) == (pixel >> 16 & 0xFF) &&
                                   GetGValue(colour) == (pixel >> 8 & 0xFF) &&
                                   GetBValue(colour) == (pixel & 0xFF);
@@ -216,8 +214,9 @@ std::string NextLine(DebugMonitor& monitor) {
 }
 
 TEST(VideoWindowRefusals, LeaveNoWindowBehindAndSayWhy) {
+    kit::SettingsFolder settings;
     DebugMonitor monitor;
-    Utility utility;
+    Utility utility(settings);
     board::FailAlways("VXDVIDEO_ShowRemote", VXD_HARDWARE_FAILURE);
     utility.Command(IDM_VIDEO_OPEN_ALL);
     kit::MeetBox("Open all", kError, IDOK, MB_ICONEXCLAMATION);
@@ -249,8 +248,8 @@ LRESULT CALLBACK RefusingProcedure(HWND window, UINT message, WPARAM wParam, LPA
 
 // Another module of the process has a class of this name, whose windows can't be made.
 TEST(VideoWindowRefusals, SayThatNoWindowCouldBeMade) {
-    DebugMonitor monitor;
     kit::SettingsFolder settings;
+    DebugMonitor monitor;
     Utility utility(settings, [] {
         WNDCLASSA windowClass{};
         windowClass.lpfnWndProc = RefusingProcedure;
