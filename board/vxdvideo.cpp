@@ -33,8 +33,8 @@ std::array<Screening, 2> screenings = {{
 }};
 
 Screening* FindScreening(LPARAM channel) {
-    const auto found = std::ranges::find(screenings, static_cast<VideoChannel>(channel),
-                                         &Screening::channel);
+    const auto found =
+        std::ranges::find(screenings, static_cast<VideoChannel>(channel), &Screening::channel);
     return found == screenings.end() ? nullptr : &*found;
 }
 
@@ -99,8 +99,7 @@ void SizeToPicture(HWND window) {
         RECT client{};
         GetWindowRect(window, &outer);
         GetClientRect(window, &client);
-        SetWindowPos(window, nullptr, 0, 0,
-                     outer.right - outer.left - client.right + kPictureWidth,
+        SetWindowPos(window, nullptr, 0, 0, outer.right - outer.left - client.right + kPictureWidth,
                      outer.bottom - outer.top - client.bottom + kPictureHeight,
                      SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     }
@@ -118,8 +117,9 @@ bool ShowChannel(HWND window, LPARAM channel) {
     if (!screening || !IsWindow(window)) {
         return false;
     }
-    const ResultCode code = CodeOf(Perform({screening->showName, {window, static_cast<uint32_t>(channel)}}, kBoard,
-                                           [](State&) -> ResultCode { return VXD_SUCCESS; }));
+    const ResultCode code =
+        CodeOf(Perform({screening->showName, {window, static_cast<uint32_t>(channel)}}, kBoard,
+                       [](State&) -> ResultCode { return VXD_SUCCESS; }));
     if (code != VXD_SUCCESS) {
         return false;
     }

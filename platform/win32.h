@@ -666,11 +666,11 @@ HCURSOR WINAPI LoadCursorA(HINSTANCE instance, LPCSTR name);
 HBITMAP WINAPI LoadBitmapA(HINSTANCE instance, LPCSTR name);
 
 // Installable drivers, which belong to the user-interface thread. One is a library that exports
-// DriverProc, found as LoadLibraryA finds it; sections other than none list no drivers. At its first
-// opening it is told DRV_LOAD, DRV_ENABLE and a DRV_OPEN of the system's own without parameters, at
-// the last closing that one's DRV_CLOSE, DRV_DISABLE and DRV_FREE, and each time DRV_OPEN with
-// `parameter` and DRV_CLOSE with both parameters. What it answers to DRV_OPEN, 0 to refuse, is the
-// id in the messages of that opening.
+// DriverProc, found as LoadLibraryA finds it; sections other than none list no drivers. At its
+// first opening it is told DRV_LOAD, DRV_ENABLE and a DRV_OPEN of the system's own without
+// parameters, at the last closing that one's DRV_CLOSE, DRV_DISABLE and DRV_FREE, and each time
+// DRV_OPEN with `parameter` and DRV_CLOSE with both parameters. What it answers to DRV_OPEN, 0 to
+// refuse, is the id in the messages of that opening.
 HDRVR WINAPI OpenDriver(LPCWSTR name, LPCWSTR section, LPARAM parameter);
 LRESULT WINAPI SendDriverMessage(HDRVR driver, UINT message, LPARAM first, LPARAM second);
 LRESULT WINAPI CloseDriver(HDRVR driver, LPARAM first, LPARAM second);

@@ -65,14 +65,13 @@ bool Refuse(const char* reason) {
 
 bool Show(VideoWindow& video) {
     // The driver sizes the window to its picture.
-    video.handle =
-        CreateWindowExA(0, kWindowClass, video.title, WS_VISIBLE | WS_THICKFRAME, 1, 1, 1, 1,
-                        nullptr, nullptr, AppInstance, nullptr);
+    video.handle = CreateWindowExA(0, kWindowClass, video.title, WS_VISIBLE | WS_THICKFRAME, 1, 1,
+                                   1, 1, nullptr, nullptr, AppInstance, nullptr);
     if (video.handle == nullptr) {
         return Refuse("kora_vid: Failed to create video window\n");
     }
-    if (SendDriverMessage(VideoDriver(), VIDEO_SHOW_CHANNEL,
-                          reinterpret_cast<LPARAM>(video.handle), video.channel) == 0) {
+    if (SendDriverMessage(VideoDriver(), VIDEO_SHOW_CHANNEL, reinterpret_cast<LPARAM>(video.handle),
+                          video.channel) == 0) {
         DestroyWindow(video.handle);
         video.handle = nullptr;
         return Refuse("kora_vid: Error in SendDriverMessage\n");

@@ -11,13 +11,13 @@ namespace {
 
 // One opening of a driver.
 struct Driver {
-    HMODULE library = nullptr;
+    HMODULE module = nullptr;
     DRIVERPROC procedure = nullptr;
     DWORD_PTR id = 0;  // what the driver calls this opening
 };
 
 // What all openings of one library have in common.
-struct Session {
+struct Use {
     HDRVR opening = nullptr;  // the system's own, from the first one on to the last
     int others = 0;
 };
@@ -27,9 +27,9 @@ HandleTable<Driver, HandleKind::kDriver>& Drivers() {
     return drivers;
 }
 
-std::map<HMODULE, Session>& Sessions() {
-    static auto& sessions = *new std::map<HMODULE, Session>;
-    return sessions;
+std::map<HMODULE, Use>& Uses() {
+    static auto& uses = *new std::map<HMODULE, Use>;
+    return uses;
 }
 
 Driver* DriverOf(HDRVR driver) {
@@ -59,8 +59,8 @@ bool Open(HDRVR handle, LPARAM parameter) {
 }
 
 // Before its first opening a driver is loaded and enabled; false where it refuses that.
-bool BeginSession(const Driver& driver) {
-    if (Sessions().count(driver.library) != 0) {
+bool BeginUse(const Driver& driver) {
+    if (Uses().count(driver.module) != 0) {
         return true;
     }
     const HDRVR opening = Add(driver);
@@ -68,16 +68,16 @@ bool BeginSession(const Driver& driver) {
         Remove(opening);
         return false;
     }
-    Sessions()[driver.library].opening = opening;
+    Uses()[driver.module].opening = opening;
     Send(opening, DRV_ENABLE, 0, 0);
     Open(opening, 0);
     return true;
 }
 
 // After its last one it is disabled and freed.
-void EndSession(HMODULE library) {
-    const HDRVR opening = Sessions()[library].opening;
-    Sessions().erase(library);
+void EndUse(HMODULE library) {
+    const HDRVR opening = Uses()[library].opening;
+    Uses().erase(library);
     Send(opening, DRV_CLOSE, 0, 0);
     Send(opening, DRV_DISABLE, 0, 0);
     Send(opening, DRV_FREE, 0, 0);
@@ -86,9 +86,9 @@ void EndSession(HMODULE library) {
 
 // Gives the library back that a driver was opened with.
 void Leave(HMODULE library) {
-    const auto session = Sessions().find(library);
-    if (session != Sessions().end() && session->second.others == 0) {
-        EndSession(library);
+    const auto use = Uses().find(library);
+    if (use != Uses().end() && use->second.others == 0) {
+        EndUse(library);
     }
     FreeLibrary(library);
 }
@@ -101,23 +101,23 @@ HDRVR WINAPI OpenDriver(LPCWSTR name, LPCWSTR section, LPARAM parameter) {
         return nullptr;
     }
     vxd::Driver driver;
-    driver.library = LoadLibraryA(vxd::Utf8FromWide(name).c_str());
-    if (driver.library == nullptr) {
+    driver.module = LoadLibraryA(vxd::Utf8FromWide(name).c_str());
+    if (driver.module == nullptr) {
         return nullptr;
     }
     driver.procedure = reinterpret_cast<DRIVERPROC>(
-        reinterpret_cast<void*>(GetProcAddress(driver.library, "DriverProc")));
-    if (driver.procedure == nullptr || !vxd::BeginSession(driver)) {
-        FreeLibrary(driver.library);
+        reinterpret_cast<void*>(GetProcAddress(driver.module, "DriverProc")));
+    if (driver.procedure == nullptr || !vxd::BeginUse(driver)) {
+        FreeLibrary(driver.module);
         return nullptr;
     }
     const HDRVR handle = vxd::Add(driver);
     if (!vxd::Open(handle, parameter)) {
         vxd::Remove(handle);
-        vxd::Leave(driver.library);
+        vxd::Leave(driver.module);
         return nullptr;
     }
-    ++vxd::Sessions()[driver.library].others;
+    ++vxd::Uses()[driver.module].others;
     return handle;
 }
 
@@ -130,10 +130,10 @@ LRESULT WINAPI CloseDriver(HDRVR handle, LPARAM first, LPARAM second) {
     if (driver == nullptr) {
         return FALSE;
     }
-    const HMODULE library = driver->library;
+    const HMODULE library = driver->module;
     vxd::Send(handle, DRV_CLOSE, first, second);
     vxd::Remove(handle);
-    --vxd::Sessions()[library].others;
+    --vxd::Uses()[library].others;
     vxd::Leave(library);
     return TRUE;
 }
