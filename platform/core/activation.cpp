@@ -24,7 +24,12 @@ Window* Successor(const Window& going) {
     return nullptr;
 }
 
-// The frontmost window that takes input and lies, by its owners, over the given one.
+bool IsModal(const Window& window) {
+    return window.dialog != nullptr && window.dialog->owner != nullptr;
+}
+
+// The frontmost window that takes input and lies, by its owners, over the given one: a modal
+// dialog, or any other where there is none.
 Window* FrontOf(const Window& window) {
     const auto isOver = [&window](const Window* at) {
         while (at != nullptr && at != &window)
@@ -32,10 +37,17 @@ Window* FrontOf(const Window& window) {
         return at != nullptr;
     };
     const auto& order = TheDesk().topLevel;
-    const auto front = std::find_if(order.begin(), order.end(), [&isOver](const Window* each) {
-        return CanBeActive(*each) && isOver(each);
-    });
-    return front != order.end() ? *front : nullptr;
+    Window* front = nullptr;
+    for (Window* each : order) {
+        if (!CanBeActive(*each) || !isOver(each)) {
+            continue;
+        }
+        if (IsModal(*each)) {
+            return each;
+        }
+        front = front != nullptr ? front : each;
+    }
+    return front;
 }
 
 enum class Origin { kProgram, kDesktop };

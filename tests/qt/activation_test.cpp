@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
 #include <QTest>
 #include <QWindow>
 #include <chrono>
@@ -18,23 +20,28 @@ namespace {
 
 using kit::OnUserInterface;
 
-// How often a window of the test became the active one. User-interface thread.
+// How often a window of the test became the active one, and which were clicked. User-interface
+// thread.
 int theActivations = 0;
+std::vector<HWND> theClicked;
 
 LRESULT CALLBACK CountingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_ACTIVATE && LOWORD(wParam) != WA_INACTIVE)
         ++theActivations;
+    if (message == WM_LBUTTONDOWN) {
+        theClicked.push_back(window);
+    }
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
-HWND MakeWindow(int x) {
+HWND MakeWindow(int x, HWND owner = nullptr) {
     WNDCLASSA windowClass{};
     windowClass.lpfnWndProc = CountingProcedure;
     windowClass.hInstance = GetModuleHandleA(nullptr);
     windowClass.lpszClassName = "Counting";
     RegisterClassA(&windowClass);
     return CreateWindowExA(0, "Counting", "Counting", WS_OVERLAPPEDWINDOW | WS_VISIBLE, x, 100, 200,
-                           100, nullptr, nullptr, windowClass.hInstance, nullptr);
+                           200, owner, nullptr, windowClass.hInstance, nullptr);
 }
 
 class ActivationTest : public testing::Test {
@@ -83,6 +90,24 @@ class ActivationTest : public testing::Test {
         WaitForRest();
     }
 
+    // A click near the lower left corner of a window, by a real mouse where there is a desktop.
+    static void ClickOn(HWND window, Qt::MouseButton button = Qt::LeftButton) {
+        const auto place = [window] {
+            return native::WidgetOf(window)->rect().bottomLeft() + QPoint(8, -8);
+        };
+        if (HasWindowManager()) {
+            const QPoint at =
+                OnUserInterface([&] { return native::WidgetOf(window)->mapToGlobal(place()); });
+            const std::string click = "xdotool mousemove " + std::to_string(at.x()) + " " +
+                                      std::to_string(at.y()) + " click " +
+                                      (button == Qt::LeftButton ? "1" : "2");
+            ASSERT_EQ(std::system(click.c_str()), 0);
+        } else {
+            native::Do([&] { native::ClickWidget(*native::WidgetOf(window), place(), button); });
+        }
+        WaitForRest();
+    }
+
     static void ExpectActive(HWND window) {
         OnUserInterface([window] {
             EXPECT_EQ(GetActiveWindow(), window);
@@ -111,6 +136,55 @@ TEST_F(ActivationTest, IsAskedForFasterThanTheDesktopAnswersAndComesToRest) {
     native::Do([this] { native::WidgetOf(windows_[1])->windowHandle()->requestActivate(); });
     EXPECT_EQ(WaitForRest(), 1);
     ExpectActive(windows_[1]);
+}
+
+TEST_F(ActivationTest, WindowsBesideADialogTakeClicksAndADisabledOneBringsTheDialogForward) {
+    // One of the dialog's owner is none of those that the dialog shuts out.
+    const HWND owner = windows_.front();
+    const HWND beside = OnUserInterface([owner] { return MakeWindow(850, owner); });
+    kit::BeginStep([owner] { MessageBoxA(owner, "Text", "Over", MB_OK); });
+    const kit::Dialog box = kit::WaitForDialog("Over");
+    WaitForRest();
+    OnUserInterface([] { theClicked.clear(); });
+    for (const HWND window : {beside, windows_[2]}) {
+        ClickOn(window);
+        if (!HasWindowManager()) {
+            OnUserInterface([window] { SetFocus(window); });
+            WaitForRest();
+        }
+        ExpectActive(window);
+        ClickOn(owner);
+        ExpectActive(box.Handle());
+    }
+    EXPECT_EQ(OnUserInterface([] { return theClicked; }), (std::vector<HWND>{beside, windows_[2]}));
+    OnUserInterface([&] {
+        const QWidget* shown = native::WidgetOf(box.Handle());
+        EXPECT_EQ(shown->windowModality(), Qt::NonModal);
+        EXPECT_EQ(shown->windowHandle()->transientParent(),
+                  native::WidgetOf(owner)->windowHandle());
+    });
+    PressReturn();
+    ExpectActive(owner);
+}
+
+TEST_F(ActivationTest, IsNotNeededToPasteWhatIsSelectedElsewhereByTheMiddleButton) {
+    if (!HasWindowManager()) {
+        GTEST_SKIP() << "only a desktop has a selection to paste";
+    }
+    const HWND field = OnUserInterface([this] {
+        return CreateWindowExA(0, "Edit", "0x", WS_CHILD | WS_VISIBLE, 0, 150, 200, 50,
+                               windows_.front(), nullptr, nullptr, nullptr);
+    });
+    OnUserInterface(
+        [] { QGuiApplication::clipboard()->setText(QStringLiteral("1F"), QClipboard::Selection); });
+    ClickOn(field, Qt::MiddleButton);
+    OnUserInterface([field] {
+        char text[16];
+        GetWindowTextA(field, text, sizeof text);
+        EXPECT_EQ(std::string(text).size(), 4u) << text;
+        EXPECT_NE(std::string(text).find("1F"), std::string::npos) << text;
+        EXPECT_EQ(native::As<QLineEdit>(field)->text().toStdString(), text);
+    });
 }
 
 TEST_F(ActivationTest, OfABoxOverAnotherOneOfTheSameOwnerKeepsAndReturnsTheKeyboard) {
