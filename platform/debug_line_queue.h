@@ -19,6 +19,7 @@
 class DebugLineQueue {
   public:
     void Add(DebugLine line) {
+        line.received = std::chrono::system_clock::now();
         std::lock_guard lock(mutex_);
         if (bytes_ + CostOf(line) > kMostBytes) {
             lost_ += std::max<std::uint32_t>(line.lost, 1);
@@ -54,7 +55,12 @@ class DebugLineQueue {
     }
 
     // The line that stands for those that were lost here, of whatever process.
-    DebugLine TakeLost() { return {.processId = 0, .text = {}, .lost = std::exchange(lost_, 0)}; }
+    DebugLine TakeLost() {
+        return {.processId = 0,
+                .text = {},
+                .lost = std::exchange(lost_, 0),
+                .received = std::chrono::system_clock::now()};
+    }
 
     std::mutex mutex_;
     std::condition_variable added_;

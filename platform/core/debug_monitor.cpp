@@ -27,19 +27,36 @@ const sockaddr* Address(const vxd::DebugSocket& place) {
     return reinterpret_cast<const sockaddr*>(&place.address);
 }
 
-// Binds a socket, in place of one whose monitor is dead. None when another monitor listens. The
-// folder is locked meanwhile, so that no two monitors take the place of the same dead one.
-vxd::Descriptor Bind(const vxd::DebugSocket& place) {
+// The file that is there while the monitor is paused.
+std::string PauseMark(const vxd::DebugSocket& place) {
+    return std::string(place.address.sun_path) + "-paused";
+}
+
+// Binds a socket, in place of one whose monitor is dead. The folder is locked meanwhile, so that no
+// two monitors take the place of the same dead one. Nobody but the user may write to the socket,
+// whatever the umask, nor is there a moment in which somebody could.
+DebugMonitorState Bind(const vxd::DebugSocket& place, vxd::Descriptor& bound) {
+    constexpr mode_t kUserAlone = S_IRUSR | S_IWUSR;
     const vxd::Descriptor folder(open(place.folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!folder || flock(folder.Get(), LOCK_EX) != 0)
-        return {};
+    if (!folder || flock(folder.Get(), LOCK_EX) != 0) {
+        return DebugMonitorState::kSystemRefuses;
+    }
     vxd::Descriptor monitor(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0));
-    if (!monitor || connect(monitor.Get(), Address(place), sizeof place.address) == 0)
-        return {};
+    if (!monitor) {
+        return DebugMonitorState::kSystemRefuses;
+    }
+    if (connect(monitor.Get(), Address(place), sizeof place.address) == 0) {
+        return DebugMonitorState::kAnotherListens;
+    }
     unlink(place.address.sun_path);
-    if (bind(monitor.Get(), Address(place), sizeof place.address) != 0)
-        return {};
-    return monitor;
+    unlink(PauseMark(place).c_str());
+    if (fchmod(monitor.Get(), kUserAlone) != 0 ||
+        bind(monitor.Get(), Address(place), sizeof place.address) != 0 ||
+        chmod(place.address.sun_path, kUserAlone) != 0) {
+        return DebugMonitorState::kSystemRefuses;
+    }
+    bound = std::move(monitor);
+    return DebugMonitorState::kListens;
 }
 
 void Receive(const std::stop_token& stop, int socket, DebugLineQueue& lines) {
@@ -51,12 +68,12 @@ void Receive(const std::stop_token& stop, int socket, DebugLineQueue& lines) {
             continue;
         std::memcpy(&header, datagram.data(), sizeof header);
         if (header.lost != 0)
-            lines.Add({header.processId, {}, header.lost});
+            lines.Add({header.processId, {}, header.lost, {}});
         std::string_view rest(datagram.data(), static_cast<std::size_t>(length));
         rest.remove_prefix(sizeof header);
         while (!rest.empty()) {
             const std::string_view line = rest.substr(0, rest.find('\0'));
-            lines.Add({header.processId, std::string(line)});
+            lines.Add({header.processId, std::string(line), 0, {}});
             rest.remove_prefix(std::min(line.size() + 1, rest.size()));
         }
     }
@@ -64,8 +81,8 @@ void Receive(const std::stop_token& stop, int socket, DebugLineQueue& lines) {
 
 }  // namespace
 
-struct DebugMonitor::State {
-    State(vxd::DebugSocket where, vxd::Descriptor bound)
+struct DebugMonitor::Listening {
+    Listening(vxd::DebugSocket where, vxd::Descriptor bound)
         : place(std::move(where)),
           socket(std::move(bound)),
           receiver([this](const auto& stop) { Receive(stop, socket.Get(), lines); }) {
@@ -73,8 +90,9 @@ struct DebugMonitor::State {
     }
 
     // The name goes while the socket still listens: nobody else has taken it meanwhile.
-    ~State() {
+    ~Listening() {
         --ownMonitors;
+        unlink(PauseMark(place).c_str());
         unlink(place.address.sun_path);
         receiver.request_stop();
         shutdown(socket.Get(), SHUT_RDWR);
@@ -95,18 +113,51 @@ bool vxd::IsMonitoredElsewhere() {
 
 DebugMonitor::DebugMonitor() {
     auto place = vxd::FindDebugSocket(vxd::MissingFolder::kCreate);
-    if (!place)
+    if (!place) {
+        state_ = DebugMonitorState::kFolderNotPrivate;
         return;
-    if (auto socket = Bind(*place))
-        state_ = std::make_unique<State>(std::move(*place), std::move(socket));
+    }
+    vxd::Descriptor socket;
+    state_ = Bind(*place, socket);
+    if (state_ == DebugMonitorState::kListens) {
+        listening_ = std::make_unique<Listening>(std::move(*place), std::move(socket));
+    }
 }
 
 DebugMonitor::~DebugMonitor() = default;
 
 bool DebugMonitor::IsListening() const {
-    return state_ != nullptr;
+    return listening_ != nullptr;
+}
+
+DebugMonitorState DebugMonitor::State() const {
+    return state_;
+}
+
+std::string DebugMonitor::Place() const {
+    const auto place = vxd::FindDebugSocket(vxd::MissingFolder::kLeave);
+    return place ? place->address.sun_path : vxd::DebugFolderInTmp();
+}
+
+void DebugMonitor::SetPaused(bool isPaused) {
+    if (listening_ == nullptr) {
+        return;
+    }
+    const std::string mark = PauseMark(listening_->place);
+    if (isPaused) {
+        vxd::Descriptor(open(mark.c_str(), O_CREAT | O_CLOEXEC | O_WRONLY, S_IRUSR | S_IWUSR));
+    } else {
+        unlink(mark.c_str());
+    }
 }
 
 std::optional<DebugLine> DebugMonitor::Next(std::chrono::milliseconds timeout) {
-    return state_ != nullptr ? state_->lines.Take(timeout) : std::nullopt;
+    return listening_ != nullptr ? listening_->lines.Take(timeout) : std::nullopt;
+}
+
+// A mark that a dead monitor left says nothing: whoever has found a monitor has found one that
+// listens, and that one has removed it.
+bool IsDebugMonitorPaused() {
+    const auto place = vxd::FindDebugSocket(vxd::MissingFolder::kLeave);
+    return place && access(PauseMark(*place).c_str(), F_OK) == 0;
 }

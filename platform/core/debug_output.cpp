@@ -37,6 +37,10 @@ std::string_view FirstPiece(std::string_view text) {
 
 }  // namespace
 
+std::string DebugFolderInTmp() {
+    return "/tmp/vxdtest-" + std::to_string(geteuid());
+}
+
 std::optional<DebugSocket> FindDebugSocket(MissingFolder missing) {
     DebugSocket socket;
     socket.address = {};
@@ -46,9 +50,11 @@ std::optional<DebugSocket> FindDebugSocket(MissingFolder missing) {
     socket.folder = Environment("XDG_RUNTIME_DIR").value_or("");
     if (!socket.folder.starts_with('/') || socket.folder.size() > kLongestFolder ||
         !IsPrivate(socket.folder)) {
-        socket.folder = "/tmp/vxdtest-" + std::to_string(geteuid());
-        if (missing == MissingFolder::kCreate)
-            mkdir(socket.folder.c_str(), 0700);
+        socket.folder = DebugFolderInTmp();
+        // The umask may have taken more from it than it must.
+        if (missing == MissingFolder::kCreate && mkdir(socket.folder.c_str(), S_IRWXU) == 0) {
+            chmod(socket.folder.c_str(), S_IRWXU);
+        }
         if (!IsPrivate(socket.folder))
             return std::nullopt;
     }

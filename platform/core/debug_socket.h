@@ -33,6 +33,9 @@ enum class MissingFolder { kLeave, kCreate };
 // exists and belongs to this user alone. Any thread.
 std::optional<DebugSocket> FindDebugSocket(MissingFolder missing);
 
+// The folder in /tmp for this user, whether or not it exists and can be used.
+std::string DebugFolderInTmp();
+
 // Whether a monitor of another process of this user listens. Any thread.
 bool IsMonitoredElsewhere();
 

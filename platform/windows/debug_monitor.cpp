@@ -14,6 +14,8 @@
 
 namespace {
 
+constexpr char kPaused[] = "DBWIN_PAUSED";
+
 struct Buffer {
     DWORD processId;
     char text[4096 - sizeof(DWORD)];
@@ -34,17 +36,19 @@ KernelHandle CreateAutoResetEvent(const char* name) {
 
 }  // namespace
 
-struct DebugMonitor::State {
+struct DebugMonitor::Listening {
     // Writers find the buffer and both events by name; only a viewer creates them.
-    State() {
+    Listening() {
         bufferReady = CreateAutoResetEvent("DBWIN_BUFFER_READY");
-        if (bufferReady == nullptr || GetLastError() == ERROR_ALREADY_EXISTS)
+        if (bufferReady != nullptr && GetLastError() == ERROR_ALREADY_EXISTS) {
+            anotherListens = true;
             return;
+        }
         dataReady = CreateAutoResetEvent("DBWIN_DATA_READY");
         stop = CreateAutoResetEvent(nullptr);
         mapping.reset(CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0,
                                          sizeof(Buffer), "DBWIN_BUFFER"));
-        if (dataReady == nullptr || stop == nullptr || mapping == nullptr)
+        if (bufferReady == nullptr || dataReady == nullptr || stop == nullptr || mapping == nullptr)
             return;
         buffer.reset(
             static_cast<const Buffer*>(MapViewOfFile(mapping.get(), FILE_MAP_READ, 0, 0, 0)));
@@ -52,7 +56,7 @@ struct DebugMonitor::State {
             receiver = std::thread([this] { Receive(); });
     }
 
-    ~State() {
+    ~Listening() {
         if (receiver.joinable()) {
             SetEvent(stop.get());
             receiver.join();
@@ -68,10 +72,12 @@ struct DebugMonitor::State {
                 return;
             const char* const end =
                 std::find(std::begin(buffer->text), std::end(buffer->text), '\0');
-            lines.Add({buffer->processId, {std::begin(buffer->text), end}});
+            lines.Add({buffer->processId, {std::begin(buffer->text), end}, 0, {}});
         }
     }
 
+    bool anotherListens = false;
+    KernelHandle paused;  // exists while the monitor is paused
     KernelHandle bufferReady;
     KernelHandle dataReady;
     KernelHandle stop;
@@ -81,14 +87,38 @@ struct DebugMonitor::State {
     std::thread receiver;
 };
 
-DebugMonitor::DebugMonitor() : state_(std::make_unique<State>()) {}
+DebugMonitor::DebugMonitor() : listening_(std::make_unique<Listening>()) {
+    if (listening_->receiver.joinable()) {
+        state_ = DebugMonitorState::kListens;
+    } else if (listening_->anotherListens) {
+        state_ = DebugMonitorState::kAnotherListens;
+    }
+}
 
 DebugMonitor::~DebugMonitor() = default;
 
 bool DebugMonitor::IsListening() const {
-    return state_->receiver.joinable();
+    return state_ == DebugMonitorState::kListens;
+}
+
+DebugMonitorState DebugMonitor::State() const {
+    return state_;
+}
+
+std::string DebugMonitor::Place() const {
+    return "DBWIN_BUFFER";
+}
+
+void DebugMonitor::SetPaused(bool isPaused) {
+    if (IsListening()) {
+        listening_->paused = isPaused ? CreateAutoResetEvent(kPaused) : nullptr;
+    }
 }
 
 std::optional<DebugLine> DebugMonitor::Next(std::chrono::milliseconds timeout) {
-    return IsListening() ? state_->lines.Take(timeout) : std::nullopt;
+    return IsListening() ? listening_->lines.Take(timeout) : std::nullopt;
+}
+
+bool IsDebugMonitorPaused() {
+    return KernelHandle(OpenEventA(SYNCHRONIZE, FALSE, kPaused)) != nullptr;
 }

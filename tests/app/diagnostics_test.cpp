@@ -103,15 +103,12 @@ TEST_F(Trace, AViewerKeepsTheLevelWhileItsOutputModeIsNotZero) {
     });
     EXPECT_EQ(Write(20, "viewer\n").size(), 1u);
     EXPECT_TRUE(Write(21, "more than the level\n").empty());
-    kit::RunStep([] {
-        const HMODULE library = LoadLibraryA("DBWIN.DLL");
-        const auto setMode = reinterpret_cast<void (*)(int)>(
-            reinterpret_cast<void*>(GetProcAddress(library, "SetOutputMode")));
-        setMode(0);
-        SetDebugOutputLevel(20);
-        FreeLibrary(library);
-    });
-    EXPECT_TRUE(Write(1, "viewer that is off\n").empty());
+    monitor_.SetPaused(true);
+    kit::RunStep([] { SetDebugOutputLevel(20); });
+    EXPECT_TRUE(Write(1, "viewer that is paused\n").empty());
+    monitor_.SetPaused(false);
+    kit::RunStep([] { SetDebugOutputLevel(20); });
+    EXPECT_EQ(Write(20, "viewer that goes on\n").size(), 1u);
 }
 
 // The most detailed line that a start under a viewer lets through.

@@ -49,14 +49,25 @@ class DebugOutputPosixTest : public testing::Test {
     TemporaryFolder folder_;
 };
 
-TEST_F(DebugOutputPosixTest, AMonitorTakesThePlaceOfADeadOne) {
+TEST_F(DebugOutputPosixTest, AMonitorTakesThePlaceOfADeadOneAndOnlyItsUserWritesToIt) {
     Bind();  // and closes it; the file stays
+    WriteBytes(folder_ / "vxdtest-debug-paused", "");
     ASSERT_FALSE(std::filesystem::is_empty(folder_.Path()));
     {
-        DebugMonitor monitor;
-        ASSERT_TRUE(monitor.IsListening());
-        OutputDebugStringA("line");
-        EXPECT_TRUE(monitor.Next(milliseconds(5000)));
+        for (const mode_t mask : {mode_t{0}, mode_t{0777}}) {
+            const mode_t before = umask(mask);
+            DebugMonitor monitor;
+            umask(before);
+            ASSERT_EQ(monitor.State(), DebugMonitorState::kListens);
+            EXPECT_FALSE(IsDebugMonitorPaused()) << "as the dead one was";
+            struct stat status = {};
+            ASSERT_EQ(stat(monitor.Place().c_str(), &status), 0);
+            EXPECT_EQ(status.st_mode & 07777, 0600u);
+            OutputDebugStringA("line");
+            EXPECT_TRUE(monitor.Next(milliseconds(5000)));
+            monitor.SetPaused(true);
+            EXPECT_TRUE(IsDebugMonitorPaused());
+        }
     }
     EXPECT_TRUE(std::filesystem::is_empty(folder_.Path()));
 }
@@ -210,6 +221,10 @@ TEST_F(DebugOutputPosixTest, AFolderThatOthersMayWriteIsNotUsed) {
     struct stat status = {};
     ASSERT_EQ(lstat(place->folder.c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777, 0700u);
+    ASSERT_EQ(chmod(place->folder.c_str(), 0777), 0);
+    const DebugMonitor monitor;
+    EXPECT_EQ(monitor.State(), DebugMonitorState::kFolderNotPrivate);
+    EXPECT_EQ(monitor.Place(), place->folder);
     rmdir(place->folder.c_str());
 }
 
