@@ -51,6 +51,11 @@
 #include "res/resource.h"
 #include "services/application.h"
 #include "video/kora_vid.h"
+#include "video/encoder_basics.h"
+#include "video/encoder_fields.h"
+#include "video/overlay.h"
+#include "video/palette.h"
+#include "video/pixel_mask.h"
 
 namespace {
 
@@ -215,6 +220,12 @@ constexpr std::array kCommands = {
     Command{IDM_JADE_REGISTERS, Open<OpenJadeAccess>},
     Command{IDM_USS_REGISTERS, Open<OpenUssRegisters>},
     Command{IDM_VPIC_I2C_PORTS, Open<OpenVpicI2cAccess>},
+
+    Command{IDM_BROOKTREE_BASICS, Open<OpenEncoderBasics>},
+    Command{IDM_BROOKTREE_CONTROL_REGS, Open<OpenEncoderFields>},
+    Command{IDM_BROOKTREE_OVERLAY, Open<OpenOverlay>},
+    Command{IDM_BROOKTREE_PALETTE, Open<OpenPalette>},
+    Command{IDM_BROOKTREE_PIXEL_MASK, Open<OpenPixelMask>},
 
     Command{IDM_HELP_ABOUT, Open<OpenAbout>},
     Command{IDM_HELP_CHANGE_COLOR, Run<ChangeColor>},

@@ -12,6 +12,7 @@
 #include "board/pci.h"
 #include "board/sequencer.h"
 #include "board/services.h"
+#include "board/video_encoder.h"
 #include "board/vpic.h"
 #include "driver/debug_command.h"
 #include "driver/parameter_block.h"
@@ -129,10 +130,14 @@ constexpr auto kCommands = std::to_array<DebugCommand>({
     {TALVERO_DBG_STREAM_TR_INIT, "TALVERO_DBG_STREAM_TR_INIT", 0,
      Handle<TakeStep<Service::Stream, kInitialize>>},
     {TALVERO_DBG_STREAM_TR_TERM, "TALVERO_DBG_STREAM_TR_TERM", 0, Handle<TerminateStreams>},
-    {TALVERO_DBG_BT85X_OP_WR_STATE, "TALVERO_DBG_BT85X_OP_WR_STATE", sizeof(Bt85xStateWriteBlock)},
-    {TALVERO_DBG_BT85X_OP_RD_STATE, "TALVERO_DBG_BT85X_OP_RD_STATE", sizeof(Bt85xStateReadBlock)},
-    {TALVERO_DBG_BT85X_OP_WR_PORT, "TALVERO_DBG_BT85X_OP_WR_PORT", sizeof(Bt85xPortWriteBlock)},
-    {TALVERO_DBG_BT85X_OP_RD_PORT, "TALVERO_DBG_BT85X_OP_RD_PORT", sizeof(Bt85xPortReadBlock)},
+    {TALVERO_DBG_BT85X_OP_WR_STATE, "TALVERO_DBG_BT85X_OP_WR_STATE", sizeof(Bt85xStateWriteBlock),
+     Handle<WriteEncoderState>},
+    {TALVERO_DBG_BT85X_OP_RD_STATE, "TALVERO_DBG_BT85X_OP_RD_STATE", sizeof(Bt85xStateReadBlock),
+     Handle<ReadEncoderState>},
+    {TALVERO_DBG_BT85X_OP_WR_PORT, "TALVERO_DBG_BT85X_OP_WR_PORT", sizeof(Bt85xPortWriteBlock),
+     Handle<WriteEncoderPort>},
+    {TALVERO_DBG_BT85X_OP_RD_PORT, "TALVERO_DBG_BT85X_OP_RD_PORT", sizeof(Bt85xPortReadBlock),
+     Handle<ReadEncoderPort>},
     {TALVERO_DBG_BT85X_OP_RESET, "TALVERO_DBG_BT85X_OP_RESET", 0,
      Handle<TakeStep<Service::Bt85x, kReset>>},
 });

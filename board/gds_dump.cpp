@@ -103,7 +103,10 @@ void DescribeVcpRegs(const State& state, Lines& lines) {
 }
 
 void DescribeBt85x(const State& state, Lines& lines) {
+    const VideoEncoder& encoder = state.hardware.videoEncoder;
     lines.push_back(state.services.displayType == 0 ? "display type: NTSC" : "display type: PAL");
+    lines.push_back(HexNumber("mode", encoder.mode));
+    lines.push_back(HexNumber("pixel mask", encoder.pixelMask));
 }
 
 void DescribeVidinlay(const State& state, Lines& lines) {

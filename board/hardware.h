@@ -13,6 +13,7 @@
 #include "board/jade.h"
 #include "board/registers.h"
 #include "board/saec.h"
+#include "board/video_encoder.h"
 #include "board/vpic.h"
 
 namespace board {
@@ -27,6 +28,7 @@ struct Hardware {
     Aec aec;
     Akm akm;
     I2cBus i2cBus;
+    VideoEncoder videoEncoder;
     Registers jade = JadeAtPowerOn();
     CodecVariables codecVariables = CodecVariablesAtPowerOn();
 };

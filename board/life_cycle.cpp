@@ -62,6 +62,11 @@ void ResetFirstIsac(State& state) {
     state.hardware.isacs[0] = IsacAtPowerOn();
 }
 
+void ResetVideoEncoder(State& state) {
+    state.services.displayType = 0;
+    state.hardware.videoEncoder = {};
+}
+
 void ResetArcofi(State& state) {
     state.services.arcofiChannel = 0;
     state.services.arcofiShadow = false;
@@ -90,8 +95,7 @@ constexpr std::array<ServiceEntry, kServiceCount> kServices{{
     {Service::AnalogCamera, Module::Acif, "analog camera", false},
     {Service::Eprom, Module::Eprom, "EEPROM", false},
     {Service::Stream, Module::Stream, "stream service", false},
-    {Service::Bt85x, Module::Bt85x, "video encoder", false,
-     [](State& state) { state.services.displayType = 0; }},
+    {Service::Bt85x, Module::Bt85x, "video encoder", false, ResetVideoEncoder},
     {Service::Mbe, Module::Mbe, "message channel", true},
     {Service::AnnexD, Module::AnnexD, "still images", false},
     {Service::Vpp, Module::Vpp, "post-processing", true},

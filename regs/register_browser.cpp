@@ -1,13 +1,20 @@
 #include "regs/register_browser.h"
 
 #include <cstdio>
+#include <vector>
+
+#include "services/diagnostics.h"
 
 namespace {
 
 struct OpenBrowser {
     const RegisterBrowser& browser;
-    std::size_t row = 0;  // the one used last
+    std::size_t row = 0;    // the one used last
+    bool settling = false;  // the focus is still where a report's box has moved it
 };
+
+// Posted to the dialog behind a report.
+constexpr UINT kSettled = WM_APP;
 
 // The list's selection. A list without one leaves the row that was used last.
 std::size_t CurrentRow(HWND dialog, OpenBrowser& open) {
@@ -36,11 +43,40 @@ void Open(HWND dialog) {
         browser.open(dialog);
 }
 
+// A box that reports a failed read gives the focus back, at the dialog's opening not before that is
+// shown. It is no reason to read again and to report again.
+void ReadRow(HWND dialog, OpenBrowser& open) {
+    const unsigned boxes = BoxesShown();
+    const std::string value =
+        open.browser.read(dialog, open.row).value_or(open.browser.failureText);
+    SetDlgItemTextA(dialog, open.browser.value, value.c_str());
+    if (BoxesShown() != boxes) {
+        open.settling = true;
+        PostMessageA(dialog, kSettled, 0, 0);
+    }
+}
+
+void EndSettling(HWND dialog, WPARAM /*wParam*/, LPARAM /*lParam*/) {
+    if (IsWindowVisible(dialog)) {
+        StateOf<OpenBrowser>(dialog).settling = false;
+    }
+}
+
+// The dialog is going to be shown, and to take the focus.
+void SettleBehindShow(HWND dialog, WPARAM /*wParam*/, LPARAM /*lParam*/) {
+    PostMessageA(dialog, kSettled, 0, 0);
+}
+
 bool HandleListNotification(HWND dialog, int code) {
     switch (code) {
+        case LBN_SETFOCUS:
+            if (StateOf<OpenBrowser>(dialog).settling) {
+                return true;
+            }
+            ShowCurrentRow(dialog);
+            return true;
         case LBN_SELCHANGE:
         case LBN_DBLCLK:
-        case LBN_SETFOCUS:
             ShowCurrentRow(dialog);
             return true;
         default:
@@ -69,20 +105,19 @@ bool HandleCommand(HWND dialog, int id, int code) {
 
 INT_PTR RunBrowser(HINSTANCE instance, HWND owner, const RegisterBrowser& browser) {
     OpenBrowser open{browser};
-    return RunDialog(instance, browser.dialog, owner,
-                     {.open = Open,
-                      .otherwise = HandleCommand,
-                      .messages = browser.messages,
-                      .end = browser.end},
-                     &open);
+    std::vector<DialogMessage> messages(browser.messages.begin(), browser.messages.end());
+    messages.insert(messages.end(), {{kSettled, EndSettling}, {WM_SHOWWINDOW, SettleBehindShow}});
+    return RunDialog(
+        instance, browser.dialog, owner,
+        {.open = Open, .otherwise = HandleCommand, .messages = messages, .end = browser.end},
+        &open);
 }
 
 void ShowCurrentRow(HWND dialog) {
     auto& open = StateOf<OpenBrowser>(dialog);
     const RegisterBrowser& browser = open.browser;
     const std::size_t row = CurrentRow(dialog, open);
-    const std::string value = browser.read(dialog, row).value_or(browser.failureText);
-    SetDlgItemTextA(dialog, browser.value, value.c_str());
+    ReadRow(dialog, open);
     if (browser.showName != nullptr) {
         browser.showName(dialog, row);
     } else {

@@ -659,3 +659,28 @@
 // "AUXDEV Fields" and "AUXDEV Features".
 #define IDD_AUXDEV_FIELDS 135
 #define IDD_AUXDEV_FEATURES 4026
+
+// "BrookTree basic operations" and "BrookTree Registers & Fields".
+#define IDD_ENCODER_BASICS 126
+#define IDD_ENCODER_FIELDS 127
+#define IDC_ENCODER_BT855 1062
+#define IDC_ENCODER_BT858 1063
+#define IDC_ENCODER_MODE 1061
+#define IDC_ENCODER_MODE_GET 1054
+#define IDC_ENCODER_MODE_SET 1055
+#define IDC_ENCODER_PORT 1053
+#define IDC_ENCODER_PORT_GET 1056
+#define IDC_ENCODER_PORT_SET 1057
+
+// "Overlay Dialog" and "Palette Dialog".
+#define IDD_OVERLAY 128
+#define IDD_PALETTE 129
+#define IDC_COLOURS_ENTRY 1065
+#define IDC_COLOURS_VALUE 1066
+#define IDC_COLOURS_UPDATE 2005
+#define IDC_COLOURS_READ_ALL 7
+#define IDC_COLOURS_WRITE_ALL 8
+
+// "Pixel Mask Dialog".
+#define IDD_PIXEL_MASK 130
+#define IDC_PIXEL_MASK 1066

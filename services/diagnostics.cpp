@@ -36,6 +36,7 @@ constexpr std::array kBoxStyles = {
 
 uint16_t debugLevel = 0;
 int openBoxes = 0;
+unsigned boxesShown = 0;
 std::array<const char*, kResultNames.size()> errorNames{};
 
 std::string TracePrefix(uint16_t severity) {
@@ -103,6 +104,7 @@ void ReportFailure(HWND owner, ResultCode code, const char* operation) {
 
 int ShowBox(HWND owner, const char* text, const char* caption, UINT style) {
     ++openBoxes;
+    ++boxesShown;
     const int button = MessageBoxA(owner, text, caption, style);
     --openBoxes;
     return button;
@@ -110,6 +112,10 @@ int ShowBox(HWND owner, const char* text, const char* caption, UINT style) {
 
 bool BoxIsOpen() {
     return openBoxes > 0;
+}
+
+unsigned BoxesShown() {
+    return boxesShown;
 }
 
 int ShowMessage(HWND owner, MessageKind kind, const char* text, const char* detail) {

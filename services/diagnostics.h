@@ -34,8 +34,9 @@ enum class MessageKind {
 // Shows a message box and waits until it is closed; gives the button that was pressed. Dialogs call
 // this and not the system's function: they need to know whether a box is open.
 int ShowBox(HWND owner, const char* text, const char* caption, UINT style);
-// Whether one is open now.
+// Whether one is open now; how many there have been in this run.
 bool BoxIsOpen();
+unsigned BoxesShown();
 
 // Shows text and detail, each of which may be null, in a message box: at most 255 characters in
 // all. Gives the button that was pressed; 0 for a kind that does not exist, which shows nothing.

@@ -71,6 +71,22 @@ inline constexpr IntegerSetting kBasRepeatCount{kOwnFile, "BAS DLG", "RepeatCoun
 inline constexpr IntegerSetting kBasLength{kOwnFile, "BAS DLG", "Length", 1};
 inline constexpr IntegerSetting kBasData{kOwnFile, "BAS DLG", "Data%d", 0};  // 1 to 6
 
+// The video encoder: its mode and port, which of the encoders (0 BT855, 1 BT858), the entry that
+// each table of colours opens on, and the tables themselves for other programs. Overlay 1 to 15,
+// palette 0 to 255.
+inline constexpr IntegerSetting kBasicsEncoder{kOwnFile, "BTbasics", "Encoder", 0};
+inline constexpr IntegerSetting kEncoderMode{kOwnFile, "BTbasics", "Mode", 0};
+inline constexpr IntegerSetting kEncoderPort{kOwnFile, "BTbasics", "Data", 0};
+inline constexpr IntegerSetting kFieldsEncoder{kOwnFile, "BTfield", "Encoder", 0};
+inline constexpr IntegerSetting kOverlayInitialEntry{kOwnFile, "BTOverlay", "InitialEntry", 1};
+inline constexpr IntegerSetting kOverlayRed{kOwnFile, "BTOverlay", "Red_%d", 0};
+inline constexpr IntegerSetting kOverlayGreen{kOwnFile, "BTOverlay", "Green_%d", 0};
+inline constexpr IntegerSetting kOverlayBlue{kOwnFile, "BTOverlay", "Blue_%d", 0};
+inline constexpr IntegerSetting kPaletteInitialEntry{kOwnFile, "BTPalette", "InitialEntry", 1};
+inline constexpr IntegerSetting kPaletteRed{kOwnFile, "BTPalette", "Red_%d", 0};
+inline constexpr IntegerSetting kPaletteGreen{kOwnFile, "BTPalette", "Green_%d", 0};
+inline constexpr IntegerSetting kPaletteBlue{kOwnFile, "BTPalette", "Blue_%d", 0};
+
 }  // namespace setting
 
 // The leading digits of what stands there, the default where the key is absent.

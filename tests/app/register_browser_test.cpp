@@ -78,6 +78,11 @@ constexpr Browser kBrowsers[] = {
     {"AuxdevFeatures", IDM_AUXDEV, "AUXDEV Features", 1032, 1033, 1014, 1013, 42,  //
      "vdapi_AUXDEV_GetFeature", 42, 0, "Failure!",                                 //
      "Jade Reset", "0x80", "0x01", "vdapi_AUXDEV_Activate"},
+    // HCount low and FSC low are there twice.
+    {"EncoderFields", IDM_BROOKTREE_CONTROL_REGS, "BrookTree Registers & Fields",  //
+     1032, 1033, 1014, 1013, 41, "vdapi_BT85X_ReadCtrlRegister", 39, 0, "Failure",
+     "COLOR_INPUT_FORMAT (Reg 0x0)", "0x1A", "0x0A", "vdapi_BT85X_WriteCtrlRegister", true,
+     VXD_ILLEGAL_OPERATION},
 };
 
 // The calls of an operation or debug command since the last ForgetCalls.
@@ -505,6 +510,62 @@ TEST_F(OneBrowser, TheDigitalCamerasReadsAreReportedOnceAndShowWhatWasReadLast) 
     EXPECT_EQ(kit::FrontDialog().Handle(), dialog_.Handle());
     EXPECT_EQ(Shown(), "0x12");
     board::SucceedAgain();
+}
+
+// --- Encoders ---
+
+TEST_F(OneBrowser, AnEncodersReadIsReportedOnceWhereverTheFocusIsAndShows0) {
+    constexpr char kFailed[] = "vdapi_BT85X_ReadCtrlRegister: \nVXD_HARDWARE_FAILURE";
+    const Texts once{"vdapi_BT85X_ReadCtrlRegister(1, 9701, address)"};
+    Use("EncoderFields");
+    EXPECT_TRUE(dialog_.IsChecked(IDC_ENCODER_BT855));
+    EXPECT_EQ(Pick("OL3_READ_MASK      (Reg 0x1)"),
+              Texts{"vdapi_BT85X_ReadCtrlRegister(0, 9701, address)"});
+    EXPECT_EQ(ReceivedOn(dialog_, IDC_ENCODER_BT858), once);
+    board::FailAlways("vdapi_BT85X_ReadCtrlRegister", VXD_HARDWARE_FAILURE);
+    board::ForgetCalls();
+    // From the list, which the box takes the focus from and gives it back to; from elsewhere, and
+    // by the way there.
+    kit::RunStep([&] { SetFocus(dialog_.Control(browser_->value)); });
+    kit::BeginStep([list = dialog_.Control(browser_->list)] { SetFocus(list); });
+    kit::MeetBox(kWarning, kFailed);
+    EXPECT_EQ(ReceivedCalls(), once);
+    EXPECT_EQ(dialog_.FocusedId(), browser_->list);
+    EXPECT_EQ(Shown(), "0x00");
+    EXPECT_EQ(Name(), "OL3_READ_MASK      (Reg 0x1)");
+    board::ForgetCalls();
+    dialog_.Press(IDC_ENCODER_BT858);
+    kit::MeetBox(kWarning, kFailed);
+    EXPECT_EQ(ReceivedCalls(), once);
+    dialog_.Press(IDOK);
+
+    utility_.Command(IDM_BROOKTREE_CONTROL_REGS);
+    kit::MeetBox(kWarning, kFailed);
+    dialog_ = kit::WaitForDialog(browser_->caption);
+    EXPECT_EQ(kit::FrontDialog().Handle(), dialog_.Handle());
+    board::SucceedAgain();
+}
+
+TEST_F(OneBrowser, AnEncodersFieldIsWrittenWholeAndTheEncoderRememberedByCloseAlone) {
+    Use("EncoderFields");
+    dialog_.Press(IDC_ENCODER_BT858);
+    Pick("FSC_HIGH           (Reg 0xB)");
+    EXPECT_EQ(Set("0x1ffff5"), Texts{"vdapi_BT85X_WriteCtrlRegister(1, B00B, 1FFFF)"});
+    board::StickBits("vdapi_BT85X_ReadCtrlRegister", 0x100);
+    Pick("FSC_HIGH           (Reg 0xB)");
+    EXPECT_EQ(Shown(), "0x07");
+    dialog_.Key(VK_ESCAPE);
+    EXPECT_EQ(settings_.Read(kit::kOwnFile, "BTfield", "Encoder"), "(none)");
+    dialog_ = kit::Dialog{nullptr};
+    Use("EncoderFields");
+    EXPECT_TRUE(dialog_.IsChecked(IDC_ENCODER_BT855));
+    EXPECT_EQ(Pick("FSC_HIGH           (Reg 0xB)"),
+              Texts{"vdapi_BT85X_ReadCtrlRegister(0, B00B, address)"});
+    EXPECT_EQ(Shown(), "0x03");
+    dialog_.Press(IDC_ENCODER_BT858);
+    Use("EncoderFields");
+    EXPECT_EQ(settings_.Read(kit::kOwnFile, "BTfield", "Encoder"), "1");
+    EXPECT_TRUE(dialog_.IsChecked(IDC_ENCODER_BT858));
 }
 
 // The arguments of all calls, which must be of that operation: "(300, 0)(301, 0)".

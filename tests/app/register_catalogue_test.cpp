@@ -15,6 +15,7 @@
 #include "regs/isac_catalogue.h"
 #include "regs/saec_catalogue.h"
 #include "regs/vpic_catalogue.h"
+#include "video/encoder_catalogue.h"
 
 namespace {
 
@@ -50,6 +51,7 @@ TEST(RegisterCatalogue, EveryRowIsThereOnceAndPaddedToItsCataloguesWidth) {
     EXPECT_EQ(ExpectRows(saec::kRegisters, 137, 25), 0);
     EXPECT_EQ(ExpectRows(camera::kDigital, 11, 28), 0);
     EXPECT_EQ(ExpectRows(camera::kAnalog, 15, 28), 0);
+    EXPECT_EQ(ExpectRows(encoder::kFields, 41, 28), 0);
     // As long as they are.
     ExpectRows(isac::kRegisters, 41, 0);
     ExpectRows(auxdev::kFields, 16, 0);

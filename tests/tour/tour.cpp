@@ -176,6 +176,8 @@ constexpr BrowserStop kBrowserStops[] = {
      IDC_BROWSER_SET, 11, "0x20", "auxdev-fields"},
     {IDM_AUXDEV, "AUXDEV Features", IDC_BROWSER_DEVICE_LIST, IDC_BROWSER_DEVICE_VALUE,
      IDC_BROWSER_SET, 20, "0x01", "auxdev-features"},
+    {IDM_BROOKTREE_CONTROL_REGS, "BrookTree Registers & Fields", IDC_BROWSER_DEVICE_LIST,
+     IDC_BROWSER_DEVICE_VALUE, IDC_BROWSER_SET, 15, "0x0C", "encoder-fields"},
 };
 
 void BrowseRegisters(const kit::Utility& utility) {
@@ -333,6 +335,34 @@ void SetDebugLevels(const kit::Utility& utility) {
                });
 }
 
+void EncoderBasics(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_BROOKTREE_BASICS, "BrookTree basic operations", "encoder-basics",
+               [](const kit::Dialog& dialog) {
+                   dialog.Press(IDC_ENCODER_BT858);
+                   dialog.Type(IDC_ENCODER_MODE, "0x5A");
+                   dialog.Press(IDC_ENCODER_MODE_SET);
+                   dialog.Press(IDC_ENCODER_PORT_GET);
+               });
+}
+
+void ChangeOverlay(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_BROOKTREE_OVERLAY, "Overlay Dialog", "overlay",
+               [](const kit::Dialog& dialog) { dialog.Pick(IDC_COLOURS_ENTRY, "14"); });
+}
+
+void ChangePalette(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_BROOKTREE_PALETTE, "Palette Dialog", "palette",
+               [](const kit::Dialog& dialog) {
+                   dialog.Pick(IDC_COLOURS_ENTRY, "171");
+                   dialog.Press(IDC_COLOURS_READ_ALL);
+               });
+}
+
+void ChangePixelMask(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_BROOKTREE_PIXEL_MASK, "Pixel Mask Dialog", "pixel-mask",
+               [](const kit::Dialog& dialog) { dialog.Type(IDC_PIXEL_MASK, "0xF0"); });
+}
+
 // The stops, in order. Every dialog has one.
 constexpr void (*kStops[])(const kit::Utility&) = {
     ShowMainWindow,
@@ -363,6 +393,10 @@ constexpr void (*kStops[])(const kit::Utility&) = {
     ChooseUserDataLength,
     DumpGds,
     SetDebugLevels,
+    EncoderBasics,
+    ChangeOverlay,
+    ChangePalette,
+    ChangePixelMask,
 };
 
 TEST(Tour, WalksThroughTheUtilityAndTakesItsPictures) {

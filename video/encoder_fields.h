@@ -1,0 +1,7 @@
+// "BrookTree Registers & Fields". User-interface thread.
+#pragma once
+
+#include "platform/win32.h"
+
+// Gives 1 after "&Close", 0 after cancel.
+INT_PTR OpenEncoderFields(HINSTANCE instance, HWND owner);
