@@ -336,26 +336,31 @@ void SetDebugLevels(const kit::Utility& utility) {
 }
 
 void EncoderBasics(const kit::Utility& utility) {
-    ShowDialog(utility, IDM_BROOKTREE_BASICS, "BrookTree basic operations", "encoder-basics",
-               [](const kit::Dialog& dialog) {
-                   dialog.Press(IDC_ENCODER_BT858);
-                   dialog.Type(IDC_ENCODER_MODE, "0x5A");
-                   dialog.Press(IDC_ENCODER_MODE_SET);
-                   dialog.Press(IDC_ENCODER_PORT_GET);
-               });
+    ShowDialog(
+        utility, IDM_BROOKTREE_BASICS, "BrookTree basic operations", "encoder-basics",
+        [](const kit::Dialog& dialog) {
+            dialog.Press(IDC_ENCODER_BT858);
+            dialog.Type(IDC_ENCODER_MODE, "0x5A");
+            dialog.Press(IDC_ENCODER_MODE_SET);
+            dialog.Press(IDC_ENCODER_PORT_GET);
+        },
+        IDOK);
 }
 
 void ChangeOverlay(const kit::Utility& utility) {
-    ShowDialog(utility, IDM_BROOKTREE_OVERLAY, "Overlay Dialog", "overlay",
-               [](const kit::Dialog& dialog) { dialog.Pick(IDC_COLOURS_ENTRY, "14"); });
+    ShowDialog(
+        utility, IDM_BROOKTREE_OVERLAY, "Overlay Dialog", "overlay",
+        [](const kit::Dialog& dialog) { dialog.Pick(IDC_COLOURS_ENTRY, "14"); }, IDOK);
 }
 
 void ChangePalette(const kit::Utility& utility) {
-    ShowDialog(utility, IDM_BROOKTREE_PALETTE, "Palette Dialog", "palette",
-               [](const kit::Dialog& dialog) {
-                   dialog.Pick(IDC_COLOURS_ENTRY, "171");
-                   dialog.Press(IDC_COLOURS_READ_ALL);
-               });
+    ShowDialog(
+        utility, IDM_BROOKTREE_PALETTE, "Palette Dialog", "palette",
+        [](const kit::Dialog& dialog) {
+            dialog.Pick(IDC_COLOURS_ENTRY, "171");
+            dialog.Press(IDC_COLOURS_READ_ALL);
+        },
+        IDOK);
 }
 
 void ChangePixelMask(const kit::Utility& utility) {
