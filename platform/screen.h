@@ -92,6 +92,19 @@ struct MenuView {
     std::vector<MenuView> children;
 };
 
+// What a person is to choose a file by.
+struct FileQuestion {
+    struct Type {
+        std::string name;
+        std::vector<std::string> patterns;  // of file names, with * and ?
+    };
+
+    std::string title;
+    WidgetId owner = 0;  // 0 for none
+    std::string folder;  // to begin in; empty or not there: wherever the desktop begins
+    std::vector<Type> types;
+};
+
 struct FontMetrics {
     int averageCharWidth = 0;  // of A-Z and a-z, as dialog units are defined
     int height = 0;
@@ -155,6 +168,11 @@ class Screen {
     // Scroll bars. A thumb that a person holds stays with the person.
     virtual void SetScroll(WidgetId id, int minimum, int maximum, int position) = 0;
 
+    // The desktop's dialog for opening a file that exists. Shows it and returns at once;
+    // input::FileChosen follows. A screen that has none shows nothing.
+    virtual void AskForFile(const FileQuestion& /*question*/) {}
+    virtual void CloseFileDialog() {}
+
     // Takes in what the desktop has to tell, at most for `milliseconds` (-1: until something
     // happened), and returns early after any input and after Wake.
     virtual void Wait(int milliseconds) = 0;
@@ -200,6 +218,8 @@ void MenuOpened(WidgetId window, int position);
 void MenuChosen(WidgetId window, std::uint32_t command);
 // The popup of ShowPopup is gone; command 0 when nothing was chosen.
 void MenuEnded(std::uint32_t command);
+// The whole path of the file that AskForFile asked for; empty when none was chosen.
+void FileChosen(const std::string& path);
 // A mouse message (WM_LBUTTONDOWN and its like) on a window, dialog or surface, at a client point.
 // The core makes a context menu's request of the right button's release and of the menu keys.
 void Mouse(WidgetId id, std::uint32_t message, Point where);

@@ -16,6 +16,9 @@
 #include <windows.h>
 // Installable drivers.
 #include <mmsystem.h>
+// The dialog for opening a file.
+#include <cderr.h>
+#include <commdlg.h>
 #else
 
 #include <stdarg.h>
@@ -541,6 +544,42 @@ typedef struct _WIN32_FILE_ATTRIBUTE_DATA {
     DWORD nFileSizeLow;
 } WIN32_FILE_ATTRIBUTE_DATA;
 
+// The dialog for opening a file. Elsewhere than on Windows the desktop's own is shown: it has
+// neither a read-only box nor a help button, and begins with the first of the types.
+#define OFN_HIDEREADONLY 0x00000004
+#define OFN_SHOWHELP 0x00000010
+#define OFN_PATHMUSTEXIST 0x00000800
+#define OFN_FILEMUSTEXIST 0x00001000
+#define FNERR_BUFFERTOOSMALL 0x3003
+
+typedef UINT_PTR(CALLBACK* LPOFNHOOKPROC)(HWND, UINT, WPARAM, LPARAM);
+typedef struct tagOFNA {
+    DWORD lStructSize;
+    HWND hwndOwner;
+    HINSTANCE hInstance;
+    LPCSTR
+        lpstrFilter;  // pairs of a type's name and its patterns, behind the last one an empty text
+    LPSTR lpstrCustomFilter;
+    DWORD nMaxCustFilter;
+    DWORD nFilterIndex;
+    LPSTR lpstrFile;
+    DWORD nMaxFile;
+    LPSTR lpstrFileTitle;
+    DWORD nMaxFileTitle;
+    LPCSTR lpstrInitialDir;
+    LPCSTR lpstrTitle;
+    DWORD Flags;
+    WORD nFileOffset;
+    WORD nFileExtension;
+    LPCSTR lpstrDefExt;
+    LPARAM lCustData;
+    LPOFNHOOKPROC lpfnHook;
+    LPCSTR lpTemplateName;
+    void* pvReserved;
+    DWORD dwReserved;
+    DWORD FlagsEx;
+} OPENFILENAMEA, *LPOPENFILENAMEA;
+
 #define PM_NOREMOVE 0x0000
 #define PM_REMOVE 0x0001
 
@@ -611,6 +650,10 @@ BOOL WINAPI CheckRadioButton(HWND dialog, int first, int last, int check);
 HWND WINAPI GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous);
 HWND WINAPI GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous);
 int WINAPI MessageBoxA(HWND owner, LPCSTR text, LPCSTR title, UINT style);
+// Asks for a file. Gives FALSE where none was chosen; then the error tells why: 0 that the person
+// cancelled, FNERR_BUFFERTOOSMALL that the file's path does not fit.
+BOOL WINAPI GetOpenFileNameA(LPOPENFILENAMEA question);
+DWORD WINAPI CommDlgExtendedError(void);
 
 // Scroll bars. `bar` is SB_CTL: the window itself; SetScrollPos gives the position before.
 BOOL WINAPI SetScrollRange(HWND window, int bar, int minimum, int maximum, BOOL redraw);
@@ -684,6 +727,11 @@ UINT WINAPI GetWindowsDirectoryA(LPSTR folder, UINT capacity);
 
 // Files. Where none has exactly the name, one that differs in case only is meant.
 BOOL WINAPI GetFileAttributesExA(LPCSTR path, GET_FILEEX_INFO_LEVELS level, LPVOID attributes);
+// The path of what exists in the letters that it can be opened by, its folders' names as well. 0
+// where there is nothing of that name, the capacity that it takes where it does not fit.
+DWORD WINAPI GetLongPathNameA(LPCSTR path, LPSTR spelled, DWORD capacity);
+// Elsewhere than on Windows the folder that holds all others.
+UINT WINAPI GetSystemDirectoryA(LPSTR folder, UINT capacity);
 
 // Kernel.
 void WINAPI OutputDebugStringA(LPCSTR text);

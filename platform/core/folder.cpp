@@ -3,22 +3,33 @@
 #include <dirent.h>
 #include <fcntl.h>
 
+#include <algorithm>
+#include <utility>
+
 #include "platform/core/text.h"
 
 namespace vxd {
 
-std::optional<std::string> FindIgnoringCase(int folder, std::string_view name) {
+std::vector<std::string> NamesIgnoringCase(int folder, std::string_view name) {
+    std::vector<std::string> names;
     const int again = openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     DIR* const stream = again >= 0 ? fdopendir(again) : nullptr;
-    if (stream == nullptr)
-        return std::nullopt;
-    std::optional<std::string> found;
+    if (stream == nullptr) {
+        return names;
+    }
     while (const dirent* entry = readdir(stream)) {
-        if (EqualIgnoringCase(entry->d_name, name) && (!found || entry->d_name < *found))
-            found = entry->d_name;
+        if (EqualIgnoringCase(entry->d_name, name)) {
+            names.emplace_back(entry->d_name);
+        }
     }
     closedir(stream);
-    return found;
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::optional<std::string> FindIgnoringCase(int folder, std::string_view name) {
+    std::vector<std::string> names = NamesIgnoringCase(folder, name);
+    return names.empty() ? std::nullopt : std::optional(std::move(names.front()));
 }
 
 }  // namespace vxd

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/core/dialog.h"
+#include "platform/core/file_dialog.h"
 #include "platform/core/key_message.h"
 #include "platform/core/menu.h"
 #include "platform/core/paint.h"
@@ -297,6 +298,10 @@ void MenuChosen(WidgetId window, std::uint32_t command) {
 
 void MenuEnded(std::uint32_t command) {
     QueueInput([command] { PopupEnded(command); });
+}
+
+void FileChosen(const std::string& path) {
+    QueueInput([path] { FileAnswered(path); });
 }
 
 void Mouse(WidgetId id, std::uint32_t message, Point where) {

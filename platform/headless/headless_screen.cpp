@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "platform/core/dialog.h"
+#include "platform/core/file_dialog.h"
 
 namespace vxd {
 namespace {
@@ -14,6 +15,12 @@ constexpr int kCharWidth = 6;
 constexpr int kLineHeight = 13;
 constexpr int kMenuBarHeight = 20;
 constexpr Rect kWorkArea{0, 0, 1024, 768};
+
+// What the program waits for a person to answer; empty if for nothing.
+std::string DescribeWhatIsAsked() {
+    const FileQuestion* question = OpenFileQuestion();
+    return question != nullptr ? '"' + question->title + '"' : DescribeModalBox();
+}
 
 }  // namespace
 
@@ -57,7 +64,7 @@ void HeadlessScreen::Wait(int milliseconds) {
     if (waited_ < kPatience)
         return;
     waited_ = std::chrono::nanoseconds(0);
-    if (const std::string box = DescribeModalBox(); !box.empty()) {
+    if (const std::string box = DescribeWhatIsAsked(); !box.empty()) {
         std::fprintf(stderr, "nobody answers the modal box %s\n", box.c_str());
         std::abort();
     }

@@ -127,6 +127,19 @@ QLabel* LabelBefore(const QWidget& field) {
     return label;
 }
 
+// The field that a button behind it is for: one that asks further ("Browse...") brings its text.
+QWidget* FieldBefore(const QAbstractButton& button) {
+    QWidget* before = nullptr;
+    for (QObject* sibling : button.parentWidget()->children()) {
+        if (sibling == &button)
+            break;
+        if (auto* widget = qobject_cast<QWidget*>(sibling); widget != nullptr)
+            before = widget;
+    }
+    const bool asks = button.text().endsWith(QLatin1String("..."));
+    return asks && before != nullptr && IsField(*before) ? before : nullptr;
+}
+
 QString TitleAround(const QWidget& control) {
     for (const auto* group :
          control.parentWidget()->findChildren<QGroupBox*>(Qt::FindDirectChildrenOnly)) {
@@ -166,10 +179,12 @@ void NameByNeighbours(QWidget& control) {
     const QString title = TitleAround(control);
     if (const auto* button = qobject_cast<QAbstractButton*>(&control); button != nullptr) {
         const QString caption = WithoutKeyMarks(button->text());
-        // Two groups may have a button of the same caption each. A box that is checked keeps its
-        // own name; the group tells more of it.
+        // Two groups, or two fields, may have a button of the same caption each. A box that is
+        // checked keeps its own name; the group tells more of it.
         const bool isPush = qobject_cast<QPushButton*>(&control) != nullptr;
-        control.setAccessibleName(isPush && !title.isEmpty() ? title + QLatin1Char(' ') + caption
+        const QWidget* field = isPush ? FieldBefore(*button) : nullptr;
+        const QString owner = field != nullptr ? field->accessibleName() : title;
+        control.setAccessibleName(isPush && !owner.isEmpty() ? owner + QLatin1Char(' ') + caption
                                                              : caption);
     } else if (!IsField(control)) {
         return;

@@ -2,6 +2,7 @@
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QFileDialog>
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QMenuBar>
@@ -14,6 +15,7 @@
 
 #include "platform/qt/accessibility.h"
 #include "platform/qt/control.h"
+#include "platform/qt/file_dialog.h"
 #include "platform/qt/keys.h"
 #include "platform/qt/menus.h"
 #include "platform/qt/text.h"
@@ -82,6 +84,7 @@ QtScreen::~QtScreen() {
 
 void QtScreen::Retire() {
     ClosePopup();
+    CloseFileDialog();
     while (!controls_.empty())
         Destroy(controls_.begin()->first);
     held_.Clear();
@@ -320,6 +323,14 @@ void QtScreen::SetScroll(WidgetId id, int minimum, int maximum, int position) {
         control->SetScroll(minimum, maximum, position);
 }
 
+void QtScreen::AskForFile(const FileQuestion& question) {
+    fileDialog_ = qt::ShowFileDialog(question, NativeWidget(question.owner), report_);
+}
+
+void QtScreen::CloseFileDialog() {
+    fileDialog_.reset();
+}
+
 // Native events.
 
 void QtScreen::Wait(int milliseconds) {
@@ -375,7 +386,8 @@ bool QtScreen::Hold(QObject& receiver, QEvent& event) {
 void QtScreen::DeliverHeld() {
     while (!held_.IsEmpty() && !coreIsBehind_ && !popupEnds_ && !report_.Handed()) {
         const QWidget* focus = NativeWidget(focus_);
-        held_.DeliverFirst(focus != nullptr ? focus->window() : nullptr);
+        QWidget* const active = focus != nullptr ? focus->window() : nullptr;
+        held_.DeliverFirst(fileDialog_ != nullptr ? fileDialog_.get() : active);
     }
 }
 

@@ -16,6 +16,7 @@
 
 class QAbstractEventDispatcher;
 class QEvent;
+class QFileDialog;
 class QKeyEvent;
 class QMenu;
 class QObject;
@@ -79,6 +80,9 @@ class QtScreen final : public Screen {
 
     void SetScroll(WidgetId id, int minimum, int maximum, int position) override;
 
+    void AskForFile(const FileQuestion& question) override;
+    void CloseFileDialog() override;
+
     void Wait(int milliseconds) override;
     void Wake() override;
 
@@ -131,6 +135,7 @@ class QtScreen final : public Screen {
     int requests_ = 0;  // in that time
     std::unique_ptr<QMenu> popup_;
     bool popupEnds_ = false;                // it is hidden, and its answer is still to come
+    std::unique_ptr<QFileDialog> fileDialog_;
     std::mutex wakeMutex_;                  // Wake uses the dispatcher on other threads
     QAbstractEventDispatcher* dispatcher_;  // null once retired
     std::unique_ptr<QTimer> timeLimit_;
