@@ -4,7 +4,10 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <string>
+#include <vector>
 
+#include "board/codec_software.h"
 #include "board/codec_variables.h"
 #include "board/papi_operation.h"
 
@@ -16,6 +19,28 @@ namespace {
 size_t VariableBytes(uint32_t unitSize, int32_t count) {
     constexpr uint64_t kMost = 0xFFFF;
     return count <= 0 ? 0 : static_cast<size_t>(std::min(kMost, uint64_t{unitSize} * count));
+}
+
+CodecSoftware::File FileAt(const char* path) {
+    return {path ? path : ""};
+}
+
+// An absent text is an empty one.
+std::vector<std::string> SectionsAt(uint32_t count, const char* const* sections) {
+    std::vector<std::string> names(sections ? count : 0);
+    for (size_t i = 0; i < names.size(); ++i) {
+        names[i] = sections[i] ? sections[i] : "";
+    }
+    return names;
+}
+
+// The texts as they stand in memory, each with the zero that ends it.
+std::vector<uint8_t> BytesOf(const std::vector<std::string>& texts) {
+    std::vector<uint8_t> bytes;
+    for (const std::string& text : texts) {
+        bytes.insert(bytes.end(), text.c_str(), text.c_str() + text.size() + 1);
+    }
+    return bytes;
 }
 
 }  // namespace
@@ -39,7 +64,10 @@ uint32_t WINAPI vdapi_VCPXI_VCPVariable_SetValue(const char* name, uint32_t unit
 uint32_t WINAPI vdapi_VcpCode_Download(const char* monitorPath, const char* codecPath,
                                        const char* vcpIniPath, const char* vpCodePath,
                                        uint32_t sectionCount, const char* const* sections) {
+    CodecSoftware wanted{FileAt(monitorPath), FileAt(codecPath), FileAt(vcpIniPath),
+                         FileAt(vpCodePath), SectionsAt(sectionCount, sections)};
     return OnBoard({"vdapi_VcpCode_Download",
-                    {monitorPath, codecPath, vcpIniPath, vpCodePath, sectionCount, sections}},
-                   NotYetSimulated);
+                    {monitorPath, codecPath, vcpIniPath, vpCodePath, sectionCount, sections},
+                    BytesOf(wanted.sections)},
+                   [&](State& state) { return LoadCodecSoftware(state, wanted); });
 }

@@ -174,33 +174,10 @@ ResultCode SetCameraInput(State& state, const Parameters& parameters, Responses&
 
 // --- Streams ---
 
-Stream* FindStream(State& state, uint32_t number) {
-    const auto found = state.firmware.streams.find(number);
-    return found == state.firmware.streams.end() ? nullptr : &found->second;
-}
-
-ResultCode OpenStream(State& state, const Parameters& parameters, Responses&) {
-    Stream* stream = FindStream(state, parameters.first);
-    if (!stream) {
-        return VXD_INVALID_PARAMETER;
-    }
-    if (stream->open) {
-        return VXD_OPERATION_ALREADY_DONE;
-    }
-    *stream = {.open = true};
-    return VXD_SUCCESS;
-}
-
-ResultCode CloseStream(State& state, const Parameters& parameters, Responses&) {
-    Stream* stream = FindStream(state, parameters.first);
-    if (!stream) {
-        return VXD_INVALID_PARAMETER;
-    }
-    if (!stream->open) {
-        return VXD_FAILED_STREAM_CLOSE;
-    }
-    *stream = {};
-    return VXD_SUCCESS;
+// A command that does with a stream what the library's operation does.
+template <ResultCode (*Run)(State&, uint32_t)>
+ResultCode OnStream(State& state, const Parameters& parameters, Responses&) {
+    return Run(state, parameters.first);
 }
 
 ResultCode GetStreamInfo(State& state, const Parameters& parameters, Responses& responses) {
@@ -396,8 +373,8 @@ constexpr auto kCommands = std::to_array<FirmwareCommand>({
     {PELLAN_COMMAND_CAM_SET_TYPE, "PELLAN_COMMAND_CAM_SET_TYPE", Set<&Firmware::cameraType>},
     {PELLAN_COMMAND_READ_PORT, "PELLAN_COMMAND_READ_PORT", Read<&Firmware::ports>},
     {PELLAN_COMMAND_WRITE_PORT, "PELLAN_COMMAND_WRITE_PORT", Write<&Firmware::ports>},
-    {PELLAN_COMMAND_OPEN_STREAM, "PELLAN_COMMAND_OPEN_STREAM", OpenStream},
-    {PELLAN_COMMAND_CLOSE_STREAM, "PELLAN_COMMAND_CLOSE_STREAM", CloseStream},
+    {PELLAN_COMMAND_OPEN_STREAM, "PELLAN_COMMAND_OPEN_STREAM", OnStream<OpenStream>},
+    {PELLAN_COMMAND_CLOSE_STREAM, "PELLAN_COMMAND_CLOSE_STREAM", OnStream<CloseStream>},
     {PELLAN_COMMAND_RESYNC_STREAM, "PELLAN_COMMAND_RESYNC_STREAM", OnOpenStream<Resynchronise>},
     {PELLAN_COMMAND_ASYNCHRONOUS_RESYNC_STREAM, "PELLAN_COMMAND_ASYNCHRONOUS_RESYNC_STREAM",
      OnOpenStream<Resynchronise>},

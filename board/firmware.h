@@ -24,8 +24,7 @@
 //   answers VXD_HARDWARE_FAILURE.
 // - AKM_SWITCH: (switch 0 to 16, on). AKM_VOLUME: (channel 0 to 7, level 0 to 31). AKM_MUTE:
 //   (channel, on).
-// - OPEN_STREAM, CLOSE_STREAM: (stream 2, 3 or 4). Opening an open one answers
-//   VXD_OPERATION_ALREADY_DONE, closing a closed one VXD_FAILED_STREAM_CLOSE.
+// - OPEN_STREAM, CLOSE_STREAM: (stream 2, 3 or 4), as the library's operations (board/streams.h).
 // - STREAM_INFO: (stream) gives whether it is open; words waiting; resynchronisations.
 // - STREAM_WRITE: (stream, word). STREAM_READ: (stream) gives the oldest word; words left. Both
 //   and resynchronising want an open stream, else VXD_ILLEGAL_OPERATION. A full stream answers
@@ -42,21 +41,15 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
 #include <map>
 
 #include "board/registers.h"
+#include "board/streams.h"
 #include "driver/result_code.h"
 
 namespace board {
 
 struct State;
-
-struct Stream {
-    bool open = false;
-    std::deque<uint32_t> words{};
-    uint16_t resyncs = 0;
-};
 
 // What the firmware keeps, as it is at power-on.
 struct Firmware {

@@ -94,6 +94,17 @@ void DescribeAuxdev(const State& state, Lines& lines) {
 
 void DescribeVcpxi(const State& state, Lines& lines) {
     lines.push_back(YesOrNo("client registered", state.services.codecProcessorRegistered));
+    const CodecSoftware& software = state.hardware.codecSoftware;
+    for (const auto* file :
+         {&software.monitor, &software.codec, &software.vcpIni, &software.vpCode}) {
+        if (!file->path.empty()) {
+            lines.push_back("loaded: " + file->path + ", " + std::to_string(file->bytes) +
+                            " bytes");
+        }
+    }
+    for (const std::string& section : software.sections) {
+        lines.push_back("section: " + section);
+    }
 }
 
 void DescribeVcpRegs(const State& state, Lines& lines) {
@@ -128,6 +139,11 @@ std::string Bytes(const std::vector<uint8_t>& bytes) {
 }
 
 void DescribeStreams(const State& state, Lines& lines) {
+    for (const auto& [number, stream] : state.firmware.streams) {
+        if (stream.open) {
+            lines.push_back(Number("open stream", number));
+        }
+    }
     const Bas& bas = state.services.bas;
     lines.push_back(Number("BAS sendings", bas.sendings));
     for (const BasCommand& sent : bas.last) {

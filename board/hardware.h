@@ -7,6 +7,7 @@
 #include "board/aec.h"
 #include "board/akm.h"
 #include "board/arcofi.h"
+#include "board/codec_software.h"
 #include "board/codec_variables.h"
 #include "board/i2c_bus.h"
 #include "board/isac.h"
@@ -31,6 +32,7 @@ struct Hardware {
     VideoEncoder videoEncoder;
     Registers jade = JadeAtPowerOn();
     CodecVariables codecVariables = CodecVariablesAtPowerOn();
+    CodecSoftware codecSoftware;
 };
 
 }  // namespace board

@@ -8,8 +8,6 @@ namespace {
 constexpr uint32_t kSecondArcofiChannel = 0x40;
 constexpr uint32_t kLastDisplayType = 1;
 constexpr uint32_t kJadeReset = 0x32;
-constexpr uint32_t kBChannelsOfChip = 2;
-constexpr uint32_t kBChannelBandwidth = 64;
 
 }  // namespace
 
@@ -52,11 +50,6 @@ ResultCode RegisterCodecProcessor(State& state, const VcpxiRegisterBlock& block)
 
 ResultCode UnregisterCodecProcessor(State& state) {
     return Unregister(state.services.codecProcessorRegistered);
-}
-
-ResultCode GetBandwidth(const State& state, uint32_t& bandwidth) {
-    bandwidth = state.IsacChips() * kBChannelsOfChip * kBChannelBandwidth;
-    return VXD_SUCCESS;
 }
 
 ResultCode ResetJade(State& state, uint32_t code) {

@@ -40,9 +40,6 @@ ResultCode InitializeArcofiShadow(State& state);
 ResultCode RegisterCodecProcessor(State& state, const VcpxiRegisterBlock& block);
 ResultCode UnregisterCodecProcessor(State& state);
 
-// The bandwidth of the connection in kbit/s: that of the two B channels of each ISAC chip.
-ResultCode GetBandwidth(const State& state, uint32_t& bandwidth);
-
 // Resets the JADE; the code that asks for it is 0x32.
 ResultCode ResetJade(State& state, uint32_t code);
 

@@ -15,7 +15,7 @@ void TerminateAnnexD(HWND window);
 void InitializeVpp(HWND window);
 void TerminateVpp(HWND window);
 
-// Closes a stream of type StreamType (driver/papi.h).
+// Closes a stream of type MediaStream (driver/papi.h).
 void CloseStream(HWND window, uint32_t type);
 
 // Shows the bandwidth of the connection; 0 where the driver gives none.

@@ -50,11 +50,11 @@ uint32_t WINAPI vdapi_GetModuleDebugLevel(uint32_t module, uint16_t* level);
 uint32_t WINAPI vdapi_SetModuleDebugLevel(uint32_t module, uint32_t level);
 
 // Media streams. The last two arguments of the opening are 0.
-enum StreamType { STREAM_AUDIO_FROM_BOARD = 2, STREAM_AUDIO_TO_BOARD = 3, STREAM_VIDEO = 4 };
+enum MediaStream { STREAM_AUDIO_FROM_BOARD = 2, STREAM_AUDIO_TO_BOARD = 3, STREAM_VIDEO = 4 };
 uint32_t WINAPI vdapi_Stream_Open(uint32_t stream, uint32_t reserved1, uint32_t reserved2);
 uint32_t WINAPI vdapi_Stream_Close(uint32_t stream);
 
-// Gives the bandwidth of the connection, a signed number.
+// Gives the bandwidth of the connection, a signed number: kbit/s on the simulated board.
 uint32_t WINAPI vdapi_GetBandwidth(int32_t* bandwidth);
 
 // --- Bus interface and interrupt controller (VPIC) ---

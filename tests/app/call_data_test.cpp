@@ -239,8 +239,9 @@ TEST_F(CallData, BandwidthIsShownAsASignedNumber) {
         kit::MeetBox("Bandwidth", text, IDOK, MB_OK);
         kit::ExpectNoBox();
     };
-    board::SetIsacChipsFitted(1);
-    meet("The Bandwidth is: 128");
+    meet("The Bandwidth is: 0");
+    vdapi_Stream_Open(STREAM_VIDEO, 0, 0);
+    meet("The Bandwidth is: 320");
     board::StickBits("vdapi_GetBandwidth", 0xFFFFFFFE);
     meet("The Bandwidth is: -2");
     board::FailAlways("vdapi_GetBandwidth", VXD_BUSY_WITH_PRIOR_REQUEST);
