@@ -6,7 +6,9 @@
 
 #include "codec/bas_commands.h"
 #include "codec/bonding.h"
+#include "codec/download.h"
 #include "codec/raw_command.h"
+#include "codec/streams.h"
 #include "codec/variable_access.h"
 #include "commands/arcofi_loops.h"
 #include "commands/board_commands.h"
@@ -188,6 +190,8 @@ constexpr std::array kCommands = {
     Command{IDM_VIDEO_CLOSE_REMOTE, Run<CloseRemoteVideo>},
     Command{IDM_VIDEO_FREEZE, Run<FreezeVideo>},
     Command{IDM_VIDEO_RESTART, Run<RestartVideo>},
+    Command{IDM_VCPXI_DOWNLOAD, Open<OpenDownload>},
+    Command{IDM_STREAM_OPEN, Open<OpenStreams>},
     Command{IDM_VPP_INITIALIZE, Run<InitializeVpp>},
     Command{IDM_VPP_TERMINATE, Run<TerminateVpp>},
     Command{IDM_STREAM_CLOSE_VIDEO, RunOn<CloseStream, STREAM_VIDEO>},

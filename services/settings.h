@@ -44,6 +44,15 @@ inline constexpr IntegerSetting kI2cData1{kOwnFile, "I2CAccess", "Data1", 0};
 inline constexpr IntegerSetting kI2cData2{kOwnFile, "I2CAccess", "Data2", 0};
 inline constexpr IntegerSetting kI2cOperation{kOwnFile, "I2CAccess", "Operation", 0};
 
+// The download of the codec processor's software: its four files, its sections on one line, and the
+// folder of the file that was chosen last, with the separator behind it.
+inline constexpr TextSetting kDownloadMonitor{kOwnFile, "VCP Download", "Monitor", ""};
+inline constexpr TextSetting kDownloadCodec{kOwnFile, "VCP Download", "Codec", ""};
+inline constexpr TextSetting kDownloadVcpIni{kOwnFile, "VCP Download", "VCP.INI", ""};
+inline constexpr TextSetting kDownloadVpCode{kOwnFile, "VCP Download", "VPCODE", ""};
+inline constexpr TextSetting kDownloadSections{kOwnFile, "VCP Download", "Sections", ""};
+inline constexpr TextSetting kDownloadDirectory{kOwnFile, "VCP Download", "LastDirectory", ""};
+
 // The EEPROM transfers. The operation is its button's number: 1070 reads, 1071 writes.
 inline constexpr IntegerSetting kEpromAddress{kOwnFile, "EPROM DLG", "Address", 0};
 inline constexpr IntegerSetting kEpromData{kOwnFile, "EPROM DLG", "Data%d", 0};  // 1 to 8

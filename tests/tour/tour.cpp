@@ -7,9 +7,11 @@
 #include <QMenuBar>
 #include <QWidget>
 #include <filesystem>
+#include <fstream>
 
 #include "platform/qt/snapshot.h"
 #include "res/resource.h"
+#include "tests/kit/file_dialog.h"
 #include "tests/kit/person.h"
 #include "tests/kit/user_interface.h"
 #include "tests/kit/utility.h"
@@ -320,6 +322,41 @@ void ChooseUserDataLength(const kit::Utility& utility) {
                [](const kit::Dialog& dialog) { dialog.Type(IDC_USER_DATA_LENGTH, "20"); });
 }
 
+// A file of the codec processor's, in a folder of the tour's own.
+std::string MakeCodecFile(const char* name, const char* contents) {
+    const auto folder = std::filesystem::absolute(Folder()) / "codec files";
+    std::filesystem::create_directories(folder);
+    std::ofstream(folder / name) << contents;
+    return (folder / name).string();
+}
+
+void DownloadCodec(const kit::Utility& utility) {
+    const std::string codec = MakeCodecFile("code.bin", "codec");
+    const std::string ini = MakeCodecFile("vcp.ini", "[BOOT]\n[VIDEO]\n");
+    utility.Command(IDM_VCPXI_DOWNLOAD);
+    const kit::Dialog dialog = kit::WaitForDialog("VCP Download");
+    dialog.Press(IDC_DOWNLOAD_BROWSE_CODEC);
+    kit::FileDialog("Select Codec File").Open(codec);
+    dialog.Press(IDC_DOWNLOAD_BROWSE_VCP_INI);
+    const kit::FileDialog files("Select VCP.INI File");
+    TakePicture("vcp-download-browse");
+    files.Open(ini);
+    dialog.Type(IDC_DOWNLOAD_SECTIONS, "[BOOT]\r[VIDEO]");
+    dialog.Press(IDOK);
+    TakePicture("vcp-download");
+    dialog.Press(IDCANCEL);
+}
+
+void OpenStreams(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_STREAM_OPEN, "Open/Close Stream", "open-close-stream",
+               [](const kit::Dialog& dialog) {
+                   dialog.Pick(IDC_STREAM_VIDEO_CODEC, "H263");
+                   dialog.Pick(IDC_STREAM_FORMAT, "CIF");
+                   dialog.Press(IDC_STREAM_OPEN);
+                   dialog.Press(IDC_STREAM_CLOSE);
+               });
+}
+
 void DumpGds(const kit::Utility& utility) {
     ShowDialog(utility, IDM_DEBUG_DUMP_GDS, "GDS Dump Dialog", "gds-dump",
                [](const kit::Dialog& dialog) { dialog.Pick(IDC_GDS_MODULE, "Seq        "); });
@@ -392,6 +429,8 @@ constexpr void (*kStops[])(const kit::Utility&) = {
     SelectMonitorDevice,
     SelectCamera,
     LoadAnnexd,
+    DownloadCodec,
+    OpenStreams,
     SendMbe,
     SendBasCommands,
     ChooseUserDataRate,
