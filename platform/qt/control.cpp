@@ -63,6 +63,9 @@ void Control::Show(bool visible) {
 
 void Control::Enable(bool enabled) {
     widget_->setEnabled(enabled);
+    // The mouse passes through what takes no input; Qt's buttons would swallow it.
+    if (kind_ != WidgetKind::kLabel && kind_ != WidgetKind::kGroupBox)
+        widget_->setAttribute(Qt::WA_TransparentForMouseEvents, !enabled);
 }
 
 void Control::Draw(const Pixels& pixels, const Rect& changed) {

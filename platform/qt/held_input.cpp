@@ -108,7 +108,8 @@ void HeldInput::DeliverFirst(QWidget* active) {
             DeliverKey(held, *owner);
         }
     } else if (held.receiver != nullptr && IsThere(*held.receiver)) {
-        QCoreApplication::sendEvent(held.receiver, held.event.get());
+        // As the desktop sent it: of what a program sends Qt hands the wheel to no parent.
+        QCoreApplication::instance()->notify(held.receiver, held.event.get());
     }
 }
 

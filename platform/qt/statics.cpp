@@ -59,7 +59,9 @@ class LabelWidget : public QLabel {
 class Label : public Control {
   public:
     Label(const WidgetSetup& setup, QWidget& parent)
-        : Control(setup, std::make_unique<LabelWidget>(&parent, setup.style)) {}
+        : Control(setup, std::make_unique<LabelWidget>(&parent, setup.style)) {
+        Widget().setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
 
     void SetText(const std::string& text) override {
         static_cast<LabelWidget&>(Widget()).SetText(ToQt(text));
@@ -100,6 +102,7 @@ class GroupBox : public Control {
   public:
     GroupBox(const WidgetSetup& setup, QWidget& parent)
         : Control(setup, std::make_unique<QGroupBox>(&parent)) {
+        Widget().setAttribute(Qt::WA_TransparentForMouseEvents);
         // Its members are its siblings and lie in front of it.
         Widget().lower();
     }

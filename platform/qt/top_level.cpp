@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QElapsedTimer>
 #include <QIcon>
+#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QWindow>
@@ -75,7 +76,8 @@ class Frame : public QWidget {
 
   protected:
     bool event(QEvent* event) override {
-        return (client_ == nullptr && ReportMouse(report_, id_, *event)) || QWidget::event(event);
+        return (client_ == nullptr && IsOwnMouse(*event) && ReportMouse(report_, id_, *event)) ||
+               QWidget::event(event);
     }
 
     void paintEvent(QPaintEvent*) override {
@@ -121,6 +123,20 @@ class Frame : public QWidget {
     bool focusNextPrevChild(bool) override { return false; }
 
   private:
+    // Some of Qt's controls hand on a button of the mouse that they have no use for, which is not
+    // the dialog's for that. The wheel is.
+    bool IsOwnMouse(const QEvent& event) const {
+        switch (event.type()) {
+            case QEvent::MouseButtonPress:
+            case QEvent::MouseButtonRelease:
+            case QEvent::MouseButtonDblClick:
+                return childAt(static_cast<const QMouseEvent&>(event).position().toPoint()) ==
+                       nullptr;
+            default:
+                return true;
+        }
+    }
+
     // A window that is shown, or has a new size, is painted by the core anyway. X tells of either
     // more than once, in quick succession.
     void ReportExposure(const QExposeEvent& event) {

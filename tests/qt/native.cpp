@@ -5,6 +5,7 @@
 #include <QInputMethodEvent>
 #include <QMimeData>
 #include <QTest>
+#include <QWheelEvent>
 #include <QWindow>
 #include <chrono>
 #include <cstdio>
@@ -104,6 +105,16 @@ void Type(const char* text) {
 void ClickWidget(QWidget& widget, QPoint where, Qt::MouseButton button) {
     QTest::mouseClick(widget.window()->windowHandle(), button, Qt::NoModifier,
                       widget.mapTo(widget.window(), where));
+}
+
+void TurnWheel(QWidget& widget, QPoint where, int turned) {
+    QWindow* window = widget.window()->windowHandle();
+    const QPoint inWindow = widget.mapTo(widget.window(), where);
+    QWheelEvent wheel(inWindow, window->mapToGlobal(inWindow), QPoint(), QPoint(0, turned),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    // As the desktop sends it.
+    QSpontaneKeyEvent::setSpontaneous(&wheel);
+    QCoreApplication::instance()->notify(window, &wheel);
 }
 
 void Click(HWND window) {

@@ -31,6 +31,8 @@ void ClickAt(HWND window, QPoint where);
 
 // User-interface thread, inside Do: a click on any native widget.
 void ClickWidget(QWidget& widget, QPoint where, Qt::MouseButton button = Qt::LeftButton);
+// The same for the wheel, turned by 120 for each notch away from the person.
+void TurnWheel(QWidget& widget, QPoint where, int turned);
 // The same for keys, which go to whatever has the keyboard.
 void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void TypeLetter(char letter);

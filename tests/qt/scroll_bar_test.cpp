@@ -29,6 +29,10 @@ std::string& Told() {
 }
 
 LRESULT CALLBACK SteppingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_MOUSEWHEEL) {
+        Told() += "wheel=" + std::to_string(GET_WHEEL_DELTA_WPARAM(wParam)) + " ";
+        return 0;
+    }
     if (message != WM_HSCROLL)
         return DefWindowProcA(window, message, wParam, lParam);
     const auto bar = reinterpret_cast<HWND>(lParam);
@@ -53,6 +57,8 @@ class ScrollBarOnScreen : public testing::Test {
             RegisterClassA(&windowClass);
             const HWND window = CreateWindowExA(0, "Stepping", "", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
                                                 0, 0, 300, 60, nullptr, nullptr, nullptr, nullptr);
+            label_ = CreateWindowExA(0, "Static", "&Level: 0x10", WS_CHILD | WS_VISIBLE, 0, 30, 100,
+                                     20, window, nullptr, nullptr, nullptr);
             bar_ = CreateWindowExA(0, "ScrollBar", "", WS_CHILD | WS_VISIBLE | SBS_HORZ, 0, 0, 300,
                                    20, window, nullptr, nullptr, nullptr);
             SetScrollRange(bar_, SB_CTL, 0, kLast, TRUE);
@@ -95,6 +101,7 @@ class ScrollBarOnScreen : public testing::Test {
         });
     }
 
+    HWND label_ = nullptr;
     HWND bar_ = nullptr;
     std::future<int> program_;
 };
@@ -123,6 +130,32 @@ TEST_F(ScrollBarOnScreen, TellsOfItsThumbAndGoesBackWhereTheProgramLeavesIt) {
     mouse([](QWindow* window, QPoint at) { QTest::mouseRelease(window, Qt::LeftButton, {}, at); },
           thumb + QPoint(300, 0));
     EXPECT_EQ(TakeTold(), "4=31 8 at 16");
+}
+
+TEST_F(ScrollBarOnScreen, EndsWithTheThumbThatIsLetGoInPlaceAndLeavesTheWheelToItsWindow) {
+    native::ClickAt(bar_, Middle(QStyle::SC_ScrollBarSlider));
+    EXPECT_EQ(TakeTold(), "4=16 8 at 16");
+    native::Do([this] { native::TurnWheel(*native::WidgetOf(bar_), QPoint(9, 9), 240); });
+    EXPECT_EQ(TakeTold(), "wheel=240 at 16");
+}
+
+TEST_F(ScrollBarOnScreen, IsKnownToToolsByItsLabelAndWhereItStands) {
+    const auto told = [this] {
+        return OnUserInterface([this] {
+            QAccessibleInterface& view =
+                *QAccessible::queryAccessibleInterface(native::WidgetOf(bar_));
+            EXPECT_EQ(view.role(), QAccessible::ScrollBar);
+            QAccessibleValueInterface& value = *view.valueInterface();
+            return view.text(QAccessible::Name).toStdString() + " " +
+                   std::to_string(value.currentValue().toInt()) + " of " +
+                   std::to_string(value.maximumValue().toInt());
+        });
+    };
+    EXPECT_EQ(told(), "Level: 0x10 16 of 31");
+    OnUserInterface([this] { SetFocus(bar_); });
+    native::Press(Qt::Key_Right);
+    OnUserInterface([this] { SetWindowTextA(label_, "&Level: 0x11"); });
+    EXPECT_EQ(told(), "Level: 0x11 17 of 31");
 }
 
 TEST_F(ScrollBarOnScreen, TellsOfAPositionThatAToolSetsLikeOfAThumbThatIsDrawnThere) {
