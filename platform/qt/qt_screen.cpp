@@ -222,9 +222,21 @@ void QtScreen::SetIcon(WidgetId id, const Pixels& icon) {
 
 void QtScreen::Raise(WidgetId id) {
     if (TopLevel* top = FindTopLevel(id); top != nullptr && top->Raise()) {
+        // The desktop activates a window that is new, whatever it takes for active now.
+        if (active_ != id || QApplication::activeWindow() != &top->Widget()) {
+            toActivate_ = id;
+        }
         active_ = id;
         requests_ = answerTime_->isActive() ? requests_ + 1 : 1;
         answerTime_->start(kLongestAnswer);
+    }
+}
+
+// Only the last window that the core has made active is asked for: the desktop would answer for
+// each of them, and for one that it has yet to show behind all others.
+void QtScreen::AskForActivation() {
+    if (TopLevel* top = FindTopLevel(std::exchange(toActivate_, 0)); top != nullptr) {
+        top->AskForActivation();
     }
 }
 
@@ -335,6 +347,7 @@ void QtScreen::CloseFileDialog() {
 
 void QtScreen::Wait(int milliseconds) {
     coreIsBehind_ = input::Waits();
+    AskForActivation();
     report_.Open();
     // No event loop of Qt's own ever runs that would do this.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -110,6 +110,7 @@ class QtScreen final : public Screen {
     bool Hold(QObject& receiver, QEvent& event);
     void ReportFocus(const QWidget& receiver, const QEvent& event);
     void ReportActivation();
+    void AskForActivation();
     // Whether what a person does now has to wait.
     bool Holds() const;
     void DeliverHeld();
@@ -127,6 +128,7 @@ class QtScreen final : public Screen {
     int popupKey_ = 0;
     // The window that the core takes for the active one, as far as it was asked for or reported.
     WidgetId active_ = 0;
+    WidgetId toActivate_ = 0;  // what the desktop is still to be asked for
     WidgetId focus_ = 0;  // what the core has given the focus last
     // A disabled window that was reported as active.
     WidgetId disabledActive_ = 0;

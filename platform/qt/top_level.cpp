@@ -65,7 +65,8 @@ class Frame : public QWidget {
         update(qt::Update(drawing_, pixels, changed, QImage::Format_ARGB32));
     }
 
-    void PlacedByCore(const QRect& rect) { placed_ = rect; }
+    // Gives the place before.
+    QRect PlacedByCore(const QRect& rect) { return std::exchange(placed_, rect); }
 
     void LayOut() {
         if (client_ == nullptr)
@@ -204,11 +205,17 @@ void TopLevel::SetText(const std::string& text) {
 
 void TopLevel::Place(const Rect& rect) {
     Frame& frame = Native();
-    frame.PlacedByCore(ToQt(rect));
+    const bool stays = frame.PlacedByCore(ToQt(rect)).topLeft() == QPoint(rect.x, rect.y);
     if (HasFixedSize())
         frame.setFixedSize(rect.width, rect.height);
     if (frame.testAttribute(Qt::WA_WState_Created)) {
         frame.setGeometry(ToQt(rect));
+        // The desktop has yet to put its frame around a window that was just shown. One that only
+        // gets another size has its place as that of the frame still.
+        QWindow& native = *frame.windowHandle();
+        if (stays && !IsOffscreen() && native.frameMargins().isNull()) {
+            native.setFramePosition(QPoint(rect.x, rect.y));
+        }
         return;
     }
     // Before the desktop has put its frame around a window, its place is that of the frame, so that
@@ -242,11 +249,11 @@ void TopLevel::Draw(const Pixels& pixels, const Rect& changed) {
 bool TopLevel::Raise() {
     if (!IsOffscreen())
         Widget().raise();
-    if (!Widget().isVisible())
-        return false;
-    if (QApplication::activeWindow() != &Widget())
-        Widget().activateWindow();
-    return true;
+    return Widget().isVisible();
+}
+
+void TopLevel::AskForActivation() {
+    Widget().activateWindow();
 }
 
 void TopLevel::SetTopmost(bool topmost) {

@@ -24,9 +24,10 @@ class TopLevel : public Control {
 
     // A disabled window keeps its looks; the screen keeps all input from it.
     bool TakesInput() const { return takesInput_; }
-    // Brings the window to the front and asks for the keyboard; false for a hidden window, which
-    // gets both when it is shown.
+    // Brings the window to the front; false for a hidden one, which gets there when it is shown.
     bool Raise();
+    // Asks the desktop to make the window the active one.
+    void AskForActivation();
     void SetTopmost(bool topmost);
     void SetSizeLimits(Size least, Size most);
     void SetMenuBar(const std::vector<MenuView>& menu);
