@@ -9,11 +9,12 @@
 #include "services/diagnostics.h"
 #include "services/dialog_kit.h"
 #include "services/number_field.h"
+#include "services/remembered_fields.h"
 #include "services/settings.h"
 
 namespace {
 
-// Characters of a field that count, with the terminator.
+// Characters of a decimal field that count, with the terminator.
 constexpr std::size_t kField = 16;
 
 struct NumberField {
@@ -28,26 +29,21 @@ constexpr NumberField kLength{IDC_BAS_LENGTH, setting::kBasLength};
 constexpr std::array kNumbers{kCommandCount, kRepeatCount, kLength};
 
 // Hexadecimal bytes, in the order in which they are sent.
-constexpr std::array kData{
-    NumberField{IDC_BAS_DATA_1, setting::kBasData[1]},
-    NumberField{IDC_BAS_DATA_2, setting::kBasData[2]},
-    NumberField{IDC_BAS_DATA_3, setting::kBasData[3]},
-    NumberField{IDC_BAS_DATA_4, setting::kBasData[4]},
-    NumberField{IDC_BAS_DATA_5, setting::kBasData[5]},
-    NumberField{IDC_BAS_DATA_6, setting::kBasData[6]},
-};
-
-uint16_t Remembered(const NumberField& field) {
-    return static_cast<uint16_t>(ReadSetting(field.setting));
-}
+constexpr auto kData = std::to_array<RememberedHexField>({
+    {IDC_BAS_DATA_1, setting::kBasData[1]},
+    {IDC_BAS_DATA_2, setting::kBasData[2]},
+    {IDC_BAS_DATA_3, setting::kBasData[3]},
+    {IDC_BAS_DATA_4, setting::kBasData[4]},
+    {IDC_BAS_DATA_5, setting::kBasData[5]},
+    {IDC_BAS_DATA_6, setting::kBasData[6]},
+});
 
 void ShowRemembered(HWND dialog) {
     for (const NumberField& field : kNumbers) {
-        ShowField(dialog, field.id, "%02i", int{Remembered(field)});
+        const auto number = static_cast<uint16_t>(ReadSetting(field.setting));
+        ShowField(dialog, field.id, "%02i", int{number});
     }
-    for (const NumberField& field : kData) {
-        ShowField(dialog, field.id, "0x%02hX", Remembered(field));
-    }
+    RecallHexFields(dialog, kData);
 }
 
 int32_t NumberIn(HWND dialog, const NumberField& field) {
@@ -57,7 +53,7 @@ int32_t NumberIn(HWND dialog, const NumberField& field) {
 void ApplyBASCall(HWND dialog) {
     std::array<uint8_t, kData.size()> data{};
     for (std::size_t i = 0; i < data.size(); ++i) {
-        data[i] = static_cast<uint8_t>(ReadHexShort(dialog, kData[i].id, kField));
+        data[i] = static_cast<uint8_t>(ReadHexShort(dialog, kData[i].id));
     }
     const uint32_t result =
         vdapi_BAS_Write(NumberIn(dialog, kCommandCount), NumberIn(dialog, kRepeatCount),
@@ -69,9 +65,7 @@ void RememberAndClose(HWND dialog) {
     for (const NumberField& field : kNumbers) {
         WriteSetting(field.setting, static_cast<uint16_t>(NumberIn(dialog, field)));
     }
-    for (const NumberField& field : kData) {
-        WriteSetting(field.setting, static_cast<uint16_t>(ReadHexShort(dialog, field.id, kField)));
-    }
+    RememberHexFields(dialog, kData);
     EndDialog(dialog, 0);
 }
 

@@ -9,11 +9,11 @@
 
 #include "driver/papi.h"
 #include "driver/shared_words.h"
-#include "regs/hex_entry.h"
 #include "res/resource.h"
 #include "services/diagnostics.h"
 #include "services/dialog_kit.h"
 #include "services/number_field.h"
+#include "services/remembered_fields.h"
 
 namespace {
 

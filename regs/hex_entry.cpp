@@ -21,13 +21,3 @@ std::optional<uint32_t> ReadHexField(HWND dialog, int id) {
     }
     return *number == kNoNumber ? std::nullopt : number;
 }
-
-void RecallHexFields(HWND dialog, std::span<const RememberedHexField> fields) {
-    for (const RememberedHexField& field : fields)
-        ShowField(dialog, field.id, "0x%02hX", static_cast<uint16_t>(ReadSetting(field.setting)));
-}
-
-void RememberHexFields(HWND dialog, std::span<const RememberedHexField> fields) {
-    for (const RememberedHexField& field : fields)
-        WriteSetting(field.setting, static_cast<uint16_t>(ReadHexShort(dialog, field.id)));
-}

@@ -7,10 +7,10 @@
 #include <span>
 
 #include "driver/papi.h"
-#include "regs/hex_entry.h"
 #include "res/resource.h"
 #include "services/dialog_kit.h"
 #include "services/number_field.h"
+#include "services/remembered_fields.h"
 
 namespace {
 
