@@ -31,7 +31,8 @@ ResultCode TerminateMbe(State& state) {
     return TakeStep(state, Service::Mbe, kTerminate);
 }
 
-ResultCode WriteMbe(State& state, const char* text, uint32_t channel, uint32_t length) {
+ResultCode WriteMbe(State& state, const char* text, uint32_t channel, uint32_t length,
+                    uint8_t end) {
     Mbe& mbe = state.services.mbe;
     if (!text || channel != kTextChannel) {
         return VXD_INVALID_PARAMETER;
@@ -45,7 +46,7 @@ ResultCode WriteMbe(State& state, const char* text, uint32_t channel, uint32_t l
     if (mbe.waiting.size() == kMostWaiting) {
         return VXD_STREAM_OVERFLOW;
     }
-    mbe.waiting.emplace_back(text, length);
+    mbe.waiting.emplace_back(text, length).push_back(static_cast<char>(end));
     return VXD_SUCCESS;
 }
 
@@ -59,7 +60,7 @@ ResultCode ReadMbe(State& state, void* buffer, uint16_t* length, uint32_t* reser
     if (!waiting.empty()) {
         const std::string& message = waiting.front();
         std::memcpy(buffer, message.data(), std::min(message.size(), kBufferBytes));
-        *length = static_cast<uint16_t>(message.size());
+        *length = static_cast<uint16_t>(message.size() - 1);
         waiting.pop_front();
     }
     return VXD_SUCCESS;

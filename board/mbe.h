@@ -18,7 +18,7 @@ struct Mbe {
     static constexpr uint32_t kMostBytes = 1020;
 
     uint32_t capacity = kMostBytes;     // of a message, in bytes
-    std::deque<std::string> waiting{};  // to be read, oldest first
+    std::deque<std::string> waiting{};  // to be read, oldest first, with the bytes that end them
 };
 
 // Starts the service for messages of up to `capacity` bytes, 1 to 1020, on channel 0, the only one.
@@ -29,11 +29,12 @@ ResultCode TerminateMbe(State& state);
 
 // Sends a message on channel 1, the one for texts. Without an outgoing stream it answers
 // VXD_ILLEGAL_OPERATION, a message beyond the capacity VXD_PACKET_TOO_BIG, and while 16 messages
-// wait to be read VXD_STREAM_OVERFLOW. The byte that ends a message on the line is not part of it.
-ResultCode WriteMbe(State& state, const char* text, uint32_t channel, uint32_t length);
+// wait to be read VXD_STREAM_OVERFLOW. `end` ends the message on the line and is not part of it.
+ResultCode WriteMbe(State& state, const char* text, uint32_t channel, uint32_t length, uint8_t end);
 
-// Takes the oldest message: as much of it as fits into a buffer of 100 bytes, without an end mark,
-// its whole length, and a number that is 0. Where none waits, the length is 0.
+// Takes the oldest message: as much of it as fits into a buffer of 100 bytes, behind it the byte
+// that ended it on the line if that fits too, its whole length without that byte, and a number that
+// is 0. Where none waits, the length is 0.
 ResultCode ReadMbe(State& state, void* buffer, uint16_t* length, uint32_t* reserved);
 
 }  // namespace board

@@ -29,6 +29,8 @@ uint32_t WINAPI vdapi_MBE_Read(void* buffer, uint16_t* length, uint32_t* reserve
 
 uint32_t WINAPI vdapi_MBE_Write(const char* text, uint32_t channel, uint32_t length,
                                 uint32_t terminator) {
-    return OnService(Service::Mbe, {"vdapi_MBE_Write", {text, channel, length, terminator}},
-                     [=](State& state) { return WriteMbe(state, text, channel, length); });
+    return OnService(
+        Service::Mbe, {"vdapi_MBE_Write", {text, channel, length, terminator}}, [=](State& state) {
+            return WriteMbe(state, text, channel, length, static_cast<uint8_t>(terminator));
+        });
 }

@@ -27,7 +27,8 @@ void ReceiveMessage(HWND window) {
     uint32_t reserved = 0;
     ReportFailure(window, CodeOf(vdapi_MBE_Read(text.data(), &length, &reserved)),
                   "MainWndProc: vdapi_MBE_Read()");
-    // The text comes without an end mark, and of a longer message only what the buffer holds.
+    // The text comes without an end mark, with the line's own end perhaps behind it, and of a
+    // longer message only what the buffer holds.
     text[std::min<std::size_t>(length, text.size() - 1)] = '\0';
     ShowBox(window, text.data(), "Got MSE Message !", MB_ICONEXCLAMATION);
 }

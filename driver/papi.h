@@ -235,7 +235,8 @@ uint32_t WINAPI vdapi_MBE_Terminate(void);
 uint32_t WINAPI vdapi_MBE_RegisterOutgoingStream(void);
 
 // Takes the oldest message that was received: up to 100 bytes of it, which go to the buffer without
-// an end mark; its whole length, 0 where there is none; and 32 bits that nobody uses.
+// an end mark and may have something else behind them there; its whole length, 0 where there is
+// none; and 32 bits that nobody uses.
 uint32_t WINAPI vdapi_MBE_Read(void* buffer, uint16_t* length, uint32_t* reserved);
 
 // Sends a text of `length` bytes; the second argument is 1, the last, which ends the message on the

@@ -16,7 +16,8 @@ ResultCode SendText(const std::string& text) {
     return CodeOf(vdapi_MBE_Write(text.c_str(), 1, static_cast<uint32_t>(text.size()), 0xFE));
 }
 
-// The bytes that came into the buffer, and the length that was told.
+// The bytes that came into the buffer, the end of the line among them, and the length that was
+// told.
 struct Received {
     std::string text;
     uint32_t length;
@@ -40,8 +41,10 @@ TEST_F(DataServices, BringMessagesBackInTheirOrder) {
     EXPECT_EQ(SendText(""), VXD_SUCCESS);
     const std::string beyondTheBuffer(90, 'a');
     EXPECT_EQ(SendText(beyondTheBuffer + "0123456789x"), VXD_SUCCESS);
-    EXPECT_EQ(ReceiveText().text, "first");
-    EXPECT_EQ(ReceiveText().text, "");
+    const Received first = ReceiveText();
+    EXPECT_EQ(first.text, "first\xFE");
+    EXPECT_EQ(first.length, 5u);
+    EXPECT_EQ(ReceiveText().text, "\xFE");
     const Received cut = ReceiveText();
     EXPECT_EQ(cut.text, beyondTheBuffer + "0123456789");
     EXPECT_EQ(cut.length, 101u);
@@ -59,7 +62,7 @@ TEST_F(DataServices, TakeMessagesOnlyWithAnOutgoingStreamAndOfTheSizeAgreed) {
     EXPECT_EQ(vdapi_MBE_RegisterOutgoingStream(), VXD_SUCCESS);
     EXPECT_EQ(SendText("0123456789"), VXD_SUCCESS);
     EXPECT_EQ(SendText("0123456789a"), VXD_PACKET_TOO_BIG);
-    EXPECT_EQ(ReceiveText().text, "0123456789");
+    EXPECT_EQ(ReceiveText().text, "0123456789\xFE");
     ResultCode code = VXD_SUCCESS;
     int sent = 0;
     for (; sent < 100 && code == VXD_SUCCESS; ++sent) {
