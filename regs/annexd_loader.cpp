@@ -12,18 +12,19 @@
 
 namespace {
 
-constexpr uint32_t kDownloadArgument = 1;
-constexpr uint32_t kDownloadBytes = 2048;
+constexpr uint32_t kChannel = 1;
+constexpr uint32_t kMostBytes = 2048;
 // The service wants two bytes more than it is asked for.
-constexpr std::size_t kBufferBytes = kDownloadBytes + 2;
+constexpr std::size_t kBufferBytes = kMostBytes + 2;
 
-// A failed download counts as 0 bytes.
+// Where the driver gives no number, 0 bytes are shown; without memory nothing is done.
 void Download(HWND dialog) {
     const std::unique_ptr<uint8_t[]> buffer(new (std::nothrow) uint8_t[kBufferBytes]{});
-    if (!buffer)
+    if (!buffer) {
         return;
+    }
     uint32_t byteCount = 0;
-    vdapi_ANNEXD_Download(kDownloadArgument, kDownloadBytes, buffer.get(), &byteCount);
+    vdapi_ANNEXD_Download(kChannel, kMostBytes, buffer.get(), &byteCount);
     ShowField(dialog, IDC_ANNEXD_BYTES, "%d", static_cast<int32_t>(byteCount));
 }
 

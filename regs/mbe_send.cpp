@@ -14,12 +14,12 @@ namespace {
 // Characters of the message field that count, with the terminator.
 constexpr std::size_t kMessageField = 200;
 
-constexpr uint32_t kWriteArgument = 1;
+constexpr uint32_t kChannel = 1;
 constexpr uint32_t kTerminator = 0xFE;
 
 void SendText(HWND dialog) {
     const std::string text = FieldText(dialog, IDC_MBE_MESSAGE, kMessageField);
-    vdapi_MBE_Write(text.c_str(), kWriteArgument, static_cast<uint32_t>(text.size()), kTerminator);
+    vdapi_MBE_Write(text.c_str(), kChannel, static_cast<uint32_t>(text.size()), kTerminator);
 }
 
 // Escape is left unanswered: it must not end a demonstration.
