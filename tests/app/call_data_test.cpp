@@ -55,6 +55,11 @@ class CallData : public CommandTest {
         kit::ExpectNoBox();
     }
 
+    // Whether the main window can be used: it can't while a dialog or box of its own is open.
+    bool IsWindowFree() const {
+        return kit::OnUserInterface([this] { return IsWindowEnabled(utility_.Window()) != FALSE; });
+    }
+
     std::string Stored(const char* key) const {
         return settings_.Read(kit::kOwnFile, "KORA_TST", key);
     }
@@ -233,9 +238,35 @@ TEST_F(CallData, MessagesAreShownAsFarAsTheyFit) {
     MeetMessage("");
 }
 
+TEST_F(CallData, AMessageThatIsSentIsReceivedAndTheBytesOfAnImageAreCounted) {
+    utility_.Command(IDM_MENU_OLDER);
+    utility_.Choose(IDM_MBE_INITIALIZE);
+    utility_.Choose(IDM_MBE_OPEN_OUTGOING);
+    utility_.Choose(IDM_MBE_SEND);
+    kit::Dialog dialog = kit::WaitForDialog("MBE SEND DEMO");
+    dialog.Type(IDC_MBE_MESSAGE, "Hello there");
+    dialog.Key(VK_RETURN);
+    dialog.AltKey('E');
+    utility_.Choose(IDM_MBE_RECEIVE);
+    kit::WaitForDialog("Got MSE Message !");
+    EXPECT_FALSE(IsWindowFree());
+    MeetMessage("Hello there");
+
+    utility_.Choose(IDM_ANNEXD_INITIALIZE);
+    utility_.Choose(IDM_ANNEXD_DOWNLOAD);
+    dialog = kit::WaitForDialog("Dialog");
+    EXPECT_EQ(dialog.Text(IDC_ANNEXD_BYTES), "0");
+    dialog.Key(VK_RETURN);
+    EXPECT_EQ(dialog.Text(IDC_ANNEXD_BYTES), "1584");
+    dialog.Key(VK_ESCAPE);
+    kit::ExpectNoBox();
+}
+
 TEST_F(CallData, BandwidthIsShownAsASignedNumber) {
     const auto meet = [&](const char* text) {
         utility_.Choose(IDM_FILE_BANDWIDTH);
+        kit::WaitForDialog("Bandwidth");
+        EXPECT_TRUE(IsWindowFree());
         kit::MeetBox("Bandwidth", text, IDOK, MB_OK);
         kit::ExpectNoBox();
     };
@@ -258,6 +289,8 @@ TEST_F(CallData, PostProcessingIsStartedAndEndedOnlyWhereThatIsConfirmed) {
                      "Do you want to terminate, anyway?"}}) {
         board::ForgetCalls();
         utility_.Command(command);
+        kit::WaitForDialog("VPP Warning");
+        EXPECT_TRUE(IsWindowFree());
         kit::MeetBox("VPP Warning", question, IDNO, MB_YESNO);
         kit::ExpectNoBox();
         EXPECT_TRUE(ReceivedCalls().empty());
@@ -289,6 +322,16 @@ class BasCommands : public DialogTest {
   protected:
     BasCommands() : DialogTest(IDM_BAS_SEND_COMMAND, "SEND BAS COMMANDS:", IDCANCEL) {}
 
+    // All that is remembered, in the order of the fields.
+    std::string Remembered() const {
+        std::string values;
+        for (const char* key : {"NumberOfCommands", "RepeatCount", "Data1", "Data2", "Data3",
+                                "Data4", "Data5", "Data6", "Length"}) {
+            values += Stored("BAS DLG", key) + ' ';
+        }
+        return values;
+    }
+
     const std::vector<int> fields_{1101, 1102, 1104, 1105, 1106, 1107, 1108, 1111, 1112};
 };
 
@@ -308,19 +351,22 @@ TEST_F(BasCommands, SendWhatTheFieldsHoldAndRememberItWhenTheyAreLeft) {
     EXPECT_EQ(Stored("BAS DLG", "Data1"), "(none)");
 
     dialog_.CloseBox();
-    EXPECT_EQ(Stored("BAS DLG", "RepeatCount"), "3");
-    EXPECT_EQ(Stored("BAS DLG", "Data1"), "511");
-    EXPECT_EQ(Stored("BAS DLG", "Data5"), "9029");  // the low 16 bits of five digits
+    EXPECT_EQ(Remembered(), "2 3 511 0 0 0 9029 196 6 ") << "16 bits of each";
+    settings_.Write(kit::kOwnFile, "BAS DLG", "Data2", "65546");
+    settings_.Write(kit::kOwnFile, "BAS DLG", "Length", "-1");
     Open();
     EXPECT_EQ(Shown(fields_),
-              (Texts{"02", "03", "0x1FF", "0x00", "0x00", "0x00", "0x2345", "0xC4", "06"}));
+              (Texts{"02", "03", "0x1FF", "0x0A", "0x00", "0x00", "0x2345", "0xC4", "65535"}));
 
-    Type({{1101, "-5"}, {1112, "none"}});
+    Type({{1101, "-5"}, {1102, "none"}, {1112, "70"}});
     EXPECT_EQ(ReceivedOn(IDC_BAS_UPDATE),
-              Texts{"vdapi_BAS_Write(FFFFFFFB, 3, address, 0) FF000000 45C4"});
+              Texts{"vdapi_BAS_Write(FFFFFFFB, 0, address, 46) FF0A0000 45C4"});
     kit::MeetBox(kWarning, "ApplyBASCall: calling vdapi_BAS_Write: \nVXD_INVALID_PARAMETER");
     EXPECT_TRUE(IsInFront());
     EXPECT_EQ(dialog_.Text(1101), "-5");
+    dialog_.Key(VK_ESCAPE);
+    EXPECT_EQ(Remembered(), "65531 0 511 10 0 0 9029 196 70 ");
+    Open();
 }
 
 }  // namespace
