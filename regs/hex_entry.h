@@ -6,7 +6,6 @@
 #include <optional>
 
 #include "platform/win32.h"
-#include "services/remembered_fields.h"
 
 // The number behind the first "0x" in a field: 0 without a digit there, nothing for 0xFFFFFFFF,
 // which stands for "no number" and is also what one of more than 32 bits counts as. A field without

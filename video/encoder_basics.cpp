@@ -10,11 +10,11 @@
 #include "driver/papi.h"
 #include "driver/parameter_block.h"
 #include "driver/result_code.h"
-#include "regs/hex_entry.h"
 #include "res/resource.h"
 #include "services/diagnostics.h"
 #include "services/dialog_kit.h"
 #include "services/number_field.h"
+#include "services/remembered_fields.h"
 #include "video/encoder_choice.h"
 
 namespace {
