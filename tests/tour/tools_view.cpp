@@ -4,11 +4,13 @@
 
 #include <QAccessible>
 #include <QApplication>
-#include <QFileDialog>
 #include <QWidget>
+#include <cstdint>
 #include <set>
 #include <string>
 
+#include "platform/qt/qt_screen.h"
+#include "tests/kit/dialog.h"
 #include "tests/kit/user_interface.h"
 
 namespace tour {
@@ -44,11 +46,22 @@ void ExpectNamed(QAccessibleInterface& view, const std::string& dialog) {
 }  // namespace
 
 void ExpectReadableByTools() {
-    kit::RunStep([] {
-        QWidget* dialog = QApplication::activeModalWidget();
+    const HWND front = kit::FrontDialog().Handle();
+    if (front == nullptr) {
+        return;
+    }
+    kit::RunStep([front] {
         // What the desktop's own dialog says is the desktop's affair.
-        if (dialog == nullptr || qobject_cast<QFileDialog*>(dialog) != nullptr)
+        if (QApplication::activeModalWidget() != nullptr) {
             return;
+        }
+        const auto& screen = dynamic_cast<vxd::QtScreen&>(vxd::CurrentScreen());
+        QWidget* dialog = screen.NativeWidget(
+            static_cast<vxd::WidgetId>(reinterpret_cast<std::uintptr_t>(front)));
+        ASSERT_NE(dialog, nullptr);
+        if (dialog->parentWidget() == nullptr) {
+            return;
+        }
         QAccessibleInterface& view = *QAccessible::queryAccessibleInterface(dialog);
         const std::string name = view.text(QAccessible::Name).toStdString();
         EXPECT_FALSE(name.empty());
