@@ -129,14 +129,14 @@ class QtScreen final : public Screen {
     // The window that the core takes for the active one, as far as it was asked for or reported.
     WidgetId active_ = 0;
     WidgetId toActivate_ = 0;  // what the desktop is still to be asked for
-    WidgetId focus_ = 0;  // what the core has given the focus last
+    WidgetId focus_ = 0;       // what the core has given the focus last
     // A disabled window that was reported as active.
     WidgetId disabledActive_ = 0;
     // Runs while the desktop may still answer a request for another active window.
     std::unique_ptr<QTimer> answerTime_;
     int requests_ = 0;  // in that time
     std::unique_ptr<QMenu> popup_;
-    bool popupEnds_ = false;                // it is hidden, and its answer is still to come
+    bool popupEnds_ = false;  // it is hidden, and its answer is still to come
     std::unique_ptr<QFileDialog> fileDialog_;
     std::mutex wakeMutex_;                  // Wake uses the dispatcher on other threads
     QAbstractEventDispatcher* dispatcher_;  // null once retired

@@ -138,6 +138,27 @@ TEST_F(ActivationTest, IsAskedForFasterThanTheDesktopAnswersAndComesToRest) {
     ExpectActive(windows_[1]);
 }
 
+// As the video windows come: tiny, then sized, and the keyboard goes back to who had it.
+TEST_F(ActivationTest, GoesBackFromANewWindowThatStandsWhollyOnTheScreen) {
+    const HWND keeper = windows_.front();
+    const HWND made = OnUserInterface([keeper] {
+        SetFocus(keeper);
+        const HWND window = CreateWindowExA(0, "Counting", "New", WS_THICKFRAME | WS_VISIBLE, 1, 1,
+                                            1, 1, nullptr, nullptr, nullptr, nullptr);
+        SetWindowPos(window, nullptr, 0, 0, 352, 288, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        SetFocus(keeper);
+        return window;
+    });
+    WaitForRest();
+    ExpectActive(keeper);
+    OnUserInterface([made] {
+        const QRect frame = native::WidgetOf(made)->frameGeometry();
+        EXPECT_GE(frame.x(), 0);
+        EXPECT_GE(frame.y(), 0) << "its caption is there";
+        EXPECT_EQ(native::WidgetOf(made)->size(), QSize(352, 288));
+    });
+}
+
 TEST_F(ActivationTest, WindowsBesideADialogTakeClicksAndADisabledOneBringsTheDialogForward) {
     // One of the dialog's owner is none of those that the dialog shuts out.
     const HWND owner = windows_.front();
