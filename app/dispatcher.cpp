@@ -58,6 +58,8 @@
 #include "video/overlay.h"
 #include "video/palette.h"
 #include "video/pixel_mask.h"
+#include "video/vpp_mode.h"
+#include "video/vpp_statistics.h"
 
 namespace {
 
@@ -230,6 +232,9 @@ constexpr std::array kCommands = {
     Command{IDM_BROOKTREE_OVERLAY, Open<OpenOverlay>},
     Command{IDM_BROOKTREE_PALETTE, Open<OpenPalette>},
     Command{IDM_BROOKTREE_PIXEL_MASK, Open<OpenPixelMask>},
+
+    Command{IDM_VPP_SET_MODE, Open<OpenVppMode>},
+    Command{IDM_VPP_STATISTICS, Open<OpenVppStatistics>},
 
     Command{IDM_HELP_ABOUT, Open<OpenAbout>},
     Command{IDM_HELP_CHANGE_COLOR, Run<ChangeColor>},

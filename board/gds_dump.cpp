@@ -171,6 +171,15 @@ void DescribeUserData(const State& state, Lines& lines) {
     }
 }
 
+void DescribeVpp(const State& state, Lines& lines) {
+    const Vpp& vpp = state.services.vpp;
+    lines.push_back(HexNumber("mode word", vpp.mode));
+    lines.push_back(Number("frame rate", vpp.parameters.frameRate));
+    lines.push_back(Number("lowest threshold", vpp.parameters.thresholdMin));
+    lines.push_back(Number("highest threshold", vpp.parameters.thresholdMax));
+    lines.push_back(YesOrNo("statistics", vpp.window != nullptr));
+}
+
 void DescribeMbe(const State& state, Lines& lines) {
     lines.push_back(
         Number("messages waiting", static_cast<uint32_t>(state.services.mbe.waiting.size())));
@@ -210,7 +219,7 @@ constexpr auto kModules = std::to_array<ModuleEntry>({
     {Module::Mlp, "MLP", {}, DescribeUserData<USER_DATA_MLP>},
     {Module::Bt85x, "Bt85x", {"TALVERO_DBG_BT85X_", "vdapi_BT85X_"}, DescribeBt85x},
     {Module::VcpRegs, "vcpregs", {"vdapi_VCPXI_"}, DescribeVcpRegs},
-    {Module::Vpp, "VPP", {"vdapi_VPP_", "KORA_DLL_StartVpp", "KORA_DLL_StopVpp"}},
+    {Module::Vpp, "VPP", {"vdapi_VPP_", "KORA_DLL_StartVpp", "KORA_DLL_StopVpp"}, DescribeVpp},
     {Module::AnnexD, "AnnexD", {"vdapi_ANNEXD_"}},
     {Module::Mbe, "MBE", {"vdapi_MBE_"}, DescribeMbe},
 });

@@ -11,6 +11,7 @@
 #include "board/settings.h"
 #include "board/state.h"
 #include "board/user_data.h"
+#include "board/vpp.h"
 #include "driver/result_code.h"
 
 using namespace board;
@@ -61,6 +62,7 @@ uint32_t WINAPI KORA_DLL_Terminate() {
         state.koraOpen = false;
         state.registrations = {};
         state.monitor.window = nullptr;
+        state.services.vpp.window = nullptr;
     });
 }
 
@@ -122,9 +124,12 @@ uint32_t WINAPI vdapi_LSD_SetPacketized(uint32_t channel, uint32_t on) {
 }
 
 uint32_t WINAPI KORA_DLL_StartVppStatistics(HWND window) {
-    return OnBoard({"KORA_DLL_StartVppStatistics", {window}}, NotYetSimulated);
+    return OnBoard({"KORA_DLL_StartVppStatistics", {window}},
+                   [relay = VppRelay(), window](State& state) {
+                       return StartVppStatistics(state, relay, window);
+                   });
 }
 
 uint32_t WINAPI KORA_DLL_StopVppStatistics() {
-    return OnBoard({"KORA_DLL_StopVppStatistics"}, NotYetSimulated);
+    return OnBoard({"KORA_DLL_StopVppStatistics"}, StopVppStatistics);
 }

@@ -10,6 +10,7 @@
 #include "board/sequencer.h"
 #include "board/user_data.h"
 #include "board/video_inlay.h"
+#include "board/vpp.h"
 
 namespace board {
 
@@ -20,6 +21,7 @@ struct Services {
     UserDataChannels userData{};
     Bas bas;
     VideoInlay videoInlay;
+    Vpp vpp;
     bool codecProcessorRegistered = false;
     uint32_t codecVariableTests = 0;  // accesses of the repeated test
     uint32_t arcofiChannel = 0;       // channel code

@@ -30,6 +30,7 @@ void State::RestartDriver() {
     services.mbe = {};
     services.userData = {};
     services.bas = {};
+    services.vpp = {};
     services.videoInlay = {};
     services.codecProcessorRegistered = false;
     auxiliaryDevice = {};

@@ -1,20 +1,14 @@
 // PAPI's operations on video inlay and post-processing.
 #include "driver/papi.h"
 
-#include <cstddef>
 #include <cstdint>
 
 #include "board/life_cycle.h"
 #include "board/papi_operation.h"
 #include "board/video_inlay.h"
+#include "board/vpp.h"
 
 using namespace board;
-
-namespace {
-
-constexpr size_t kVppParameters = 6;
-
-}  // namespace
 
 uint32_t WINAPI vdapi_VIDINLAY_SetFrameDispMode(uint32_t mode) {
     return OnBoard({"vdapi_VIDINLAY_SetFrameDispMode", {mode}},
@@ -38,8 +32,12 @@ uint32_t WINAPI vdapi_VPP_Deactivate() {
 }
 
 uint32_t WINAPI vdapi_VPP_SetMode(uint32_t modeWord, const uint32_t* parameters) {
-    return OnBoard({"vdapi_VPP_SetMode",
-                    {modeWord, parameters},
-                    BytesAt(parameters, kVppParameters * sizeof *parameters)},
-                   NotYetSimulated);
+    return OnService(Service::Vpp,
+                     {"vdapi_VPP_SetMode",
+                      {modeWord, parameters},
+                      BytesAt(parameters, sizeof(VppParameters))},
+                     [=](State& state) {
+                         return SetVppMode(state, modeWord,
+                                           reinterpret_cast<const VppParameters*>(parameters));
+                     });
 }

@@ -32,6 +32,7 @@
 
 #ifndef SS_ICON
 #define SS_ICON 0x0003L
+#define SS_ETCHEDFRAME 0x0012L
 #endif
 
 #ifndef BS_AUTOCHECKBOX

@@ -34,6 +34,10 @@ void WriteSetting(const IntegerSetting& setting, int value) {
     Write(setting, std::to_string(value));
 }
 
+void WriteUnsignedSetting(const IntegerSetting& setting, uint32_t value) {
+    Write(setting, std::to_string(value));
+}
+
 std::string ReadSetting(const TextSetting& setting, std::size_t capacity) {
     std::vector<char> text(capacity);
     GetPrivateProfileStringA(setting.section, KeyOf(setting).c_str(), setting.defaultValue,

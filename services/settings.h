@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
 
@@ -96,11 +97,18 @@ inline constexpr IntegerSetting kPaletteRed{kOwnFile, "BTPalette", "Red_%d", 0};
 inline constexpr IntegerSetting kPaletteGreen{kOwnFile, "BTPalette", "Green_%d", 0};
 inline constexpr IntegerSetting kPaletteBlue{kOwnFile, "BTPalette", "Blue_%d", 0};
 
+// The video post-processing. The mode word stands in unsigned decimal.
+inline constexpr TextSetting kVppMode{kOwnFile, "VPP", "VPP_Mode", ""};
+inline constexpr IntegerSetting kVppFrameRate{kOwnFile, "VPP", "FI_FrameRate", 20};
+inline constexpr IntegerSetting kVppThresholdMin{kOwnFile, "VPP", "MVEC_ThresholdMin", 20};
+inline constexpr IntegerSetting kVppThresholdMax{kOwnFile, "VPP", "MVEC_ThresholdMax", 20};
+
 }  // namespace setting
 
 // The leading digits of what stands there, the default where the key is absent.
 int ReadSetting(const IntegerSetting& setting);
 void WriteSetting(const IntegerSetting& setting, int value);
+void WriteUnsignedSetting(const IntegerSetting& setting, uint32_t value);
 
 // The text that stands there, cut to `capacity` - 1 characters; the default where the key is
 // absent.
