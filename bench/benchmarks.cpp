@@ -8,6 +8,7 @@
 #include <string>
 
 #include "bench/dialog_benchmarks.h"
+#include "bench/map_benchmarks.h"
 #include "driver/firmware_command.h"
 #include "driver/papi.h"
 #include "platform/headless/headless_screen.h"
@@ -88,6 +89,7 @@ int main(int argc, char** argv) {
     OpenDialogSeen screen;
     vxd::InstallScreen(screen);
     RegisterDialogBenchmarks();
+    RegisterMapBenchmarks();
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
 }

@@ -5,6 +5,7 @@
 #include <QWidget>
 
 #include "bench/dialog_benchmarks.h"
+#include "bench/map_benchmarks.h"
 #include "bench/video_benchmarks.h"
 #include "platform/qt/qt_screen.h"
 
@@ -32,6 +33,7 @@ int main(int argc, char** argv) {
     application.installEventFilter(&windowPainted);
     RegisterDialogBenchmarks();
     RegisterVideoBenchmarks();
+    RegisterMapBenchmarks();
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     screen.Retire();

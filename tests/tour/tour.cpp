@@ -405,6 +405,26 @@ void ChangePixelMask(const kit::Utility& utility) {
                [](const kit::Dialog& dialog) { dialog.Type(IDC_PIXEL_MASK, "0xF0"); });
 }
 
+void SetVppMode(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_VPP_SET_MODE, "Set VPP Mode", "vpp-mode",
+               [](const kit::Dialog& dialog) {
+                   dialog.Press(IDC_VPP_FRAME_BY_FRAME);
+                   dialog.Press(IDC_VPP_LINEAR);
+                   dialog.Press(IDC_VPP_APPLY);
+               });
+}
+
+void ShowVppStatistics(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_VPP_STATISTICS, "VPP Statistics", "vpp-statistics",
+               [](const kit::Dialog& dialog) {
+                   dialog.Press(IDC_VPP_STATISTICS_ENABLE);
+                   dialog.Press(IDC_MOTION_GET);
+                   for (int tries = 0; dialog.Rows(IDC_MOTION_LIST) == 0 && tries < 500; ++tries) {
+                       Sleep(10);
+                   }
+               });
+}
+
 // The stops, in order. Every dialog has one.
 constexpr void (*kStops[])(const kit::Utility&) = {
     ShowMainWindow,
@@ -441,6 +461,8 @@ constexpr void (*kStops[])(const kit::Utility&) = {
     ChangeOverlay,
     ChangePalette,
     ChangePixelMask,
+    SetVppMode,
+    ShowVppStatistics,
 };
 
 TEST(Tour, WalksThroughTheUtilityAndTakesItsPictures) {

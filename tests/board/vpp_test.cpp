@@ -1,0 +1,120 @@
+// The video post-processing's mode and its statistics.
+#include <chrono>
+#include <cstring>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "driver/vpp.h"
+#include "tests/board/driver_test.h"
+
+using namespace std::chrono_literals;
+
+namespace {
+
+ResultCode SetMode(uint32_t word, uint32_t frameRate = 20) {
+    const VppParameters parameters{frameRate, 1, 2, {}};
+    return CodeOf(vdapi_VPP_SetMode(word, reinterpret_cast<const uint32_t*>(&parameters)));
+}
+
+// What the window of the test was told: i, d, t.
+std::string told;
+VppStatistics last;
+
+LRESULT CALLBACK Note(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_VPP_STATIST_INIT:
+            told += 'i';
+            return TRUE;
+        case WM_VPP_STATIST_TERM:
+            told += 't';
+            return TRUE;
+        case WM_VPP_STATIST_DATA:
+            told += 'd';
+            std::memcpy(&last, reinterpret_cast<const void*>(lParam), sizeof last);
+            return TRUE;
+        default:
+            return DefWindowProcA(window, message, wParam, lParam);
+    }
+}
+
+HWND MakeWindow() {
+    WNDCLASSA noting{};
+    noting.lpfnWndProc = Note;
+    noting.hInstance = GetModuleHandleA(nullptr);
+    noting.lpszClassName = "VppTest";
+    RegisterClassA(&noting);
+    return CreateWindowExA(0, "VppTest", "", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr,
+                           noting.hInstance, nullptr);
+}
+
+void Pump(std::chrono::milliseconds duration) {
+    const auto end = std::chrono::steady_clock::now() + duration;
+    while (std::chrono::steady_clock::now() < end) {
+        MSG message;
+        while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+            DispatchMessageA(&message);
+        }
+        std::this_thread::sleep_for(1ms);
+    }
+}
+
+}  // namespace
+
+using VideoPostProcessing = DriverTest;
+
+TEST_F(VideoPostProcessing, TakesTheModesThatThereAreWhileItIsUp) {
+    for (const uint32_t word : {0x10000u, 0x10001u, 0x10002u, 0x10004u, 0x10008u}) {
+        EXPECT_EQ(SetMode(word, word), VXD_SUCCESS);
+        EXPECT_EQ(board::GetServices().vpp.mode, word);
+        EXPECT_EQ(board::GetServices().vpp.parameters.frameRate, word);
+    }
+    for (const uint32_t word : {0u, 2u, 0x10003u, 0x20002u}) {
+        EXPECT_EQ(SetMode(word), VXD_INVALID_PARAMETER) << word;
+    }
+    EXPECT_EQ(vdapi_VPP_SetMode(VPP_MODE_LINEAR, nullptr), VXD_INVALID_PARAMETER);
+    EXPECT_EQ(vdapi_VPP_Terminate(), VXD_SUCCESS);
+    EXPECT_EQ(SetMode(VPP_MODE_LINEAR), VXD_CONFIGURATION_NOT_SET);
+    EXPECT_EQ(board::GetServices().vpp.mode, 0x10008u);
+}
+
+TEST_F(VideoPostProcessing, SendsStatisticsBetweenTheirBeginAndTheirEnd) {
+    const HWND window = MakeWindow();
+    const HWND other = MakeWindow();
+    EXPECT_EQ(KORA_DLL_StartVppStatistics(nullptr), VXD_INVALID_PARAMETER);
+    EXPECT_EQ(KORA_DLL_StopVppStatistics(), VXD_CONFIGURATION_NOT_SET);
+    board::SetTime(40 * 200);
+    EXPECT_EQ(SetMode(VPP_MODE_LINEAR, 255), VXD_SUCCESS);  // counts as the picture's 25
+    EXPECT_EQ(KORA_DLL_StartVppStatistics(window), VXD_SUCCESS);
+    EXPECT_EQ(KORA_DLL_StartVppStatistics(other), VXD_BUSY_WITH_PRIOR_REQUEST);
+    Pump(1000ms);
+    EXPECT_TRUE(told.starts_with("idd")) << told;
+    EXPECT_LE(told.size(), 28u) << told;
+    EXPECT_EQ(last.frame, static_cast<int8_t>(200));
+    EXPECT_EQ(last.vectors[22 * 17], (MotionVector{14, 0})) << "the lowest stripe's speed";
+
+    // What is not taken in time is replaced.
+    std::this_thread::sleep_for(500ms);
+    board::SetTime(40 * 300);
+    std::this_thread::sleep_for(500ms);
+    told.clear();
+    Pump(20ms);
+    EXPECT_LE(told.size(), 2u) << told;
+    EXPECT_EQ(last.frame, static_cast<int8_t>(300));
+
+    EXPECT_EQ(KORA_DLL_StopVppStatistics(), VXD_SUCCESS);
+    told.clear();
+    Pump(200ms);
+    EXPECT_EQ(told, "t");
+    // At 5 frames a second five frames lie in between; and it ends with the post-processing.
+    EXPECT_EQ(SetMode(VPP_MODE_LINEAR, 5), VXD_SUCCESS);
+    EXPECT_EQ(KORA_DLL_StartVppStatistics(other), VXD_SUCCESS);
+    Pump(50ms);
+    EXPECT_EQ(last.vectors[22 * 17], (MotionVector{70, 0}));
+    EXPECT_EQ(vdapi_VPP_Terminate(), VXD_SUCCESS);
+    Pump(500ms);
+    EXPECT_TRUE(told.ends_with('t')) << told;
+    EXPECT_EQ(KORA_DLL_StartVppStatistics(other), VXD_CONFIGURATION_NOT_SET);
+    DestroyWindow(window);
+    DestroyWindow(other);
+}
