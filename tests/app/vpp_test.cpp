@@ -65,6 +65,7 @@ TEST_F(SetVppMode, OffersInterpolationFrameByFrameAndItsParametersWithAMethod) {
                                           "00000000"});
     }
     EXPECT_EQ(Enabled(), std::pair(true, false));
+    dialog_.Press(1303);
     dialog_.Press(1305);
     Type({{1371, "300"}, {1374, "few"}, {1376, "4294967295"}});
     EXPECT_EQ(ReceivedOn(1115), Texts{"vdapi_VPP_SetMode(10008, address) 2C010000 00000000 "
