@@ -44,7 +44,7 @@ void DrawRecords(benchmark::State& state, bool changing) {
     for (auto _ : state) {
         const std::size_t before = newest;
         newest = changing ? 1 - newest : newest;
-        map.Draw(window, records[newest], records[before], MotionShown::Magnitude);
+        map.Draw(window, records[newest], records[before], MotionShown::kMagnitude);
         MSG message;
         while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
             DispatchMessageA(&message);

@@ -97,9 +97,8 @@ void SendRecords(State& state, HWND relay, unsigned turn) {
         vpp.onItsWay = true;
         state.outbox.messages.push_back({relay, kRecordIsReady});
     }
-    state.schedule.After(
-        std::chrono::milliseconds(1000 / FrameRate(vpp)),
-        [relay, turn](State& later) { SendRecords(later, relay, turn); });
+    state.schedule.After(std::chrono::milliseconds(1000 / FrameRate(vpp)),
+                         [relay, turn](State& later) { SendRecords(later, relay, turn); });
 }
 
 }  // namespace
@@ -136,10 +135,9 @@ ResultCode StartVppStatistics(State& state, HWND relay, HWND window) {
     vpp.window = window;
     vpp.onItsWay = false;
     state.outbox.messages.push_back({window, WM_VPP_STATIST_INIT});
-    state.schedule.After(std::chrono::milliseconds(0),
-                         [relay, turn = ++vpp.turn](State& later) {
-                             SendRecords(later, relay, turn);
-                         });
+    state.schedule.After(std::chrono::milliseconds(0), [relay, turn = ++vpp.turn](State& later) {
+        SendRecords(later, relay, turn);
+    });
     return VXD_SUCCESS;
 }
 

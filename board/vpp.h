@@ -33,15 +33,15 @@ HWND VppRelay();
 
 // Sends statistics to a window, at the frame rate that the post-processing was given, at most that
 // of the picture and with 0 at that of the picture. A record that is not taken in time is replaced
-// by the next one. VXD_INVALID_PARAMETER for no window, VXD_BUSY_WITH_PRIOR_REQUEST while they go to
-// another, VXD_CONFIGURATION_NOT_SET while the post-processing is down, VXD_RESOURCE_FAILURE without
-// a relay.
+// by the next one. VXD_INVALID_PARAMETER for no window, VXD_BUSY_WITH_PRIOR_REQUEST while they go
+// to another, VXD_CONFIGURATION_NOT_SET while the post-processing is down, VXD_RESOURCE_FAILURE
+// without a relay.
 ResultCode StartVppStatistics(State& state, HWND relay, HWND window);
 // VXD_CONFIGURATION_NOT_SET where there are none. No record is sent behind it.
 ResultCode StopVppStatistics(State& state);
 
-// The record at a time: the motion since the frame that lay one period of the statistics before. The
-// times grow with what moves.
+// The record at a time: the motion since the frame that lay one period of the statistics before.
+// The times grow with what moves.
 VppStatistics MeasureMotion(const State& state);
 
 }  // namespace board

@@ -32,12 +32,10 @@ uint32_t WINAPI vdapi_VPP_Deactivate() {
 }
 
 uint32_t WINAPI vdapi_VPP_SetMode(uint32_t modeWord, const uint32_t* parameters) {
-    return OnService(Service::Vpp,
-                     {"vdapi_VPP_SetMode",
-                      {modeWord, parameters},
-                      BytesAt(parameters, sizeof(VppParameters))},
-                     [=](State& state) {
-                         return SetVppMode(state, modeWord,
-                                           reinterpret_cast<const VppParameters*>(parameters));
-                     });
+    return OnService(
+        Service::Vpp,
+        {"vdapi_VPP_SetMode", {modeWord, parameters}, BytesAt(parameters, sizeof(VppParameters))},
+        [=](State& state) {
+            return SetVppMode(state, modeWord, reinterpret_cast<const VppParameters*>(parameters));
+        });
 }

@@ -25,9 +25,9 @@ struct VppParameters {
 };
 static_assert(sizeof(VppParameters) == 24);
 
-// The messages that KORA_DLL_StartVppStatistics brings: once when the statistics begin and when they
-// end; with each record, whose address is the second parameter and holds as long as the message is
-// being dealt with.
+// The messages that KORA_DLL_StartVppStatistics brings: once when the statistics begin and when
+// they end; with each record, whose address is the second parameter and holds as long as the
+// message is being dealt with.
 enum VppMessage : UINT {
     WM_VPP_STATIST_INIT = WM_USER + 7,
     WM_VPP_STATIST_TERM = WM_USER + 8,

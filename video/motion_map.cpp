@@ -52,8 +52,8 @@ struct Cell {
 };
 
 Cell CellOf(MotionVector vector, MotionShown shown) {
-    const int x = shown == MotionShown::Y ? 0 : vector.x;
-    const int y = shown == MotionShown::X ? 0 : vector.y;
+    const int x = shown == MotionShown::kY ? 0 : vector.x;
+    const int y = shown == MotionShown::kX ? 0 : vector.y;
     const auto row = static_cast<std::size_t>(Sign(x) + 1);
     const auto column = static_cast<std::size_t>(Sign(y) + 1);
     return {std::min(Magnitude(x, y), kColours - 1), kArrows[row][column]};

@@ -6,7 +6,7 @@
 #include "platform/win32.h"
 
 // What of a vector the map shows.
-enum class MotionShown { Magnitude = 1, X = 2, Y = 4 };
+enum class MotionShown { kMagnitude, kX, kY };
 
 class MotionMap {
   public:
@@ -18,8 +18,8 @@ class MotionMap {
     // Loads what it is drawn from; without that it draws nothing.
     void Load(HINSTANCE instance, HWND window);
 
-    // Draws the cells in which two records differ into a window, of the first of them. A vector that
-    // is longer than the scale has the last colour.
+    // Draws the cells in which two records differ into a window, of the first of them. A vector
+    // that is longer than the scale has the last colour.
     void Draw(HWND window, const VppStatistics& current, const VppStatistics& previous,
               MotionShown shown) const;
     // Draws the scale into a window.

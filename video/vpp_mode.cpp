@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr std::size_t kModeText = 20;      // with the terminator
+constexpr std::size_t kModeText = 20;       // with the terminator
 constexpr std::size_t kParameterText = 32;  // the same
 
 enum DisplayMode : uint32_t { kContinuous = 0, kFrameByFrame = 1 };
@@ -30,7 +30,7 @@ constexpr std::array<uint32_t, 5> kMethods{VPP_MODE_NONE, VPP_MODE_DUPLICATE, VP
 struct Parameter {
     int field;
     IntegerSetting setting;
-    uint32_t VppParameters::* member;
+    uint32_t VppParameters::*member;
 };
 constexpr auto kParameters = std::to_array<Parameter>({
     {IDC_VPP_FRAME_RATE, setting::kVppFrameRate, &VppParameters::frameRate},
@@ -42,9 +42,9 @@ constexpr auto kParameters = std::to_array<Parameter>({
 constexpr std::array kOfFrameByFrame{IDC_VPP_APPLY, IDC_VPP_INTERPOLATION, IDC_VPP_NONE,
                                      IDC_VPP_LINEAR};
 constexpr std::array kOfInterpolation{
-    IDC_VPP_DUPLICATE,       IDC_VPP_TOGGLE_FILTER,       IDC_VPP_TOGGLE_VECTORS,
-    IDC_VPP_PARAMETERS,      IDC_VPP_FRAME_RATE_LABEL,    IDC_VPP_FRAME_RATE,
-    IDC_VPP_THRESHOLD,       IDC_VPP_THRESHOLD_MIN_LABEL, IDC_VPP_THRESHOLD_MIN,
+    IDC_VPP_DUPLICATE,           IDC_VPP_TOGGLE_FILTER,       IDC_VPP_TOGGLE_VECTORS,
+    IDC_VPP_PARAMETERS,          IDC_VPP_FRAME_RATE_LABEL,    IDC_VPP_FRAME_RATE,
+    IDC_VPP_THRESHOLD,           IDC_VPP_THRESHOLD_MIN_LABEL, IDC_VPP_THRESHOLD_MIN,
     IDC_VPP_THRESHOLD_MAX_LABEL, IDC_VPP_THRESHOLD_MAX,
 };
 
@@ -127,8 +127,7 @@ VppParameters ReadParameters(HWND dialog) {
 void Apply(HWND dialog) {
     const VppParameters parameters = ReadParameters(dialog);
     ReportFailure(
-        dialog,
-        CodeOf(vdapi_VPP_SetMode(modeWord, reinterpret_cast<const uint32_t*>(&parameters))),
+        dialog, CodeOf(vdapi_VPP_SetMode(modeWord, reinterpret_cast<const uint32_t*>(&parameters))),
         "vdapi_VPP_SetMode");
 }
 

@@ -1,5 +1,5 @@
-// "VPP Statistics": the motion vectors that the video post-processing reports, as a map that follows
-// them and, of one record, as a list, with its times.
+// "VPP Statistics": the motion vectors that the video post-processing reports, as a map that
+// follows them and, of one record, as a list, with its times.
 #include "video/vpp_statistics.h"
 
 #include <array>
@@ -25,11 +25,11 @@ constexpr int kMapHeight = 288;
 
 // What is enabled along with the statistics.
 constexpr std::array kStatisticsControls{
-    IDC_MOTION_MAPPING,       IDC_MOTION_MAGNITUDE,     IDC_MOTION_X,
-    IDC_MOTION_Y,             IDC_MOTION_CONTINUOUS,    IDC_MOTION_SINGLE,
-    IDC_MOTION_GET,           IDC_VPP_TIMINGS,          IDC_VPP_FRAME_LABEL,
-    IDC_VPP_FRAME,            IDC_VPP_EXTRAPOLATE_LABEL, IDC_VPP_EXTRAPOLATE,
-    IDC_VPP_PROCESS_LABEL,    IDC_VPP_PROCESS,          IDC_VPP_MACROBLOCK_LABEL,
+    IDC_MOTION_MAPPING,    IDC_MOTION_MAGNITUDE,      IDC_MOTION_X,
+    IDC_MOTION_Y,          IDC_MOTION_CONTINUOUS,     IDC_MOTION_SINGLE,
+    IDC_MOTION_GET,        IDC_VPP_TIMINGS,           IDC_VPP_FRAME_LABEL,
+    IDC_VPP_FRAME,         IDC_VPP_EXTRAPOLATE_LABEL, IDC_VPP_EXTRAPOLATE,
+    IDC_VPP_PROCESS_LABEL, IDC_VPP_PROCESS,           IDC_VPP_MACROBLOCK_LABEL,
     IDC_VPP_MACROBLOCK,
 };
 
@@ -40,7 +40,7 @@ struct Statistics {
     bool feeding = false;  // the driver was asked for records and not to stop them
     bool continuous = false;
     bool snapshotRequested = false;
-    MotionShown shown = MotionShown::Magnitude;
+    MotionShown shown = MotionShown::kMagnitude;
     MotionMap map;
 };
 
@@ -56,8 +56,8 @@ void EnableControls(HWND dialog, bool enable) {
 
 void DrawMap(HWND dialog) {
     const Statistics& statistics = Of(dialog);
-    statistics.map.Draw(GetDlgItem(dialog, IDC_MOTION_MAP), statistics.current,
-                        statistics.previous, statistics.shown);
+    statistics.map.Draw(GetDlgItem(dialog, IDC_MOTION_MAP), statistics.current, statistics.previous,
+                        statistics.shown);
 }
 
 void Open(HWND dialog) {
@@ -192,9 +192,9 @@ void End(HWND dialog) {
 constexpr auto kActions = std::to_array<DialogAction>({
     {IDC_VPP_STATISTICS_ENABLE, EnableStatistics},
     {IDC_VPP_STATISTICS_DISABLE, DisableStatistics},
-    {IDC_MOTION_MAGNITUDE, Show<MotionShown::Magnitude>},
-    {IDC_MOTION_X, Show<MotionShown::X>},
-    {IDC_MOTION_Y, Show<MotionShown::Y>},
+    {IDC_MOTION_MAGNITUDE, Show<MotionShown::kMagnitude>},
+    {IDC_MOTION_X, Show<MotionShown::kX>},
+    {IDC_MOTION_Y, Show<MotionShown::kY>},
     {IDC_MOTION_CONTINUOUS, ChooseRefresh<true>},
     {IDC_MOTION_SINGLE, ChooseRefresh<false>},
     {IDC_MOTION_GET, RequestSnapshot},

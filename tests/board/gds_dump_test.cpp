@@ -99,15 +99,14 @@ TEST_F(GdsDumps, TellOfTheDataOfACall) {
                   "GDS Stream: vdapi_BAS_Write: 1 called, 0 failed\n"}));
     vdapi_VPP_Initialize();
     vdapi_VPP_Deactivate();
-    EXPECT_EQ(Dump(monitor, 23),
-              (std::vector<std::string>{"GDS VPP: post-processing: initialised, not active\n",
-                                        "GDS VPP: mode word: 0x10000\n",
-                                        "GDS VPP: frame rate: 20\n",
-                                        "GDS VPP: lowest threshold: 20\n",
-                                        "GDS VPP: highest threshold: 20\n",
-                                        "GDS VPP: statistics: no\n",
-                                        "GDS VPP: vdapi_VPP_Deactivate: 1 called, 0 failed\n",
-                                        "GDS VPP: vdapi_VPP_Initialize: 1 called, 0 failed\n"}));
+    EXPECT_EQ(
+        Dump(monitor, 23),
+        (std::vector<std::string>{"GDS VPP: post-processing: initialised, not active\n",
+                                  "GDS VPP: mode word: 0x10000\n", "GDS VPP: frame rate: 20\n",
+                                  "GDS VPP: lowest threshold: 20\n",
+                                  "GDS VPP: highest threshold: 20\n", "GDS VPP: statistics: no\n",
+                                  "GDS VPP: vdapi_VPP_Deactivate: 1 called, 0 failed\n",
+                                  "GDS VPP: vdapi_VPP_Initialize: 1 called, 0 failed\n"}));
 }
 
 TEST_F(GdsDumps, GoThroughAllModulesInTheirOrder) {
