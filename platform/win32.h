@@ -558,7 +558,7 @@ typedef struct tagOFNA {
     HWND hwndOwner;
     HINSTANCE hInstance;
     LPCSTR
-        lpstrFilter;  // pairs of a type's name and its patterns, behind the last one an empty text
+    lpstrFilter;  // pairs of a type's name and its patterns, behind the last one an empty text
     LPSTR lpstrCustomFilter;
     DWORD nMaxCustFilter;
     DWORD nFilterIndex;
