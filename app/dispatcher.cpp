@@ -254,6 +254,14 @@ constexpr bool NoneStandsTwice(const Tables&... tables) {
     std::ranges::sort(ids);
     return std::ranges::adjacent_find(ids) == ids.end();
 }
+template <typename... Tables>
+bool StandsIn(uint32_t command, const Tables&... tables) {
+    const auto isIn = [command](const auto& table) {
+        return std::ranges::any_of(table, [command](const auto& row) { return row.id == command; });
+    };
+    return (isIn(tables) || ...);
+}
+
 static_assert(NoneStandsTwice(kCommands, chip::kDebugCommands, chip::kFixedCommands,
                               chip::kChoiceCommands, chip::kOperations,
                               chip::kOperationsWithArgument, chip::kUnsupportedCommands));
@@ -269,4 +277,10 @@ LRESULT DispatchCommand(HWND window, uint32_t command) {
         RunChipCommand(window, command);
     }
     return 0;
+}
+
+bool HasAction(uint32_t command) {
+    return StandsIn(command, kCommands, chip::kDebugCommands, chip::kFixedCommands,
+                    chip::kChoiceCommands, chip::kOperations, chip::kOperationsWithArgument,
+                    chip::kUnsupportedCommands);
 }

@@ -1,8 +1,10 @@
 // Commands that act without a dialog, those that do nothing, and what dialogs answer.
 #include <gtest/gtest.h>
 
+#include <set>
 #include <tuple>
 
+#include "app/dispatcher.h"
 #include "board/control.h"
 #include "codec/raw_command.h"
 #include "debug/about.h"
@@ -24,6 +26,32 @@ TEST(Dispatcher, CommandsWithoutAnActionChangeNothing) {
     }
     EXPECT_TRUE(board::Calls().empty());
     kit::ExpectNoBox();
+}
+
+TEST(Dispatcher, EveryItemThatCanBeChosenHasAnActionButForTheTwelveThatNeverHadOne) {
+    const kit::Utility utility;
+    std::set<uint32_t> without;
+    kit::RunStep([&] {
+        const HINSTANCE instance = GetModuleHandleA(nullptr);
+        for (const int resource : {IDR_MENU_OLDER, IDR_MENU_NEWER}) {
+            const HMENU menu = LoadMenuA(instance, MAKEINTRESOURCEA(resource));
+            int items = 0;
+            for (uint32_t id = 1; id <= 0xFFFF; ++id) {
+                const UINT state = GetMenuState(menu, id, MF_BYCOMMAND);
+                if (state == ~0u || (state & (MF_POPUP | MF_GRAYED | MF_DISABLED)) != 0) {
+                    continue;
+                }
+                ++items;
+                if (!HasAction(id)) {
+                    without.insert(id);
+                }
+            }
+            EXPECT_EQ(items, resource == IDR_MENU_OLDER ? 181 : 28);
+            DestroyMenu(menu);
+        }
+    });
+    EXPECT_EQ(without, (std::set<uint32_t>{40080, 40081, 40163, 40220, 40230, 40253, 40254, 40255,
+                                           40256, 40257, 40258, 40288}));
 }
 
 TEST(Dispatcher, FullResetResetsTheHardwareWhateverTheStartSays) {
