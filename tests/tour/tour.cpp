@@ -312,6 +312,31 @@ void SendBasCommands(const kit::Utility& utility) {
                });
 }
 
+void AccessVariables(const kit::Utility& utility) {
+    ShowDialog(utility, IDM_VCPXI_VARIABLE_ACCESS, "VCPXi Variable Access", "variable-access",
+               [](const kit::Dialog& dialog) {
+                   dialog.Type(IDC_VARIABLE_NAME, "vcx_adwBondLocalPhoneNum");
+                   dialog.Type(IDC_VARIABLE_COUNT, "5");
+                   dialog.Press(IDC_VARIABLE_GET);
+               });
+}
+
+void BondChannels(const kit::Utility& utility) {
+    const auto look = [](const kit::Dialog&) {};
+    ShowDialog(
+        utility, IDM_BONDING_LOCAL_PARAMS, "Local Bonding Params", "bonding-local-params",
+        [](const kit::Dialog& dialog) { dialog.Pick(IDC_BOND_RMULT, "2"); }, IDOK);
+    ShowDialog(utility, IDM_BONDING_REMOTE_PARAMS, "Remote Bonding Parameters",
+               "bonding-remote-params", look, IDOK);
+    ShowDialog(utility, IDM_BONDING_COMMON_PARAMS, "Common Bonding Parameters",
+               "bonding-common-params", look, IDOK);
+    ShowDialog(
+        utility, IDM_BONDING_LOCAL_PHONES, "Local Bonding Phones", "bonding-local-phones",
+        [](const kit::Dialog& dialog) { dialog.Type(IDC_BOND_PHONE_3, "5551236"); }, IDOK);
+    ShowDialog(utility, IDM_BONDING_REMOTE_PHONES, "Remote Bonding Phones",
+               "bonding-remote-phones", look, IDOK);
+}
+
 void ChooseUserDataRate(const kit::Utility& utility) {
     ShowDialog(utility, IDM_LSD_OPEN, "Select UserData Bandwidth", "user-data-rate",
                [](const kit::Dialog& dialog) { dialog.Pick(IDC_USER_DATA_RATE, "064"); });
@@ -453,6 +478,8 @@ constexpr void (*kStops[])(const kit::Utility&) = {
     OpenStreams,
     SendMbe,
     SendBasCommands,
+    AccessVariables,
+    BondChannels,
     ChooseUserDataRate,
     ChooseUserDataLength,
     DumpGds,
