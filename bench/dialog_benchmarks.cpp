@@ -3,14 +3,21 @@
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
+#include <string>
+#include <vector>
 
 #include "codec/raw_command.h"
+#include "codec/recent_variables.h"
+#include "codec/variable_access.h"
 #include "driver/papi.h"
 #include "platform/win32.h"
 #include "regs/saec_browser.h"
+#include "services/settings.h"
 #include "video/palette.h"
 
 namespace {
+
+constexpr int kNames = 200;
 
 const char* openCaption = "";
 
@@ -28,6 +35,22 @@ void OpenAndClose(benchmark::State& state, INT_PTR (*open)(HINSTANCE, HWND), con
     std::filesystem::remove_all(settings);
 }
 
+// The same with 200 names of 127 characters in the list of variables used last.
+void OpenOnAFullList(benchmark::State& state) {
+    const auto folder = std::filesystem::temp_directory_path() / "vxdtest-benchmark-list";
+    SetEnvironmentVariableA("XDG_CONFIG_HOME", folder.c_str());
+    std::vector<SettingText> values;
+    for (int place = 0; place < kNames; ++place) {
+        std::string name = "vcx_" + std::to_string(place);
+        name.resize(kVariableName - 1, 'x');
+        values.push_back({setting::kVariableName[place], name});
+        values.push_back({setting::kVariableShape[place], "20001"});
+    }
+    WriteSettings(values);
+    OpenAndClose(state, OpenVariableAccess, "VCPXi Variable Access");
+    std::filesystem::remove_all(folder);
+}
+
 void Register(const char* name, INT_PTR (*open)(HINSTANCE, HWND), const char* caption) {
     benchmark::RegisterBenchmark(name, OpenAndClose, open, caption)
         ->Unit(benchmark::kMicrosecond)
@@ -41,8 +64,11 @@ void RegisterDialogBenchmarks() {
     Register("OpenAndClose/SaecPorts", OpenSaecPorts, "Siemens AEC Ports");
     // Stores its 769 keys when it is closed.
     Register("OpenAndClose/Palette", OpenPalette, "Palette Dialog");
+    benchmark::RegisterBenchmark("OpenAndClose/200Variables", OpenOnAFullList)
+        ->Unit(benchmark::kMicrosecond)
+        ->UseRealTime();
 }
 
 void DialogIsSeen() {
-    PostMessageA(FindWindowA(nullptr, openCaption), WM_COMMAND, IDOK, 0);
+    PostMessageA(FindWindowA(nullptr, openCaption), WM_COMMAND, IDCANCEL, 0);
 }

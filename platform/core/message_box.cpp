@@ -17,8 +17,9 @@ constexpr int kButtonHeight = 14;
 constexpr int kIconUnits = 21;
 constexpr int kWidestText = 260;
 constexpr int kShortestText = 12;
-// What the caption has beside its title: the icon, the close box, and what keeps them apart.
-constexpr int kCaptionParts = 40;
+// What the caption has beside its title: the icon, as many as three boxes, which some desktops give
+// a window without an owner, what keeps them apart, and what a bold title takes more.
+constexpr int kCaptionParts = 72;
 
 // As Win32 numbers the parts of its message boxes.
 constexpr int kTextId = 0xFFFF;

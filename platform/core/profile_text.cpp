@@ -44,29 +44,37 @@ struct Line {
 class LineReader {
   public:
     explicit LineReader(std::string_view text)
-        : text_(text), at_(text.starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0) {}
+        : text_(text),
+          at_(text.starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0),
+          newline_(NextNewline()) {}
 
     bool Next(Line& line) {
         if (at_ >= text_.size())
             return false;
+        if (newline_ < at_)
+            newline_ = NextNewline();
         line.begin = at_;
-        std::size_t equals = std::string_view::npos;
-        std::size_t i = at_;
-        for (; i < text_.size() && text_[i] != '\n' && text_[i] != '\r'; ++i) {
-            if (text_[i] == '=' && equals == std::string_view::npos)
-                equals = i;
-        }
-        line.end = i;
-        line.equals = std::min(equals, i);
-        if (i < text_.size())
-            i += text_.substr(i).starts_with(kLineEnd) ? 2 : 1;
-        line.next = at_ = i;
+        line.end = FindBefore(newline_, '\r');
+        line.equals = FindBefore(line.end, '=');
+        at_ = line.end;
+        if (at_ < text_.size())
+            at_ += text_.substr(at_).starts_with(kLineEnd) ? 2 : 1;
+        line.next = at_;
         return true;
     }
 
   private:
+    std::size_t NextNewline() const { return std::min(text_.find('\n', at_), text_.size()); }
+
+    // Where the next of these characters stands, `end` where it is not before that.
+    std::size_t FindBefore(std::size_t end, char character) const {
+        const std::size_t found = text_.substr(at_, end - at_).find(character);
+        return found == std::string_view::npos ? end : at_ + found;
+    }
+
     std::string_view text_;
     std::size_t at_;
+    std::size_t newline_;  // the next LF, or the text's end; to be looked for anew when passed
 };
 
 std::string_view Content(std::string_view text, const Line& line) {

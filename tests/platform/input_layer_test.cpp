@@ -204,6 +204,24 @@ TEST(Input, AnEditGoesIntoTheTextThatTheProgramHasSetMeanwhile) {
     });
 }
 
+TEST(Input, AnEditOfDigitsAloneLooksAtWhatIsPutIn) {
+    struct Case {
+        const char* edited;
+        const char* after;
+    };
+    RunOnUserInterface([] {
+        const HWND edit = MakeControl(MakeWindow(), "Edit", ES_NUMBER);
+        for (const Case& each :
+             {Case{"Prev5", "Prev5"}, Case{"1Prev", "1Prev"}, Case{"77", "77"}, Case{"Pr", "Pr"},
+              Case{"Prevx", "Prev"}, Case{"ab", "Prev"}, Case{"Pr5x", "Prev"}}) {
+            SetWindowTextA(edit, "Prev");
+            vxd::input::Edited(vxd::HandleNumber(edit), each.edited, 0, 0);
+            Drain();
+            EXPECT_EQ(TextOf(edit), each.after) << each.edited;
+        }
+    });
+}
+
 TEST(Input, AChosenRowStaysThatRowUntilItsTurn) {
     struct Case {
         UINT message;

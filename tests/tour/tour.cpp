@@ -333,8 +333,8 @@ void BondChannels(const kit::Utility& utility) {
     ShowDialog(
         utility, IDM_BONDING_LOCAL_PHONES, "Local Bonding Phones", "bonding-local-phones",
         [](const kit::Dialog& dialog) { dialog.Type(IDC_BOND_PHONE_3, "5551236"); }, IDOK);
-    ShowDialog(utility, IDM_BONDING_REMOTE_PHONES, "Remote Bonding Phones",
-               "bonding-remote-phones", look, IDOK);
+    ShowDialog(utility, IDM_BONDING_REMOTE_PHONES, "Remote Bonding Phones", "bonding-remote-phones",
+               look, IDOK);
 }
 
 void ChooseUserDataRate(const kit::Utility& utility) {

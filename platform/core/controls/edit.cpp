@@ -81,8 +81,8 @@ class Edit : public BasicControl {
             }
             return;
         }
-        const bool longer = text.size() > text_.Text().size();
-        if (longer && Has(ES_NUMBER) && text.find_first_not_of("0123456789") != text.npos) {
+        if (Has(ES_NUMBER) &&
+            text_.PutIn(text).find_first_not_of("0123456789") != std::string_view::npos) {
             Show();
             return;
         }

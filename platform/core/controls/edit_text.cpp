@@ -67,18 +67,24 @@ bool EditText::Follow(std::string_view edited, int start, int end) {
         Select(start, end);
         return text_ == edited;
     }
-    // What both texts begin and end with was there before; the rest is what was put in.
-    const std::string_view old = text_;
-    const auto before = static_cast<std::size_t>(
-        std::mismatch(old.begin(), old.end(), edited.begin()).first - old.begin());
-    std::size_t behind = 0;
-    while (behind < old.size() - before &&
-           old[old.size() - 1 - behind] == edited[edited.size() - 1 - behind])
-        ++behind;
-    const std::string inserted(edited.substr(before, edited.size() - before - behind));
+    const std::string_view inserted = PutIn(edited);
+    const auto before = inserted.data() - edited.data();
+    const auto behind = static_cast<std::ptrdiff_t>(edited.size() - inserted.size()) - before;
     Select(static_cast<int>(before), Length() - static_cast<int>(behind));
     Replace(inserted);
     return false;
+}
+
+std::string_view EditText::PutIn(std::string_view edited) const {
+    // What both texts begin and end with was there before.
+    const std::string_view old = text_;
+    const auto before = static_cast<std::size_t>(
+        std::mismatch(old.begin(), old.end(), edited.begin(), edited.end()).first - old.begin());
+    const std::size_t most = std::min(old.size(), edited.size()) - before;
+    std::size_t behind = 0;
+    while (behind < most && old[old.size() - 1 - behind] == edited[edited.size() - 1 - behind])
+        ++behind;
+    return edited.substr(before, edited.size() - before - behind);
 }
 
 bool EditText::DeleteBackwards() {

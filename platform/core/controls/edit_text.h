@@ -33,6 +33,8 @@ class EditText {
     // The same for an edit that has left the text as it was. Whether something was put in place of
     // its like.
     bool FollowSame(int start, int end);
+    // The part of such a text that was put in.
+    std::string_view PutIn(std::string_view edited) const;
     // Deletes the selection, or without one the character before or behind, a whole line end as
     // one; whether anything went.
     bool DeleteBackwards();
