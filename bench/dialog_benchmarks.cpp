@@ -21,10 +21,12 @@ constexpr int kNames = 200;
 
 const char* openCaption = "";
 
-// With all that opening fills and reads from the board.
-void OpenAndClose(benchmark::State& state, INT_PTR (*open)(HINSTANCE, HWND), const char* caption) {
+// With all that opening fills and reads from the board, on settings that `prepare` has written.
+void OpenAndClose(benchmark::State& state, INT_PTR (*open)(HINSTANCE, HWND), const char* caption,
+                  void (*prepare)()) {
     const auto settings = std::filesystem::temp_directory_path() / "vxdtest-dialog-benchmark";
     SetEnvironmentVariableA("XDG_CONFIG_HOME", settings.c_str());
+    prepare();
     openCaption = caption;
     vdapi_Initialize(0);
     for (auto _ : state) {
@@ -35,10 +37,8 @@ void OpenAndClose(benchmark::State& state, INT_PTR (*open)(HINSTANCE, HWND), con
     std::filesystem::remove_all(settings);
 }
 
-// The same with 200 names of 127 characters in the list of variables used last.
-void OpenOnAFullList(benchmark::State& state) {
-    const auto folder = std::filesystem::temp_directory_path() / "vxdtest-benchmark-list";
-    SetEnvironmentVariableA("XDG_CONFIG_HOME", folder.c_str());
+// 200 names of 127 characters in the list of variables used last.
+void WriteLongList() {
     std::vector<SettingText> values;
     for (int place = 0; place < kNames; ++place) {
         std::string name = "vcx_" + std::to_string(place);
@@ -47,12 +47,12 @@ void OpenOnAFullList(benchmark::State& state) {
         values.push_back({setting::kVariableShape[place], "20001"});
     }
     WriteSettings(values);
-    OpenAndClose(state, OpenVariableAccess, "VCPXi Variable Access");
-    std::filesystem::remove_all(folder);
 }
 
-void Register(const char* name, INT_PTR (*open)(HINSTANCE, HWND), const char* caption) {
-    benchmark::RegisterBenchmark(name, OpenAndClose, open, caption)
+void Register(
+    const char* name, INT_PTR (*open)(HINSTANCE, HWND), const char* caption,
+    void (*prepare)() = [] {}) {
+    benchmark::RegisterBenchmark(name, OpenAndClose, open, caption, prepare)
         ->Unit(benchmark::kMicrosecond)
         ->UseRealTime();
 }
@@ -64,9 +64,8 @@ void RegisterDialogBenchmarks() {
     Register("OpenAndClose/SaecPorts", OpenSaecPorts, "Siemens AEC Ports");
     // Stores its 769 keys when it is closed.
     Register("OpenAndClose/Palette", OpenPalette, "Palette Dialog");
-    benchmark::RegisterBenchmark("OpenAndClose/200Variables", OpenOnAFullList)
-        ->Unit(benchmark::kMicrosecond)
-        ->UseRealTime();
+    Register("OpenAndClose/200Variables", OpenVariableAccess, "VCPXi Variable Access",
+             WriteLongList);
 }
 
 void DialogIsSeen() {
