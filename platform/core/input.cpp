@@ -316,6 +316,24 @@ void Wheel(WidgetId id, int turned, Point where) {
                       MAKELPARAM(onDesktop.x, onDesktop.y));
 }
 
+namespace {
+
+// The Menu key asks a control's parents for a menu, but where the control's own widget has one of
+// what can be done with its text.
+bool AsksForMenu(const Control& control, const KeyPress& key) {
+    switch (control.Kind()) {
+        case WidgetKind::kLineEdit:
+        case WidgetKind::kTextEdit:
+        case WidgetKind::kComboBox:
+        case WidgetKind::kSimpleCombo:
+            return false;
+        default:
+            return key.virtualKey == VK_APPS;
+    }
+}
+
+}  // namespace
+
 bool KeyPressed(WidgetId id, const KeyPress& key) {
     Window* window = FindWindowOf(ToHandle<HWND>(id));
     if (window == nullptr)
@@ -326,8 +344,10 @@ bool KeyPressed(WidgetId id, const KeyPress& key) {
     const char letter = key.character < 0x80 ? static_cast<char>(key.character) : '\0';
     const bool forDialog = IsDialogKey(*window, message, key.virtualKey, letter);
     // Windows of the program's own classes get all keys; a control's own widget handles the rest.
-    if (!forDialog && window->control != nullptr && !window->control->TakesKey(key.virtualKey))
+    if (!forDialog && window->control != nullptr && !window->control->TakesKey(key.virtualKey) &&
+        !AsksForMenu(*window->control, key)) {
         return false;
+    }
     QueueInput([key] { SetModifiers(key.shift, key.control, key.alt); });
     QueueKeyMessage(message, key.virtualKey, KeyDetails(key.character));
     QueueKeyMessage(system ? WM_SYSKEYUP : WM_KEYUP, key.virtualKey, 0);
