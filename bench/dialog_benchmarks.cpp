@@ -69,5 +69,7 @@ void RegisterDialogBenchmarks() {
 }
 
 void DialogIsSeen() {
-    PostMessageA(FindWindowA(nullptr, openCaption), WM_COMMAND, IDCANCEL, 0);
+    const HWND dialog = FindWindowA(nullptr, openCaption);
+    const bool hasOk = GetDlgItem(dialog, IDOK) != nullptr;
+    PostMessageA(dialog, WM_COMMAND, hasOk ? IDOK : IDCANCEL, 0);
 }
