@@ -15,10 +15,12 @@ using namespace board;
 
 namespace {
 
-// A transfer's size is a 16-bit quantity.
+// A transfer's size is a 16-bit quantity. Nothing is known of one in units that there are none of.
 size_t VariableBytes(uint32_t unitSize, int32_t count) {
     constexpr uint64_t kMost = 0xFFFF;
-    return count <= 0 ? 0 : static_cast<size_t>(std::min(kMost, uint64_t{unitSize} * count));
+    const bool isUnit = unitSize == 1 || unitSize == 2 || unitSize == 4;
+    return isUnit && count > 0 ? static_cast<size_t>(std::min(kMost, uint64_t{unitSize} * count))
+                               : 0;
 }
 
 CodecSoftware::File FileAt(const char* path) {
