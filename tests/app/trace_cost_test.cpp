@@ -16,7 +16,8 @@ thread_local std::uint64_t allocations = 0;
 
 }  // namespace
 
-void* operator new(std::size_t size) {
+// Not inlined: the compiler would take free() for a mismatch of what it has just seen allocated.
+[[gnu::noinline]] void* operator new(std::size_t size) {
     ++allocations;
     if (void* const memory = std::malloc(size == 0 ? 1 : size)) {
         return memory;
@@ -24,11 +25,11 @@ void* operator new(std::size_t size) {
     throw std::bad_alloc();
 }
 
-void operator delete(void* memory) noexcept {
+[[gnu::noinline]] void operator delete(void* memory) noexcept {
     std::free(memory);
 }
 
-void operator delete(void* memory, std::size_t) noexcept {
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept {
     std::free(memory);
 }
 
