@@ -153,6 +153,9 @@ void AppendQuoted(std::string& output, std::string_view text) {
             (output += '\\') += character;
         } else if (IsControl(character[0])) {
             Append(output, "\\u%04X", static_cast<unsigned>(character[0]));
+        } else if (IsLateControl(character)) {
+            Append(output, "\\u%04X",
+                   static_cast<unsigned>(static_cast<unsigned char>(character[1])));
         } else {
             output += character;
         }

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -51,8 +52,9 @@ bool LogFile::Write(std::string_view lines) {
     const off_t before = lseek(file_, 0, SEEK_END);
     std::size_t done = 0;
     while (done < lines.size()) {
-        const auto written =
-            write(file_, lines.data() + done, static_cast<unsigned>(lines.size() - done));
+        // A system that ends the program may end a long write within it.
+        const std::size_t end = std::min(lines.find('\n', done), lines.size() - 1) + 1;
+        const auto written = write(file_, lines.data() + done, static_cast<unsigned>(end - done));
         if (written > 0) {
             done += static_cast<std::size_t>(written);
         } else if (written == 0 || errno != EINTR) {

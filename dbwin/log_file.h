@@ -8,10 +8,10 @@
 
 namespace dbwin {
 
-// Lines go behind what the file holds. It consists of whole lines whenever it is looked at and
-// whatever ends the viewer: each batch is one write, and what a full disk leaves of one is taken
-// back. A torn last line that is found in it, left by a loss of power, is ended first. What is
-// written reaches the disk within about a second.
+// Lines go behind what the file holds, one by one, and what a full disk leaves of a batch is taken
+// back. So the file consists of whole lines, but for a last one that is cut where the system killed
+// the viewer in the middle of it or the power failed: such a one is ended by the next viewer before
+// it adds its own. What is written reaches the disk within about a second.
 class LogFile {
   public:
     // On failure `error` says why, and nothing may be written.

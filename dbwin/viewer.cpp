@@ -68,7 +68,12 @@ void Viewer::Run(Child* child, Keys& keys) {
             end = std::chrono::steady_clock::now() + kLastWords;
         }
     }
+    // What had come by then: a program that goes on writing must not keep the viewer from its end.
+    const auto asked = std::chrono::system_clock::now();
     while (const auto line = monitor_.Next(milliseconds(0))) {
+        if (line->lost == 0 && line->received > asked) {
+            break;
+        }
         Take(*line);
     }
     Flush();

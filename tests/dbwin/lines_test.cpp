@@ -64,9 +64,9 @@ TEST(DbwinForm, ShowsALineOnOneRowThatActsOnNoTerminal) {
 }
 
 TEST(DbwinForm, WritesJsonThatIsUtf8AndLosesNoByte) {
-    EXPECT_EQ(Shown(Form::kJson, "412*3F: [20]KO\"R:\t a\\b\x01\n"),
+    EXPECT_EQ(Shown(Form::kJson, "412*3F: [20]KO\"R:\t a\\b\x01\xC2\x9B\n"),
               "\",\"process\":4711,\"severity\":20,\"level\":\"warn\",\"source\":\"KO\\\"R\","
-              "\"milliseconds\":412,\"prefixProcess\":\"3F\",\"text\":\"a\\\\b\\u0001\"}\n");
+              "\"milliseconds\":412,\"prefixProcess\":\"3F\",\"text\":\"a\\\\b\\u0001\\u009B\"}\n");
     // An overlong slash, half of a pair of surrogates, a character cut off.
     EXPECT_EQ(Shown(Form::kJson, "\xC0\xAF \xED\xA0\x80 \xE2\x82"),
               "\",\"process\":4711,\"text\":\"\xEF\xBF\xBD\xEF\xBF\xBD "

@@ -6,7 +6,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
+#include <atomic>
 #include <chrono>
 #include <cstdlib>
 #include <string>
@@ -116,7 +118,7 @@ TEST_F(DbwinProgram, GetsTwoHundredThousandLinesASecondCompleteAndInOrder) {
     }
 }
 
-TEST_F(DbwinProgram, ThatIsKilledLeavesAWholeFileAndItsPlaceToTheNext) {
+TEST_F(DbwinProgram, ThatIsKilledLeavesWholeLinesButForALastOneAndItsPlaceToTheNext) {
     for (int round = 0; round < 3; ++round) {
         BeginAndWait({"-j", "-o", folder_ / "log"});
         const std::string before = ReadBytes(folder_ / "log");
@@ -131,8 +133,33 @@ TEST_F(DbwinProgram, ThatIsKilledLeavesAWholeFileAndItsPlaceToTheNext) {
         kill(viewer_, SIGKILL);
         write(500);
         End(0);
-        EXPECT_TRUE(ReadBytes(folder_ / "log").ends_with("x\"}\n"));
+        const std::string killed = ReadBytes(folder_ / "log");
+        const std::string whole =
+            killed.substr(before.size(), killed.rfind('\n') + 1 - before.size());
+        EXPECT_TRUE(whole.ends_with("x\"}\n"));
+        EXPECT_EQ(std::ranges::count(whole, '{'), std::ranges::count(whole, '\n'));
+        BeginAndWait({"-j", "-o", folder_ / "log"});
+        EXPECT_TRUE(ReadBytes(folder_ / "log").ends_with('\n')) << "what was cut is ended";
+        kill(viewer_, SIGTERM);
+        End(0);
     }
+}
+
+TEST_F(DbwinProgram, EndsThoughLinesKeepComing) {
+    BeginAndWait({"-q"});
+    std::atomic<bool> enough = false;
+    std::thread flood([&enough] {
+        while (!enough) {
+            OutputDebugStringA("line\n");
+        }
+    });
+    std::this_thread::sleep_for(milliseconds(300));
+    kill(viewer_, SIGTERM);
+    const bool ended = WaitFor([this] { return waitpid(viewer_, nullptr, WNOHANG) == viewer_; });
+    enough = true;
+    flood.join();
+    EXPECT_TRUE(ended);
+    viewer_ = ended ? 0 : viewer_;
 }
 
 TEST_F(DbwinProgram, ListensAloneAndSaysSo) {
