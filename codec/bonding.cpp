@@ -117,12 +117,15 @@ void OpenParams(HWND dialog) {
     GetParams(dialog);
 }
 
-// The lists show the rate whatever it is that they tell.
-bool FollowLists(HWND dialog, int id, int /*code*/) {
+// The lists show the rate whatever it is that they tell, but for being opened: a report's box would
+// close the list again, and the mouse could never choose from it.
+bool FollowLists(HWND dialog, int id, int code) {
     if (id != IDC_BOND_BCR && id != IDC_BOND_RMULT) {
         return false;
     }
-    ShowChosenRate(dialog);
+    if (code != CBN_DROPDOWN) {
+        ShowChosenRate(dialog);
+    }
     return true;
 }
 

@@ -120,10 +120,11 @@ TEST_F(Bonding, AListWithoutASelectionIsReportedOnceAndStopsTheSetting) {
     EXPECT_EQ(ReceivedCalls(), Texts{});
     EXPECT_EQ(dialog.Text(IDC_BOND_RATE), "0");
     kit::RunStep([&] {
-        for (const int list : {IDC_BOND_BCR, IDC_BOND_RMULT}) {
-            SendDlgItemMessageA(dialog.Handle(), list, CB_SETCURSEL, 1, 0);
-        }
+        SendDlgItemMessageA(dialog.Handle(), IDC_BOND_BCR, CB_SHOWDROPDOWN, TRUE, 0);
+        SendDlgItemMessageA(dialog.Handle(), IDC_BOND_RMULT, CB_SETCURSEL, 1, 0);
+        SendDlgItemMessageA(dialog.Handle(), IDC_BOND_BCR, CB_SETCURSEL, 1, 0);
     });
+    EXPECT_TRUE(IsInFront(dialog)) << "a list that is opened can be chosen from";
     dialog.Pick(IDC_BOND_BCR, "64K");
     EXPECT_EQ(dialog.Text(IDC_BOND_RATE), "64000");
     dialog.Press(IDOK);
