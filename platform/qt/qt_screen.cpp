@@ -11,6 +11,7 @@
 #include <QWindow>
 #include <algorithm>
 #include <chrono>
+#include <clocale>
 #include <vector>
 
 #include "platform/qt/accessibility.h"
@@ -75,6 +76,8 @@ QtScreen::QtScreen()
       watcher_(std::make_unique<Watcher>(*this)) {
     timeLimit_->setSingleShot(true);
     answerTime_->setSingleShot(true);
+    // Qt has taken the desktop's, with its decimal comma; the program's numbers are its own.
+    std::setlocale(LC_NUMERIC, "C");
     qt::InstallAccessibility();
 }
 

@@ -19,6 +19,7 @@
 #include <QWindow>
 #include <algorithm>
 #include <chrono>
+#include <clocale>
 #include <functional>
 #include <future>
 #include <memory>
@@ -1120,6 +1121,11 @@ TEST_F(WindowTest, AnOwnerOfADialogTakesNoInputAndLooksAsBefore) {
     EXPECT_EQ(OnUserInterface([] { return GetActiveWindow(); }), window_);
     ClickBelow(Qt::LeftButton);
     EXPECT_EQ(TakeMessages(WM_LBUTTONDOWN), 1u);
+}
+
+TEST_F(WindowTest, NumbersAreWrittenInTheProgramsWayWhateverTheDesktopsLanguage) {
+    EXPECT_STREQ(std::setlocale(LC_CTYPE, nullptr), "C.UTF-8");
+    EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
 }
 
 TEST_F(WindowTest, APictureOfTheDesktopShowsTheWindowAndItsOpenMenu) {
