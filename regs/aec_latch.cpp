@@ -61,8 +61,7 @@ void WriteValue(HWND dialog) {
         vdapi_AEC_SetMode(static_cast<uint16_t>(*value));
         return;
     }
-    SendDlgItemMessageA(dialog, IDC_AEC_LATCH_VALUE, EM_SETSEL, 0, -1);
-    SetFocus(GetDlgItem(dialog, IDC_AEC_LATCH_VALUE));
+    FocusOn(dialog, IDC_AEC_LATCH_VALUE);
 }
 
 constexpr auto kActions = std::to_array<DialogAction>({

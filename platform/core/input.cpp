@@ -318,8 +318,8 @@ void Wheel(WidgetId id, int turned, Point where) {
 
 namespace {
 
-// The Menu key asks a control's parents for a menu, but where the control's own widget has one of
-// what can be done with its text.
+// The Menu key, or Shift+F10 in its place, asks a control's parents for a menu, but where the
+// control's own widget has one of what can be done with its text.
 bool AsksForMenu(const Control& control, const KeyPress& key) {
     switch (control.Kind()) {
         case WidgetKind::kLineEdit:
@@ -328,7 +328,8 @@ bool AsksForMenu(const Control& control, const KeyPress& key) {
         case WidgetKind::kSimpleCombo:
             return false;
         default:
-            return key.virtualKey == VK_APPS;
+            return key.virtualKey == VK_APPS ||
+                   (key.virtualKey == VK_F10 && key.shift && !key.control);
     }
 }
 

@@ -190,6 +190,9 @@ TEST_F(SaecLevels, ShowWhatIsMeasuredOnceSomebodyAsksForIt) {
     EXPECT_EQ(Shown(), (Texts{"LU: 0x7FFF,\n AGCX: 0x7FFF,\n AGCR: 0x7FFF,\n GX: 0x7FFF,\n GR: "
                               "0x7FFF",
                               "LU:  96.3 db,\n GX:  96.3 db,\n GR:  96.3 db"}));
+    board::StickBits("vdapi_SAEC_Read", 0xFFFF'FFFF);
+    TickAt(60000);
+    EXPECT_EQ(Shown()[1], "LU: 192.7 db,\n GX: 192.7 db,\n GR: 192.7 db");
     board::FailAlways("vdapi_SAEC_Read", VXD_TIMEOUT_FAILURE);
     EXPECT_EQ(TickAt(61000), kTick) << "reads may fail";
     EXPECT_EQ(Shown(), (Texts{"LU: 0x0000,\n AGCX: 0x0000,\n AGCR: 0x0000,\n GX: 0x0000,\n GR: "
@@ -292,8 +295,9 @@ TEST_F(AkmControl, DrawsAllItsControlsFromTheRegisters) {
     }
     EXPECT_EQ(ReceivedCalls(), reads);
     const std::array<uint8_t, 8> levels{0x9F, 0x0A, 0x80, 0x00, 0x5F, 0xE3, 0x1E, 0x81};
+    constexpr std::array<uint8_t, 8> kNumbers{0, 1, 2, 3, 8, 9, 0xA, 0xB};
     for (std::size_t at = 0; at < levels.size(); ++at) {
-        SetRegister(akm::kSliders[at].registerNumber, levels[at]);
+        SetRegister(kNumbers[at], levels[at]);
     }
     for (uint32_t number = 0x10; number <= 0x15; ++number) {
         SetRegister(number, 0);
