@@ -3,6 +3,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "res/resource.h"
 #include "services/diagnostics.h"
@@ -97,20 +98,24 @@ void Open(HWND dialog) {
     ReadEntry(dialog);
 }
 
-void StoreColours(const ColourTable& table) {
+SettingText TextOf(const IntegerSetting& setting, int value) {
+    return {{setting.file, setting.section, setting.key, "", setting.number},
+            std::to_string(value)};
+}
+
+// All together, so that the end of the program leaves no table of two times.
+void Store(HWND dialog) {
+    const ColourTable& table = TableOf(dialog);
+    std::vector<SettingText> values;
     const auto entries = static_cast<int>(table.colours.size());
     for (int entry = table.firstEntry; entry < entries; ++entry) {
         const uint32_t colour = table.colours[static_cast<std::size_t>(entry)];
-        WriteSetting(table.red[entry], static_cast<uint8_t>(colour));
-        WriteSetting(table.green[entry], static_cast<uint8_t>(colour >> 8));
-        WriteSetting(table.blue[entry], static_cast<uint8_t>(colour >> 16));
+        values.push_back(TextOf(table.red[entry], static_cast<uint8_t>(colour)));
+        values.push_back(TextOf(table.green[entry], static_cast<uint8_t>(colour >> 8)));
+        values.push_back(TextOf(table.blue[entry], static_cast<uint8_t>(colour >> 16)));
     }
-}
-
-void Store(HWND dialog) {
-    const ColourTable& table = TableOf(dialog);
-    StoreColours(table);
-    WriteSetting(table.initialEntry, static_cast<int>(ChosenOrFirstEntry(dialog)));
+    values.push_back(TextOf(table.initialEntry, static_cast<int>(ChosenOrFirstEntry(dialog))));
+    WriteSettings(values);
 }
 
 constexpr auto kActions = std::to_array<DialogAction>({
