@@ -146,7 +146,7 @@ TEST_F(DbwinProgram, ThatIsKilledLeavesWholeLinesButForALastOneAndItsPlaceToTheN
 }
 
 TEST_F(DbwinProgram, EndsThoughLinesKeepComing) {
-    BeginAndWait({"-q"});
+    BeginAndWait({});
     std::atomic<bool> enough = false;
     std::thread flood([&enough] {
         while (!enough) {
