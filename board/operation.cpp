@@ -102,8 +102,9 @@ Operation::~Operation() {
     simulation.calls.push_back(std::move(call_));
     simulation.worker.Attend();
     const Outbox outbox = std::exchange(simulation.state.outbox, {});
+    PostMessages(outbox);
     lock_.unlock();
-    Deliver(outbox);
+    WriteLines(outbox);
 }
 
 State& Operation::TheState() const {

@@ -11,9 +11,8 @@
 //      stuck read 1 in what it gives;
 //   5. remembers the call, with its result, for the control interface;
 //   6. wakes the board's own thread where there is something for it to do;
-//   7. tells of the call as far as the debug levels want it (board/trace.h), gives the lock back
-//      and delivers what is in the outbox: messages to windows, lines of debug
-//      output, the call itself as a line if that is wanted.
+//   7. tells of the call as far as the debug levels want it (board/trace.h), and as a line if that
+//      is wanted; posts the messages in the outbox, gives the lock back, and writes the lines.
 //
 // Operations may be called from any thread. While one works it must not wait for a window: whoever
 // serves the window may be waiting for the board.

@@ -15,14 +15,18 @@ struct Message {
     LPARAM lParam = 0;
 };
 
-// Filled under the board's lock and delivered after it was given back, since whoever receives it
-// may be waiting for the board.
+// Filled under the board's lock.
 struct Outbox {
     std::vector<Message> messages;   // posted to their windows
     std::vector<std::string> lines;  // written to the system's debug output, line ends included
 };
 
-// Without the board's lock. A window that is gone is passed over.
-void Deliver(const Outbox& outbox);
+// Under the board's lock, so that the messages of several threads come in the order of what they
+// tell; posting waits for nobody. A window that is gone is passed over.
+void PostMessages(const Outbox& outbox);
+
+// After the lock was given back: a viewer that the debug output waits for may be waiting for the
+// board.
+void WriteLines(const Outbox& outbox);
 
 }  // namespace board

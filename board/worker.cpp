@@ -57,8 +57,9 @@ void Worker::Run(unsigned turn) {
         }
         state.schedule.TakeNext()(state);
         const Outbox outbox = std::exchange(state.outbox, {});
+        PostMessages(outbox);
         lock.unlock();
-        Deliver(outbox);
+        WriteLines(outbox);
         lock.lock();
     }
 }

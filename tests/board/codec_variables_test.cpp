@@ -1,6 +1,7 @@
 // The codec processor's variables: transfers by name, and the repeated test of one.
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <chrono>
 #include <string>
 #include <thread>
@@ -111,7 +112,8 @@ TEST_F(CodecVariables, TellThatATransferIsOver) {
     SharedWords& words = GetSharedWords();
     words.VcpGetFlag = 0x10001;
     words.VcpSetFlag = 0x10001;
-    const auto isClear = [](const volatile uint32_t& flag) {
+    const auto isClear = [](volatile uint32_t& word) {
+        const std::atomic_ref flag(const_cast<uint32_t&>(word));
         for (int i = 0; i < 500 && flag != 0; ++i) {
             std::this_thread::sleep_for(10ms);
         }
