@@ -58,8 +58,8 @@ void GetParams(HWND dialog) {
         ReportFailure(dialog, code, "BondProc: BondGetParams");
         return;
     }
-    SendDlgItemMessageA(dialog, IDC_BOND_BCR, CB_SETCURSEL, bcr, 0);
-    SendDlgItemMessageA(dialog, IDC_BOND_RMULT, CB_SETCURSEL, rmult, 0);
+    SelectRow(dialog, IDC_BOND_BCR, bcr);
+    SelectRow(dialog, IDC_BOND_RMULT, rmult);
     ShowRate(dialog, bcr, rmult);
     if (BondDialogKind == kLocalBondParams) {
         CheckDlgButton(dialog, IDC_BOND_ON, BondOnFlag != 0 ? BST_CHECKED : BST_UNCHECKED);

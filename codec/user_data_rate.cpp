@@ -94,7 +94,7 @@ void ShowRates(HWND dialog) {
         currentRow = static_cast<uint16_t>(ReadSetting(*table.lastRow));
     }
     // A row beyond the list leaves it without a selection.
-    SendDlgItemMessageA(dialog, IDC_USER_DATA_RATE, CB_SETCURSEL, currentRow, 0);
+    SelectRow(dialog, IDC_USER_DATA_RATE, currentRow);
 }
 
 // Without a selection there is nothing to confirm yet.

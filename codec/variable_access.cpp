@@ -259,7 +259,7 @@ void TestVcpxiVariable(HWND dialog) {
 }
 
 void ShowShape(HWND dialog, VariableShape shape) {
-    SendDlgItemMessageA(dialog, IDC_VARIABLE_UNIT, CB_SETCURSEL, shape.unit, 0);
+    SelectRow(dialog, IDC_VARIABLE_UNIT, shape.unit);
     ShowField(dialog, IDC_VARIABLE_COUNT, "%u", unsigned{shape.count});
 }
 

@@ -69,7 +69,7 @@ WPARAM EntryOf(uint16_t level) {
 }
 
 void ShowLevel(HWND dialog, uint16_t level) {
-    SendDlgItemMessageA(dialog, IDC_DEBUG_LEVEL, CB_SETCURSEL, EntryOf(level), 0);
+    SelectRow(dialog, IDC_DEBUG_LEVEL, EntryOf(level));
 }
 
 void ShowModuleLevel(HWND dialog) {

@@ -142,6 +142,11 @@ void AddComboRows(HWND dialog, int id, std::span<const NamedNumber> rows) {
     }
 }
 
+void SelectRow(HWND dialog, int id, std::size_t row) {
+    const auto count = static_cast<std::size_t>(SendDlgItemMessageA(dialog, id, CB_GETCOUNT, 0, 0));
+    SendDlgItemMessageA(dialog, id, CB_SETCURSEL, row < count ? row : static_cast<WPARAM>(-1), 0);
+}
+
 std::optional<uint16_t> SelectedRow(HWND dialog, int id) {
     const LRESULT row = SendDlgItemMessageA(dialog, id, CB_GETCURSEL, 0, 0);
     return row == CB_ERR ? std::nullopt : std::optional(static_cast<uint16_t>(row));

@@ -81,6 +81,8 @@ struct NamedNumber {
 
 // Appends the rows in order, as far as the box takes them.
 void AddComboRows(HWND dialog, int id, std::span<const NamedNumber> rows);
+// Selects the row of that number, counted from 0; none where there is no such row.
+void SelectRow(HWND dialog, int id, std::size_t row);
 // The number of the selected row, counted from 0; nothing where none is.
 std::optional<uint16_t> SelectedRow(HWND dialog, int id);
 // What the selected row carries; the first row counts as selected where none is.

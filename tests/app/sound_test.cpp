@@ -436,7 +436,10 @@ TEST_F(AkmControl, SlidersFollowKeysWheelAndMouse) {
     EXPECT_EQ(ReceivedOnDoing([=] { kit::TurnWheel(bar, 2); }), writes({"12", "13", "13"}));
     EXPECT_EQ(ReceivedOnDoing([=] { kit::TurnWheel(bar, -1); }), writes({"12", "12"}));
     EXPECT_EQ(label(), "Voice Left (Rmt):  0x12");
-    EXPECT_EQ(ReceivedOnDoing([=] { kit::PressThumb(bar, 0x12); }), writes({"12", "12"}));
+    EXPECT_EQ(
+        ReceivedOnDoing([=] { kit::PressThumb(bar, 0x12); }),
+        kit::ExceptOn(WindowSystem::kWine, writes({"12", "12", "12"}),
+                      "tells of the thumb's place as it is pressed too", writes({"12", "12"})));
     const Texts dragged = ReceivedOnDoing([=] { kit::DragThumbToEnd(bar, 31); });
     ASSERT_GE(dragged.size(), 3u);
     EXPECT_EQ(dragged.front(), WriteAkm("2, 12")) << "it is moved where it is let go";

@@ -135,7 +135,10 @@ bool Dialog::IsChecked(int id) const {
 
 int Dialog::FocusedId() const {
     return OnUserInterface([this] {
-        const HWND focus = GetFocus();
+        HWND focus = GetFocus();
+        // A combo box has its text in a control of its own on some systems.
+        if (focus != nullptr && GetParent(GetParent(focus)) == window_)
+            focus = GetParent(focus);
         return focus != nullptr && GetParent(focus) == window_ ? GetDlgCtrlID(focus) : 0;
     });
 }
@@ -169,7 +172,8 @@ void Dialog::Type(int id, const std::string& text) const {
     ASSERT_TRUE(IsEnabled(id)) << "control " << id << " takes no typing";
     OnUserInterface([field] {
         SetFocus(field);
-        SendMessageA(field, EM_SETSEL, 0, -1);
+        // A combo box hands the focus on to the text that it has in a control of its own.
+        SendMessageA(GetFocus(), EM_SETSEL, 0, -1);
     });
     if (text.empty())
         PostMessageA(field, WM_CHAR, VK_BACK, 0);
