@@ -155,7 +155,8 @@ TEST_F(DbwinProgram, EndsThoughLinesKeepComing) {
     });
     std::this_thread::sleep_for(milliseconds(300));
     kill(viewer_, SIGTERM);
-    const bool ended = WaitFor([this] { return waitpid(viewer_, nullptr, WNOHANG) == viewer_; });
+    bool ended = false;
+    WaitFor([&] { return ended = ended || waitpid(viewer_, nullptr, WNOHANG) == viewer_; });
     enough = true;
     flood.join();
     EXPECT_TRUE(ended);
