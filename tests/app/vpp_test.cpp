@@ -93,11 +93,11 @@ TEST_F(SetVppMode, OffersInterpolationFrameByFrameAndItsParametersWithAMethod) {
 }
 
 // The word that stands in the settings before the first opening, and the button checked then.
-class StoredVppMode : public testing::TestWithParam<std::pair<const char*, int>> {};
+class StoredVppMode : public testing::TestWithParam<std::pair<std::string, int>> {};
 
 TEST_P(StoredVppMode, IsTakenAtTheFirstOpeningOfARun) {
     kit::SettingsFolder settings;
-    settings.Write(kit::kOwnFile, kSection, "VPP_Mode", GetParam().first);
+    settings.Write(kit::kOwnFile, kSection, "VPP_Mode", GetParam().first.c_str());
     const kit::Utility utility(settings);
     utility.Command(IDM_VPP_SET_MODE);
     const kit::Dialog dialog = kit::WaitForDialog("Set VPP Mode");
