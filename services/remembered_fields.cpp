@@ -1,7 +1,6 @@
 #include "services/remembered_fields.h"
 
 #include <cstdint>
-#include <string>
 #include <vector>
 
 #include "services/dialog_kit.h"
@@ -16,9 +15,7 @@ void RecallHexFields(HWND dialog, std::span<const RememberedHexField> fields) {
 void RememberHexFields(HWND dialog, std::span<const RememberedHexField> fields) {
     std::vector<SettingText> values;
     for (const auto& [id, setting] : fields) {
-        const auto number = static_cast<uint16_t>(ReadHexShort(dialog, id));
-        values.push_back({{setting.file, setting.section, setting.key, "", setting.number},
-                          std::to_string(number)});
+        values.push_back(TextOf(setting, static_cast<uint16_t>(ReadHexShort(dialog, id))));
     }
     WriteSettings(values);
 }

@@ -49,6 +49,11 @@ void WriteSetting(const TextSetting& setting, const std::string& text) {
     Write(setting, text);
 }
 
+SettingText TextOf(const IntegerSetting& setting, int value) {
+    return {{setting.file, setting.section, setting.key, "", setting.number},
+            std::to_string(value)};
+}
+
 void WriteSettings(std::span<const SettingText> values) {
     if (values.empty())
         return;

@@ -122,3 +122,5 @@ struct SettingText {
     std::string text;
 };
 void WriteSettings(std::span<const SettingText> values);
+// An integer as one of them.
+SettingText TextOf(const IntegerSetting& setting, int value);

@@ -98,11 +98,6 @@ void Open(HWND dialog) {
     ReadEntry(dialog);
 }
 
-SettingText TextOf(const IntegerSetting& setting, int value) {
-    return {{setting.file, setting.section, setting.key, "", setting.number},
-            std::to_string(value)};
-}
-
 // All together, so that the end of the program leaves no table of two times.
 void Store(HWND dialog) {
     const ColourTable& table = TableOf(dialog);
