@@ -76,6 +76,19 @@ std::string OneLineOf(const std::string& lines) {
     return ReplacePairs(lines, '\r', "; ");
 }
 
+// A line's form that comes back whole: LinesOf takes a blank with each semicolon, so one that was
+// typed without gets it.
+std::string StoredForm(const std::string& oneLine) {
+    std::string stored;
+    for (std::size_t at = 0; at < oneLine.size(); ++at) {
+        stored += oneLine[at];
+        if (oneLine[at] == ';' && oneLine.compare(at + 1, 1, " ") != 0) {
+            stored += ' ';
+        }
+    }
+    return stored;
+}
+
 // The names in their brackets. What stands outside of brackets is none, nor is one that is left
 // open.
 std::vector<std::string> SectionsIn(const std::string& text) {
@@ -175,7 +188,7 @@ bool Take(HWND dialog, Download& download) {
     download.sections = OneLineOf(FieldText(dialog, IDC_DOWNLOAD_SECTIONS, kSectionsText));
     for (const File needed : {kCodec, kVcpIni}) {
         if (download.paths[needed].empty()) {
-            ShowBox(nullptr, "Empty FileName", kCaption, MB_ICONHAND);
+            ShowBox(nullptr, "Empty FileName", kCaption, MB_ICONHAND | MB_TASKMODAL);
             return false;
         }
     }
@@ -191,7 +204,7 @@ void Remember(const Download& download) {
     for (std::size_t file = 0; file < kPathFields.size(); ++file) {
         values.push_back({kPathFields[file].setting, download.paths[file]});
     }
-    values.push_back({setting::kDownloadSections, download.sections});
+    values.push_back({setting::kDownloadSections, StoredForm(download.sections)});
     WriteSettings(values);
 }
 

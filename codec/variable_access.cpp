@@ -84,7 +84,7 @@ std::string NameIn(HWND dialog) {
 }
 
 void SayUnder(const char* caption, const char* text) {
-    ShowBox(nullptr, text, caption, MB_OK);
+    ShowBox(nullptr, text, caption, MB_OK | MB_TASKMODAL);
 }
 
 // The driver clears the word from a context of its own.

@@ -324,6 +324,7 @@ typedef struct tagMINMAXINFO {
 #define MB_ICONEXCLAMATION 0x0030
 #define MB_ICONINFORMATION 0x0040
 #define MB_ICONMASK 0x00F0
+#define MB_TASKMODAL 0x2000
 #define DLGC_WANTARROWS 0x0001
 #define DLGC_WANTTAB 0x0002
 #define DLGC_WANTALLKEYS 0x0004
@@ -649,6 +650,7 @@ UINT WINAPI IsDlgButtonChecked(HWND dialog, int id);
 BOOL WINAPI CheckRadioButton(HWND dialog, int first, int last, int check);
 HWND WINAPI GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous);
 HWND WINAPI GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous);
+// MB_TASKMODAL counts without an owner only.
 int WINAPI MessageBoxA(HWND owner, LPCSTR text, LPCSTR title, UINT style);
 // Asks for a file. Gives FALSE where none was chosen; then the error tells why: 0 that the person
 // cancelled, FNERR_BUFFERTOOSMALL that the file's path does not fit.

@@ -127,5 +127,7 @@ int ShowMessage(HWND owner, MessageKind kind, const char* text, const char* deta
         message += std::string(": \n") + detail;
     if (message.size() > kLongestMessage)
         message.resize(kLongestMessage);
-    return ShowBox(owner, message.c_str(), kBoxStyles[index].title, kBoxStyles[index].style);
+    const UINT modality = owner == nullptr ? MB_TASKMODAL : 0;
+    return ShowBox(owner, message.c_str(), kBoxStyles[index].title,
+                   kBoxStyles[index].style | modality);
 }

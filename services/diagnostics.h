@@ -21,7 +21,7 @@ void SetDebugOutputLevel(uint16_t level);
 void ForceDebugOutputLevel(uint16_t level);
 
 // Names a failed driver operation and its error in a warning box, and waits until it is closed.
-// Silent for 0.
+// Silent for 0. Without an owner the box keeps input from all windows of the program.
 void ReportFailure(HWND owner, ResultCode code, const char* operation);
 
 enum class MessageKind {
@@ -32,12 +32,15 @@ enum class MessageKind {
 };
 
 // Shows a message box and waits until it is closed; gives the button that was pressed. Dialogs call
-// this and not the system's function: they need to know whether a box is open.
+// this and not the system's function: they need to know whether a box is open. A dialog answers no
+// command meanwhile, so a box that it shows without an owner is MB_TASKMODAL: nothing else takes
+// input then, instead of being silent.
 int ShowBox(HWND owner, const char* text, const char* caption, UINT style);
 // Whether one is open now; how many there have been in this run.
 bool BoxIsOpen();
 unsigned BoxesShown();
 
 // Shows text and detail, each of which may be null, in a message box: at most 255 characters in
-// all. Gives the button that was pressed; 0 for a kind that does not exist, which shows nothing.
+// all. Without an owner it keeps input from all windows of the program. Gives the button that was
+// pressed; 0 for a kind that does not exist, which shows nothing.
 int ShowMessage(HWND owner, MessageKind kind, const char* text, const char* detail);

@@ -24,15 +24,20 @@ Window* Successor(const Window& going) {
     return nullptr;
 }
 
-bool IsModal(const Window& window) {
-    return window.dialog != nullptr && window.dialog->owner != nullptr;
+bool ShutsOut(const Window& dialog, const Window& window) {
+    return dialog.dialog != nullptr &&
+           std::ranges::count(dialog.dialog->shutOut, window.handle) != 0;
 }
 
-// The frontmost window that takes input and lies, by its owners, over the given one: a modal
-// dialog, or any other where there is none.
+bool IsModal(const Window& window) {
+    return window.dialog != nullptr && (window.owner != nullptr || !window.dialog->shutOut.empty());
+}
+
+// The frontmost window that takes input and lies, by its owners or by what it shuts out, over the
+// given one: a modal dialog, or any other where there is none.
 Window* FrontOf(const Window& window) {
     const auto isOver = [&window](const Window* at) {
-        while (at != nullptr && at != &window)
+        while (at != nullptr && at != &window && !ShutsOut(*at, window))
             at = FindWindowOf(at->owner);
         return at != nullptr;
     };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "platform/core/activation.h"
 #include "platform/core/icon.h"
@@ -153,10 +154,23 @@ void RunModalLoop(HWND handle) {
     }
 }
 
-void EnableOwner(DialogState& state) {
-    if (state.ownerWasEnabled)
-        EnableWindow(state.owner, TRUE);
-    state.ownerWasEnabled = false;
+// Disables those of a dialog's windows that take input, and tells which they were.
+std::vector<HWND> ShutOut(HWND owner, Modality modality) {
+    std::vector<HWND> windows;
+    for (const Window* window : TopLevelWindows()) {
+        const bool isMeant =
+            window->handle == owner || (modality == Modality::kAllWindows && window->IsVisible());
+        if (isMeant && window->IsEnabled())
+            windows.push_back(window->handle);
+    }
+    for (const HWND window : windows)
+        EnableWindow(window, FALSE);
+    return windows;
+}
+
+void LetIn(const std::vector<HWND>& windows) {
+    for (const HWND window : windows)
+        EnableWindow(window, TRUE);
 }
 
 }  // namespace
@@ -176,33 +190,29 @@ Rect ToDialogUnits(const Rect& pixels) {
 }
 
 INT_PTR RunDialog(HINSTANCE instance, const DialogTemplate& dialogTemplate, HWND owner,
-                  DLGPROC procedure, LPARAM parameter) {
+                  DLGPROC procedure, LPARAM parameter, Modality modality) {
     Window* given = FindWindowOf(owner);
     if (owner != nullptr && given == nullptr)
         return -1;
     const HWND top = given != nullptr ? TopLevelOf(*given).handle : nullptr;
-    const bool ownerWasEnabled = top != nullptr && IsWindowEnabled(top);
-    EnableWindow(top, FALSE);
+    const std::vector<HWND> shutOut = ShutOut(top, modality);
     const HWND handle = MakeDialog(instance, dialogTemplate, top, procedure, parameter);
     Window* dialog = FindWindowOf(handle);
     if (dialog == nullptr) {
-        if (ownerWasEnabled)
-            EnableWindow(top, TRUE);
+        LetIn(shutOut);
         return handle == nullptr ? -1 : 0;
     }
-    dialog->dialog->owner = top;
-    dialog->dialog->ownerWasEnabled = ownerWasEnabled;
+    dialog->dialog->shutOut = shutOut;
     ModalDialogs().push_back(handle);
     RunModalLoop(handle);
     std::erase(ModalDialogs(), handle);
     dialog = FindWindowOf(handle);
     if (dialog == nullptr) {
-        if (ownerWasEnabled)
-            EnableWindow(top, TRUE);
+        LetIn(shutOut);
         return 0;
     }
     const INT_PTR result = dialog->dialog->result;
-    EnableOwner(*dialog->dialog);
+    LetIn(std::exchange(dialog->dialog->shutOut, {}));
     DestroyWindow(handle);
     return result;
 }
@@ -265,9 +275,11 @@ BOOL WINAPI EndDialog(HWND handle, INT_PTR result) {
         return FALSE;
     dialog->dialog->result = result;
     dialog->dialog->ended = true;
-    // The owner must be enabled before the dialog goes, or the desktop would activate another
-    // program's window in its place.
-    vxd::EnableOwner(*dialog->dialog);
+    // The windows must be enabled before the dialog goes, or the desktop would activate another
+    // program's in its place.
+    vxd::LetIn(std::exchange(dialog->dialog->shutOut, {}));
+    if (dialog = FindWindowOf(handle); dialog == nullptr)
+        return TRUE;
     if (const Window* focus = FindWindowOf(GetFocus());
         focus != nullptr && vxd::IsInside(*focus, *dialog))
         SetFocus(handle);

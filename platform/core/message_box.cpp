@@ -147,6 +147,8 @@ INT_PTR CALLBACK MessageBoxProcedure(HWND box, UINT message, WPARAM wParam, LPAR
 int WINAPI MessageBoxA(HWND owner, LPCSTR text, LPCSTR title, UINT style) {
     const vxd::DialogTemplate box =
         vxd::LayOut(text != nullptr ? text : "", title != nullptr ? title : "Error", style);
-    return static_cast<int>(vxd::RunDialog(GetModuleHandleA(nullptr), box, owner,
-                                           vxd::MessageBoxProcedure, static_cast<LPARAM>(style)));
+    const bool shutsOutAll = owner == nullptr && (style & MB_TASKMODAL) != 0;
+    return static_cast<int>(vxd::RunDialog(
+        GetModuleHandleA(nullptr), box, owner, vxd::MessageBoxProcedure, static_cast<LPARAM>(style),
+        shutsOutAll ? vxd::Modality::kAllWindows : vxd::Modality::kOwner));
 }

@@ -62,10 +62,9 @@ struct WindowClass {
 struct DialogState {
     INT_PTR result = 0;
     bool ended = false;
-    bool ownerWasEnabled = false;
     int defaultId = 0;          // 0: no button is, and Enter stands for OK
     HWND savedFocus = nullptr;  // who had the focus when the dialog was last active
-    HWND owner = nullptr;
+    std::vector<HWND> shutOut;  // the windows that are disabled while it runs
 };
 
 struct Window {

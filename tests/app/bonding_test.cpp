@@ -44,11 +44,27 @@ class Bonding : public CommandTest {
         return std::string(kSetOperation) + "(\"" + name + "\", 1, 1, address, 21) " + byte;
     }
 
-    // The reports of one failure, level by level.
+    // The reports of one failure, level by level; no other window takes input meanwhile.
     static void MeetReports(std::initializer_list<const char*> names, const char* error) {
         for (const char* name : names) {
+            kit::WaitForDialog(kWarning);
+            EXPECT_EQ(EnabledWindows(), 1);
             kit::MeetBox(kWarning, std::string(name) + ": \n" + error);
         }
+    }
+
+    static int EnabledWindows() {
+        return kit::OnUserInterface([] {
+            int enabled = 0;
+            const auto count = [](HWND window, LPARAM sum) -> BOOL {
+                if (IsWindowVisible(window) && IsWindowEnabled(window)) {
+                    ++*reinterpret_cast<int*>(sum);
+                }
+                return TRUE;
+            };
+            EnumThreadWindows(GetCurrentThreadId(), count, reinterpret_cast<LPARAM>(&enabled));
+            return enabled;
+        });
     }
 
     static bool IsInFront(const kit::Dialog& dialog) {
@@ -177,7 +193,14 @@ TEST_F(Bonding, FailuresAreReportedAtEachLevelAndLeaveTheFieldsAlone) {
                 "VXD_INVALID_PARAMETER");
     EXPECT_EQ(Variable("vcx_oBondLocalRMult"), std::vector<uint32_t>{2});
     EXPECT_TRUE(IsInFront(dialog));
+    EXPECT_TRUE(IsWindowEnabled(dialog.Handle()));
+    dialog.Press(IDC_BOND_ON);
     dialog.Press(IDOK);
+    dialog = AskLocalPhones();
+    ExpectEnabled(dialog, kPhoneFields, false);
+    dialog.Press(IDOK);
+    SetVariable("vcx_bH320Caller", {1});
+    AskLocalParams().Key(VK_ESCAPE);
 
     dialog = AskLocalPhones();
     dialog.Type(IDC_BOND_PHONE_3, "77");

@@ -137,6 +137,12 @@ TEST_F(DownloadDialog, HandsOverWhatStandsInBrackets) {
     }
     EXPECT_EQ(Written(board::Calls()[0]),
               "vdapi_VcpCode_Download(\"\", \"C\", \"I\", \"\", 0, null)");
+    dialog_.Type(IDC_DOWNLOAD_SECTIONS, "[A];[B]; [C;D]");
+    EXPECT_EQ(Downloaded(), (Texts{"", "C", "I", "", "3", "[A]", "[B]", "[C;D]"}));
+    kit::MeetBox(kWarning, "vdapi_VcpCode_Download: \nVXD_FILE_OPEN_FAILURE");
+    dialog_.Press(IDCANCEL);
+    Open();
+    EXPECT_EQ(dialog_.Text(IDC_DOWNLOAD_SECTIONS), "[A]\r\n[B]\r\n[C\r\nD]") << "nothing is lost";
 }
 
 TEST_F(DownloadDialog, NeedsACodecAndAVcpIniAndRefusesWhatWouldBeCut) {

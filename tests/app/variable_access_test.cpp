@@ -35,6 +35,8 @@ class VariableAccess : public DialogTest {
     // Presses a button that sends nothing to the board but says something.
     void ExpectRefused(int button, const char* caption, const char* text) const {
         EXPECT_EQ(ReceivedOn(button), Texts{});
+        kit::WaitForDialog(caption);
+        EXPECT_FALSE(IsWindowEnabled(dialog_.Handle()));
         kit::MeetBox(caption, text, IDOK, MB_OK);
         EXPECT_TRUE(IsInFront());
     }

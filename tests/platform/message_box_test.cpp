@@ -94,6 +94,18 @@ TEST_F(MessageBoxes, WithoutATitleSayError) {
     EXPECT_EQ(Answer(), IDOK);
 }
 
+TEST_F(MessageBoxes, WithoutAnOwnerLeaveOtherWindowsAloneUnlessTheyAreToShutThemOut) {
+    const HWND other = owner_.Shown().Handle();
+    for (const auto& [style, enabled] : {std::pair{UINT{MB_OK}, true}, {MB_TASKMODAL, false}}) {
+        kit::BeginStep([style = style] { MessageBoxA(nullptr, "Text", "Title", style); });
+        const kit::Dialog box = kit::WaitForDialog("Title");
+        EXPECT_EQ(IsWindowEnabled(other) != 0, enabled);
+        box.Key(VK_RETURN);
+        EXPECT_TRUE(IsWindowEnabled(other));
+        EXPECT_EQ(kit::FrontDialog().Handle(), other);
+    }
+}
+
 TEST_F(MessageBoxes, AreAsWideAsTheirTitleNeeds) {
     const auto widthWith = [this](const char* title) {
         kit::BeginStep([=, this] { MessageBoxA(owner_.Shown().Handle(), "Text", title, MB_OK); });
