@@ -288,6 +288,9 @@ bool MenuRows::Enter() {
 }
 
 bool MenuRows::Open(char32_t letter) {
+    if (auto* row = dynamic_cast<Row*>(window_.focusWidget()); row != nullptr) {
+        row->Leave();
+    }
     const std::vector<std::size_t> marked = MarkedBy(letter);
     if (marked.empty()) {
         return false;

@@ -31,8 +31,8 @@ class MenuRows {
     // Gives the keyboard to the first entry, as the Alt key does; false without any.
     bool Enter();
     // Opens the menu, or runs the command of the bar, that the letter stands for, as the letter
-    // together with Alt does. Where several share it the first of them gets the keyboard. False
-    // where there is none.
+    // together with Alt does. Where several share it the first of them gets the keyboard,
+    // whichever has it now. False where there is none; the keyboard then is the window's again.
     bool Open(char32_t letter);
 
   private:

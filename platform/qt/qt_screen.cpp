@@ -33,6 +33,10 @@ namespace {
 // carrying out earlier requests.
 constexpr std::chrono::milliseconds kLongestAnswer{500};
 
+bool IsAltLetter(const input::KeyPress& key) {
+    return key.alt && !key.control && key.character != 0;
+}
+
 // An open menu of a window that takes no input any more would keep mouse and keyboard from the one
 // that does.
 void CloseMenusOf(const QWidget& window) {
@@ -485,9 +489,8 @@ bool QtScreen::InterceptShortcut(QWidget& receiver, QKeyEvent& event) {
     if (TakesKeysFirst(receiver))
         popupKey_ = 0;
     // What a key does in the program's windows is told below or said by the core; Qt's own
-    // mnemonics must not take it. An active menu bar has its keys for itself.
-    const QWidget* focus = receiver.window()->focusWidget();
-    if (ControlOf(receiver.window()) == nullptr || dynamic_cast<const QMenuBar*>(focus) != nullptr)
+    // mnemonics must not take it.
+    if (ControlOf(receiver.window()) == nullptr || IsMenuBars(receiver, event))
         return false;
     event.accept();
     return true;
@@ -499,9 +502,7 @@ bool QtScreen::InterceptKey(QWidget& receiver, QKeyEvent& event) {
     const bool isPress = event.type() == QEvent::KeyPress;
     const bool altCameAlone = std::exchange(altAlone_, false);
     const bool beganInPopup = isPress && std::exchange(popupKey_, 0) == event.key();
-    // An open menu or list and an active menu bar have their keys for themselves.
-    if (QApplication::activePopupWidget() != nullptr ||
-        dynamic_cast<const QMenuBar*>(receiver.window()->focusWidget()) != nullptr)
+    if (QApplication::activePopupWidget() != nullptr || IsMenuBars(receiver, event))
         return false;
     if (beganInPopup)
         return true;
@@ -522,13 +523,19 @@ bool QtScreen::TakesKeysFirst(const QWidget& receiver) {
     return focus != nullptr ? focus == &receiver : receiver.isWindow();
 }
 
+// An active menu bar has its keys for itself, but for a letter with Alt, which leaves it first.
+bool QtScreen::IsMenuBars(const QWidget& receiver, const QKeyEvent& event) {
+    return dynamic_cast<const QMenuBar*>(receiver.window()->focusWidget()) != nullptr &&
+           !IsAltLetter(qt::ToKeyPress(event));
+}
+
 bool QtScreen::OfferKey(QWidget& receiver, const QKeyEvent& event) {
     const input::KeyPress key = qt::ToKeyPress(event);
     auto* top = dynamic_cast<TopLevel*>(ControlOf(receiver.window()));
     const bool opensMenuBar = event.key() == Qt::Key_F10 && event.modifiers() == Qt::NoModifier;
     if (top != nullptr && opensMenuBar && top->EnterMenuBar())
         return true;
-    const bool isAltLetter = key.alt && !key.control && key.character != 0;
+    const bool isAltLetter = IsAltLetter(key);
     if (top != nullptr && isAltLetter && top->OpenMenu(key.character))
         return true;
     if (report_(input::KeyPressed, ControlOf(&receiver)->Id(), key))

@@ -101,6 +101,7 @@ class QtScreen final : public Screen {
     bool InterceptShortcut(QWidget& receiver, QKeyEvent& event);
     bool InterceptKey(QWidget& receiver, QKeyEvent& event);
     static bool TakesKeysFirst(const QWidget& receiver);
+    static bool IsMenuBars(const QWidget& receiver, const QKeyEvent& event);
     bool OfferKey(QWidget& receiver, const QKeyEvent& event);
     bool IsShutOut(const QWidget& receiver) const;
     // The same for something that a person does with the mouse, which leads to the window that

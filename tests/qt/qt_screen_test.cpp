@@ -894,6 +894,27 @@ TEST_F(WindowTest, ALetterThatEntriesOfTheMenuBarShareLeadsFromOneToTheNextAndOp
     }
 }
 
+TEST_F(WindowTest, ALetterWithAltBeginsAnewWhereTheMenuBarHasTheKeyboard) {
+    native::Press(Qt::Key_F, Qt::AltModifier);
+    native::Press(Qt::Key_Escape);
+    EXPECT_EQ(ActiveEntry(), "&File");
+    native::Press(Qt::Key_N, Qt::AltModifier);
+    native::Press(Qt::Key_N, Qt::AltModifier);
+    EXPECT_EQ(ActiveEntry(), "Me&nu C");
+    native::Press(Qt::Key_N);
+    native::Press(Qt::Key_N, Qt::AltModifier);
+    EXPECT_EQ(ActiveEntry(), "Me&nu C");
+    native::Press(Qt::Key_B, Qt::AltModifier);
+    EXPECT_EQ(TakeCommands(), std::vector<UINT>{IDM_BARE});
+    ExpectKeyboard();
+    native::Press(Qt::Key_F10);
+    TakeMessages(WM_SYSKEYDOWN);
+    native::Press(Qt::Key_Z, Qt::AltModifier);
+    EXPECT_EQ(ActiveEntry(), "");
+    EXPECT_EQ(TakeMessages(WM_SYSKEYDOWN), 1u) << "a letter of no entry is the window's";
+    ExpectKeyboard();
+}
+
 TEST_F(WindowTest, AMenuBarWithTheKeyboardLosesItWithTheWindow) {
     native::Press(Qt::Key_F10);
     std::unique_ptr<QWindow> other;
