@@ -60,12 +60,15 @@ std::vector<Window*> GroupAround(const Window& dialog, int at) {
     return group;
 }
 
-// From nothing the first control of the dialog.
+// From nothing the first control of the dialog; before nothing there is none.
 Window* NextInGroup(const Window& dialog, const Window* from, bool backwards) {
     const auto takesPart = [](Window* candidate) {
         return CanTakeFocus(*candidate) && (DialogCode(*candidate) & DLGC_STATIC) == 0;
     };
     const int start = IndexOf(dialog, from);
+    if (start < 0 && backwards) {
+        return nullptr;
+    }
     if (start < 0) {
         const auto found = std::find_if(dialog.children.begin(), dialog.children.end(), takesPart);
         return found != dialog.children.end() ? *found : nullptr;

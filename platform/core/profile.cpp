@@ -73,7 +73,8 @@ bool IsOneLine(std::string_view name) {
 
 UINT WINAPI GetPrivateProfileIntA(LPCSTR section, LPCSTR key, INT defaultValue, LPCSTR file) {
     const auto value = vxd::ReadValue(section, key, file);
-    return value ? vxd::LeadingNumber(*value) : static_cast<UINT>(defaultValue);
+    const bool isThere = value.has_value() && !value->empty();
+    return isThere ? vxd::LeadingNumber(*value) : static_cast<UINT>(defaultValue);
 }
 
 DWORD WINAPI GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR defaultText, LPSTR text,

@@ -244,14 +244,18 @@ TEST_F(DialogLetters, AnArrowInAGroupOfOneRadioButtonChecksItOnce) {
     EXPECT_TRUE(dialog_.Shown().IsChecked(IDC_ALONE));
 }
 
-TEST_F(DialogKeys, WithoutAFocusTabAndArrowsLeadToTheFirstControlAndShiftTabNowhere) {
-    for (const WPARAM key : {VK_DOWN, VK_TAB}) {
+TEST_F(DialogKeys, WithoutAFocusKeysLeadToTheFirstControlAndThoseThatGoBackNowhere) {
+    const struct {
+        WPARAM key;
+        int focused;
+    } cases[] = {{VK_DOWN, IDC_LINE}, {VK_TAB, IDC_LINE}, {VK_UP, 0}};
+    for (const auto& [key, focused] : cases) {
         OnUserInterface([&] {
             SetFocus(nullptr);
             EXPECT_EQ(GetNextDlgTabItem(dialog_.Shown().Handle(), nullptr, TRUE), nullptr);
         });
         PostMessageA(dialog_.Shown().Handle(), WM_KEYDOWN, key, 0);
-        EXPECT_EQ(dialog_.Shown().FocusedId(), IDC_LINE) << "key " << key;
+        EXPECT_EQ(dialog_.Shown().FocusedId(), focused) << "key " << key;
     }
 }
 

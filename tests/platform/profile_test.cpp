@@ -83,6 +83,8 @@ TEST_F(ProfileTest, NumbersAreReadAsFarAsTheDigitsGo) {
         {" \"17\" ", 17},
         {"4294967297", 1},
         {"2147483648", INT{-2147483647} - 1},
+        {"", 70},
+        {"''", 70},
     });
     for (const Case& c : cases) {
         SetContents(std::string("[s]\r\nk=") + c.value + "\r\n");
