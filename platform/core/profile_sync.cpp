@@ -99,8 +99,9 @@ bool IsSame(const Descriptor& left, const Descriptor& right) {
 }
 
 // Waits for the disk without the folder's lock, so that a slow disk refuses nobody's write. A file
-// that has another in its place by then is that one's writer's affair.
-void Finish(const UnsyncedFile& unsynced) {
+// that has another in its place by then is that one's writer's affair. The lock goes with the
+// file's own folder, before the next file of the same one.
+void Finish(UnsyncedFile unsynced) {
     const Descriptor file = OpenMarked(unsynced);
     if (!file || fdatasync(file.Get()) != 0 || !LockFolder(unsynced.folder))
         return;
@@ -134,7 +135,9 @@ class UnsyncedFiles {
             std::lock_guard lock(mutex_);
             files.swap(files_);
         }
-        std::ranges::for_each(files, Finish);
+        for (UnsyncedFile& file : files) {
+            Finish(std::move(file));
+        }
     }
 
   private:

@@ -123,6 +123,24 @@ TEST_F(PowerCutTest, ASlowDiskRefusesNoWrite) {
     EXPECT_EQ(Load(0), "last");
 }
 
+TEST_F(PowerCutTest, FilesOfOneFolderAreSyncedOneAfterTheOtherAndRefuseNoWrite) {
+    fs::create_directories(folder_ / "vxdtest");
+    const std::string other = folder_ / "vxdtest/other.ini";
+    const auto storeBoth = [&](const char* text) {
+        StoreMany(1, text);
+        return WritePrivateProfileStringA("s", "k", text, other.c_str());
+    };
+    ASSERT_TRUE(storeBoth("first"));
+    slowDisk = milliseconds(100);
+    StoreMany(1, "waits for the disk");
+    slowDisk = milliseconds(0);
+    ASSERT_TRUE(storeBoth("waits no more"));
+    std::this_thread::sleep_for(milliseconds(400));  // both are with the thread by now
+    const auto start = steady_clock::now();
+    EXPECT_TRUE(storeBoth("last"));
+    EXPECT_LT(steady_clock::now() - start, milliseconds(500));
+}
+
 TEST_F(PowerCutTest, WhatAKilledProgramDidNotSyncTheNextOneSyncs) {
     fs::create_directories(folder_ / "vxdtest");
     const std::string synced = folder_ / "vxdtest/.vxdtest-synced.many.ini";
