@@ -12,6 +12,8 @@
 #include <QScrollBar>
 #include <QVariant>
 
+#include "platform/qt/line_interface.h"
+
 namespace vxd::qt {
 namespace {
 
@@ -86,6 +88,9 @@ class ComboInterface : public QAccessibleWidget {
 QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
     if (auto* combo = qobject_cast<QComboBox*>(object); combo != nullptr)
         return new ComboInterface(combo);
+    if (auto* edit = qobject_cast<QLineEdit*>(object); edit != nullptr) {
+        return new LineInterface(edit);
+    }
     const QVariant role = object->property(kRoleProperty);
     if (!role.isValid())
         return nullptr;

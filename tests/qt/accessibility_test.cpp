@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QListWidget>
+#include <functional>
 #include <future>
 #include <string>
 #include <vector>
@@ -211,6 +212,41 @@ TEST_F(ToolsOnForm, ControlsHaveNamesAndSayWhatTheyAre) {
         expect(ToolsView(GetDlgItem(form_.Handle(), IDC_NAME)),
                "New name:", QAccessible::EditableText);
     });
+}
+
+TEST_F(ToolsOnForm, AFieldIsReadSelectedAndWrittenAndOneThatOnlyShowsItsTextSaysSo) {
+    const HWND name = form_.Control(IDC_NAME);
+    const auto text = [&] { return ToolsView(name).textInterface(); };
+    const auto write = [&](const std::function<void(QAccessibleEditableTextInterface&)>& action) {
+        native::Do([&] { action(*ToolsView(name).editableTextInterface()); });
+        return form_.Text(IDC_NAME);
+    };
+    OnUserInterface([&] { SetWindowTextA(name, "0x98 gr\xC3\xBCn"); });
+    native::Do([&] { text()->setSelection(0, 2, 7); });
+    OnUserInterface([&] {
+        EXPECT_EQ(text()->characterCount(), 9);
+        EXPECT_EQ(text()->text(6, 9).toStdString(), "r\xC3\xBCn");
+        EXPECT_EQ(ToolsView(name).text(QAccessible::Value).toStdString(), "0x98 gr\xC3\xBCn");
+        EXPECT_EQ(SendMessageA(name, EM_GETSEL, 0, 0), MAKELONG(2, 7));
+        for (const int offset : {0, 3, 8}) {
+            const QRect place = text()->characterRect(offset);
+            EXPECT_TRUE(place.isValid());
+            EXPECT_EQ(text()->offsetAtPoint(QPoint(place.left() + 1, place.center().y())), offset);
+        }
+        EXPECT_EQ(text()->offsetAtPoint(QPoint(-1, -1)), -1);
+    });
+    EXPECT_EQ(write([](auto& field) { field.replaceText(2, 4, "0A"); }), "0x0A gr\xC3\xBCn");
+    EXPECT_EQ(write([](auto& field) { field.deleteText(4, 9); }), "0x0A");
+    EXPECT_EQ(write([](auto& field) { field.insertText(4, "F"); }), "0x0AF");
+    OnUserInterface([&] { EXPECT_TRUE(ToolsView(name).state().editable); });
+    OnUserInterface([&] { SendMessageA(name, EM_SETREADONLY, TRUE, 0); });
+    native::Do([&] { ToolsView(name).setText(QAccessible::Value, "0x77"); });
+    OnUserInterface([&] {
+        EXPECT_TRUE(ToolsView(name).state().readOnly);
+        EXPECT_FALSE(ToolsView(name).state().editable);
+        EXPECT_EQ(ToolsView(name).editableTextInterface(), nullptr);
+    });
+    EXPECT_EQ(form_.Text(IDC_NAME), "0x0AF");
 }
 
 TEST_F(ToolsOnForm, AMessageBoxSaysThatItIsOneAndModal) {
