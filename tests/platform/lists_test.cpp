@@ -170,6 +170,10 @@ TEST_F(Lists, KeysAndLettersChooseRowsAndTellTheProgram) {
     EXPECT_EQ(dialog_.Shown().SelectedRow(IDC_LIST), 3);
     dialog_.Shown().Key('B');
     EXPECT_EQ(dialog_.Shown().SelectedRow(IDC_LIST), 1);
+    Focus(IDC_CAPITALS);
+    Focus(IDC_LIST);
+    dialog_.Shown().Key('C');
+    EXPECT_EQ(dialog_.Shown().SelectedRow(IDC_LIST), 3) << "not what begins with both letters";
 }
 
 TEST_F(Lists, SpaceChoosesTheRowThatKeysStandOn) {

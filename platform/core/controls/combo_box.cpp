@@ -45,6 +45,7 @@ class ComboBox : public BasicControl {
                 Notify(window_, CBN_SETFOCUS);
                 return 0;
             case WM_KILLFOCUS:
+                rows_.ForgetTyped();
                 if (CloseList())
                     Tell(CBN_KILLFOCUS);
                 return 0;

@@ -21,6 +21,7 @@ class ListBox : public BasicControl {
                 TellIfAsked(LBN_SETFOCUS);
                 return 0;
             case WM_KILLFOCUS:
+                rows_.ForgetTyped();
                 TellIfAsked(LBN_KILLFOCUS);
                 return 0;
             case WM_KEYDOWN:

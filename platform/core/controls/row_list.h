@@ -46,6 +46,8 @@ class RowList {
     // Takes in a typed character and gives the row it leads to, -1 for none. Letters typed soon
     // after each other are looked for together; the same letter again leads to the next such row.
     int RowForCharacter(char character);
+    // The next letter is looked for alone.
+    void ForgetTyped() { typed_.clear(); }
 
   private:
     struct Row {
