@@ -236,9 +236,11 @@ struct KeyPress {
 };
 
 // A key went down while the widget had the focus. Returns whether the core takes the key, which
-// then goes to whoever has the focus at its turn; if not, the native widget handles it. The key's
-// release needs no report.
+// then goes to whoever has the focus at its turn; if not, the native widget handles it. A key that
+// is held goes down again and again.
 bool KeyPressed(WidgetId id, const KeyPress& key);
+// A key that the core took came up; once, however often it went down.
+void KeyReleased(const KeyPress& key);
 
 }  // namespace input
 }  // namespace vxd

@@ -333,14 +333,17 @@ bool AsksForMenu(const Control& control, const KeyPress& key) {
     }
 }
 
+bool IsSystemKey(const KeyPress& key) {
+    return key.alt || (key.virtualKey == VK_F10 && !key.control);
+}
+
 }  // namespace
 
 bool KeyPressed(WidgetId id, const KeyPress& key) {
     Window* window = FindWindowOf(ToHandle<HWND>(id));
     if (window == nullptr)
         return false;
-    const bool system = key.alt || (key.virtualKey == VK_F10 && !key.control);
-    const UINT message = system ? WM_SYSKEYDOWN : WM_KEYDOWN;
+    const UINT message = IsSystemKey(key) ? WM_SYSKEYDOWN : WM_KEYDOWN;
     // Only plain letters are marked in captions.
     const char letter = key.character < 0x80 ? static_cast<char>(key.character) : '\0';
     const bool forDialog = IsDialogKey(*window, message, key.virtualKey, letter);
@@ -351,8 +354,12 @@ bool KeyPressed(WidgetId id, const KeyPress& key) {
     }
     QueueInput([key] { SetModifiers(key.shift, key.control, key.alt); });
     QueueKeyMessage(message, key.virtualKey, KeyDetails(key.character));
-    QueueKeyMessage(system ? WM_SYSKEYUP : WM_KEYUP, key.virtualKey, 0);
     return true;
+}
+
+void KeyReleased(const KeyPress& key) {
+    QueueInput([key] { SetModifiers(key.shift, key.control, key.alt); });
+    QueueKeyMessage(IsSystemKey(key) ? WM_SYSKEYUP : WM_KEYUP, key.virtualKey, 0);
 }
 
 }  // namespace vxd::input

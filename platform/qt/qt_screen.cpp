@@ -497,6 +497,9 @@ bool QtScreen::InterceptShortcut(QWidget& receiver, QKeyEvent& event) {
 }
 
 bool QtScreen::InterceptKey(QWidget& receiver, QKeyEvent& event) {
+    if (event.type() == QEvent::KeyRelease && !event.isAutoRepeat()) {
+        ReportRelease(event);
+    }
     if (IsShutOut(receiver))
         return true;
     const bool isPress = event.type() == QEvent::KeyPress;
@@ -538,10 +541,20 @@ bool QtScreen::OfferKey(QWidget& receiver, const QKeyEvent& event) {
     const bool isAltLetter = IsAltLetter(key);
     if (top != nullptr && isAltLetter && top->OpenMenu(key.character))
         return true;
-    if (report_(input::KeyPressed, ControlOf(&receiver)->Id(), key))
+    if (report_(input::KeyPressed, ControlOf(&receiver)->Id(), key)) {
+        keysDown_.insert(key.virtualKey);
         return true;
+    }
     // An edit would take the letter as text.
     return isAltLetter && ControlOf(receiver.window())->Kind() == WidgetKind::kDialog;
+}
+
+// A key that the core has taken comes up for it too, whoever has the keyboard by then.
+void QtScreen::ReportRelease(const QKeyEvent& event) {
+    const input::KeyPress key = qt::ToKeyPress(event);
+    if (keysDown_.erase(key.virtualKey) != 0) {
+        report_(input::KeyReleased, key);
+    }
 }
 
 void QtScreen::ReportFocus(const QWidget& receiver, const QEvent& event) {

@@ -8,6 +8,7 @@
 #include <atomic>
 #include <memory>
 #include <mutex>
+#include <set>
 #include <unordered_map>
 
 #include "platform/qt/held_input.h"
@@ -103,6 +104,7 @@ class QtScreen final : public Screen {
     static bool TakesKeysFirst(const QWidget& receiver);
     static bool IsMenuBars(const QWidget& receiver, const QKeyEvent& event);
     bool OfferKey(QWidget& receiver, const QKeyEvent& event);
+    void ReportRelease(const QKeyEvent& event);
     bool IsShutOut(const QWidget& receiver) const;
     // The same for something that a person does with the mouse, which leads to the window that
     // shuts the other out.
@@ -124,6 +126,7 @@ class QtScreen final : public Screen {
     bool coreIsBehind_ = false;
     // Alt went down and nothing else has happened since.
     bool altAlone_ = false;
+    std::set<std::uint32_t> keysDown_;  // virtual keys that the core took and that are not up yet
     // The key that an open menu or list was asked about last. It may close at that already; the
     // press of the key follows.
     int popupKey_ = 0;

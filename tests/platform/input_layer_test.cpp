@@ -27,6 +27,9 @@ LRESULT CALLBACK TellingProcedure(HWND window, UINT message, WPARAM wParam, LPAR
         case WM_CLOSE:
             Told() += "close ";
             return 0;
+        case WM_HSCROLL:
+            Told() += "scroll " + std::to_string(LOWORD(wParam)) + " ";
+            return 0;
         case WM_GETDLGCODE:
             Told() += "asked ";
             return 0;
@@ -76,6 +79,45 @@ vxd::input::KeyPress Press(std::uint32_t key, const char* with = "") {
     return {key, 0, holds("Shift"), holds("Control"), holds("Alt")};
 }
 
+// A key goes down and up; gives whether the core takes it.
+bool Strike(HWND focus, const vxd::input::KeyPress& key) {
+    const bool taken = vxd::input::KeyPressed(vxd::HandleNumber(focus), key);
+    if (taken) {
+        vxd::input::KeyReleased(key);
+    }
+    return taken;
+}
+
+TEST(Input, AKeyThatIsHeldGoesDownAgainAndAgainAndComesUpOnce) {
+    RunOnUserInterface([] {
+        const HWND bar = MakeControl(MakeWindow(), "ScrollBar", SBS_HORZ);
+        SetFocus(bar);
+        Drain();
+        for (int times = 0; times < 3; ++times) {
+            EXPECT_TRUE(vxd::input::KeyPressed(vxd::HandleNumber(bar), Press(VK_RIGHT)));
+        }
+        vxd::input::KeyReleased(Press(VK_RIGHT));
+        EXPECT_EQ(Drain(), "scroll 1 scroll 1 scroll 1 scroll 8 ");
+    });
+}
+
+TEST(Input, TheMenuKeysAskForTheMenuOfAWindowWhateverControlHasTheFocus) {
+    RunOnUserInterface([] {
+        const HWND window = MakeWindow();
+        for (const HWND control : {MakeControl(window, "Button", BS_AUTORADIOBUTTON),
+                                   MakeControl(window, "Button", BS_PUSHBUTTON),
+                                   MakeControl(window, "ListBox", LBS_NOTIFY),
+                                   MakeControl(window, "ScrollBar", SBS_HORZ)}) {
+            SetFocus(control);
+            Drain();
+            for (const auto& key : {Press(VK_APPS), Press(VK_F10, "Shift")}) {
+                EXPECT_TRUE(Strike(control, key));
+                EXPECT_EQ(Drain(), "menu by key ") << "key " << key.virtualKey;
+            }
+        }
+    });
+}
+
 TEST(Input, KeysOfAWindowAskForItsMenuOrCloseIt) {
     struct Case {
         vxd::input::KeyPress key;
@@ -87,7 +129,7 @@ TEST(Input, KeysOfAWindowAskForItsMenuOrCloseIt) {
              {Case{Press(VK_APPS), "menu by key "}, Case{Press(VK_F10, "Shift"), "menu by key "},
               Case{Press(VK_F10), ""}, Case{Press(VK_F10, "Control"), ""},
               Case{Press(VK_F4, "Alt"), "close "}, Case{Press(VK_F4), ""}}) {
-            EXPECT_TRUE(vxd::input::KeyPressed(vxd::HandleNumber(window), each.key));
+            EXPECT_TRUE(Strike(window, each.key));
             EXPECT_EQ(Drain(), each.told) << "key " << each.key.virtualKey;
         }
     });
@@ -260,7 +302,7 @@ TEST(Input, CountsForNothingInAWindowThatIsDisabledByThen) {
         vxd::input::Clicked(vxd::HandleNumber(button));
         vxd::input::Mouse(id, WM_RBUTTONUP, {1, 1});
         vxd::input::CloseRequested(id);
-        EXPECT_TRUE(vxd::input::KeyPressed(id, Press(VK_APPS)));
+        EXPECT_TRUE(Strike(window, Press(VK_APPS)));
         EnableWindow(window, FALSE);
         SetFocus(other);
         EXPECT_TRUE(vxd::input::Waits());

@@ -180,6 +180,21 @@ TEST_F(ScrollBarOnScreen, TellsOfKeysWhereItHasTheFocusAndShowsThatItHas) {
     EXPECT_EQ(TakeTold(), "6 8 at 17");
     native::Press(Qt::Key_A);
     EXPECT_EQ(TakeTold(), "at 17");
+    // As the desktop tells of a key that is held: ups and downs that are none.
+    const auto right = [](bool isDown, bool repeats) {
+        native::Do([=] {
+            QTest::simulateEvent(QGuiApplication::focusWindow(), isDown, Qt::Key_Right,
+                                 Qt::NoModifier, QString(), repeats);
+        });
+    };
+    right(true, false);
+    for (int times = 0; times < 2; ++times) {
+        right(false, true);
+        right(true, true);
+    }
+    EXPECT_EQ(TakeTold(), "1 1 1 at 20");
+    right(false, false);
+    EXPECT_EQ(TakeTold(), "8 at 20");
 }
 
 }  // namespace

@@ -51,8 +51,10 @@ class Button : public BasicControl {
                 return 0;
             case WM_KEYUP:
                 // The space bar presses a button when it comes up again.
-                if (wParam == VK_SPACE)
-                    Click();
+                if (wParam != VK_SPACE) {
+                    return Default(message, wParam, lParam);
+                }
+                Click();
                 return 0;
             default:
                 return Default(message, wParam, lParam);

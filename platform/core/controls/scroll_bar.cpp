@@ -46,8 +46,10 @@ class ScrollBar : public BasicControl {
                     OnScrolled(static_cast<UINT>(code), 0);
                 return 0;
             case WM_KEYUP:
-                if (CodeOfKey(wParam) != kNoCode)
-                    OnScrolled(SB_ENDSCROLL, 0);
+                if (CodeOfKey(wParam) == kNoCode) {
+                    return Default(message, wParam, lParam);
+                }
+                OnScrolled(SB_ENDSCROLL, 0);
                 return 0;
             case SBM_SETPOS:
                 return Move(static_cast<int>(wParam));
