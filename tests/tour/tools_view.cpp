@@ -5,10 +5,13 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QWidget>
+#include <algorithm>
 #include <cstdint>
 #include <set>
 #include <string>
+#include <vector>
 
+#include "platform/core/resource.h"
 #include "platform/qt/qt_screen.h"
 #include "tests/kit/dialog.h"
 #include "tests/kit/user_interface.h"
@@ -43,7 +46,54 @@ void ExpectNamed(QAccessibleInterface& view, const std::string& dialog) {
     }
 }
 
+// A dialog by its template: its caption and its controls' numbers.
+struct Shape {
+    std::string caption;
+    std::vector<std::int16_t> controls;
+};
+
+std::vector<Shape>& ShapesRead() {
+    static std::vector<Shape> shapes;
+    return shapes;
+}
+
+Shape ShapeOf(HWND dialog) {
+    char caption[200];
+    GetWindowTextA(dialog, caption, sizeof caption);
+    Shape shape{caption, {}};
+    for (HWND child = GetWindow(dialog, GW_CHILD); child != nullptr;
+         child = GetWindow(child, GW_HWNDNEXT)) {
+        shape.controls.push_back(static_cast<std::int16_t>(GetDlgCtrlID(child)));
+    }
+    return shape;
+}
+
+// What a program adds lies behind the controls of the template.
+bool IsMadeFrom(const Shape& shape, const vxd::DialogTemplate& source) {
+    return shape.caption == source.title && shape.controls.size() >= source.controls.size() &&
+           std::equal(source.controls.begin(), source.controls.end(), shape.controls.begin(),
+                      [](const vxd::DialogControl& control, std::int16_t id) {
+                          return static_cast<std::int16_t>(control.id) == id;
+                      });
+}
+
 }  // namespace
+
+void ExpectAllDialogsRead() {
+    int dialogs = 0;
+    for (int number = 1; number <= 0xFFFF; ++number) {
+        const auto source = vxd::ParseDialog(
+            vxd::FindResource(vxd::kResourceDialog, static_cast<std::uint16_t>(number)));
+        if (!source) {
+            continue;
+        }
+        ++dialogs;
+        EXPECT_TRUE(std::ranges::any_of(ShapesRead(),
+                                        [&](const Shape& s) { return IsMadeFrom(s, *source); }))
+            << source->title << ", dialog " << number << ", has no stop";
+    }
+    EXPECT_GT(dialogs, 0);
+}
 
 void ExpectReadableByTools() {
     const HWND front = kit::FrontDialog().Handle();
@@ -68,6 +118,7 @@ void ExpectReadableByTools() {
         EXPECT_EQ(view.role(), QAccessible::Dialog) << name;
         EXPECT_TRUE(view.state().modal) << name;
         EXPECT_GT(view.childCount(), 0) << name;
+        ShapesRead().push_back(ShapeOf(front));
         ExpectNamed(view, name);
     });
 }

@@ -7,4 +7,7 @@ namespace tour {
 // keys, no two buttons the same one, and the dialog says that it is one, and modal.
 void ExpectReadableByTools();
 
+// All dialogs that the program has, by their templates, have been read so.
+void ExpectAllDialogsRead();
+
 }  // namespace tour

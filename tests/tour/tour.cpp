@@ -498,6 +498,7 @@ TEST(Tour, WalksThroughTheUtilityAndTakesItsPictures) {
         stop(utility);
         kit::ExpectNoBox();
     }
+    ExpectAllDialogsRead();
 }
 
 }  // namespace
