@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/core/desk.h"
 #include "platform/core/placement.h"
 
 namespace vxd {
@@ -93,10 +92,6 @@ void SetVisible(Window& window, bool visible) {
 
 }  // namespace
 
-HWND FocusedWindow() {
-    return TheDesk().focus;
-}
-
 void LeaveFocus(HWND handle, HWND heir) {
     const Window* window = FindWindowOf(handle);
     if (window == nullptr || !HasFocusInside(*window))
@@ -104,12 +99,6 @@ void LeaveFocus(HWND handle, HWND heir) {
     SetFocus(heir);
     if (window = FindWindowOf(handle); window != nullptr && HasFocusInside(*window))
         SetFocus(nullptr);
-}
-
-void MoveToFront(Window& window) {
-    auto& order = TheDesk().topLevel;
-    std::erase(order, &window);
-    order.insert(order.begin(), &window);
 }
 
 void TakeFromScreen(Window& window) {

@@ -7,7 +7,6 @@
 
 namespace vxd {
 
-HWND FocusedWindow();
 // Takes the focus from a window and all in it. Its heir may refuse it.
 void LeaveFocus(HWND window, HWND heir);
 
@@ -18,8 +17,6 @@ void Activate(Window* window);
 // two windows could take turns for ever: but for a disabled window, whose keyboard belongs to the
 // one that lies over it.
 void ActivatedByDesktop(Window* window);
-// Puts a top-level window before all others, as far as the core knows their order.
-void MoveToFront(Window& window);
 // Hides a top-level window without telling it, and gives up being active.
 void TakeFromScreen(Window& window);
 

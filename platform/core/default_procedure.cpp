@@ -1,6 +1,6 @@
 // What a window does with a message that its program leaves alone.
 #include "platform/core/drawing.h"
-#include "platform/core/queue.h"
+#include "platform/core/keyboard.h"
 #include "platform/core/window.h"
 
 using vxd::FindWindowOf;

@@ -5,7 +5,6 @@
 
 #include "platform/core/area.h"
 #include "platform/core/bitmap.h"
-#include "platform/core/placement.h"
 
 namespace vxd {
 namespace {
@@ -95,11 +94,6 @@ void ShowChange(const Canvas& canvas, const Rect& area) {
     if (canvas.window != nullptr) {
         CurrentScreen().Draw(canvas.window->Widget(), *canvas.pixels, area);
     }
-}
-
-Rect ClientRect(const Window& window) {
-    const Size size = ClientSize(window);
-    return {0, 0, size.width, size.height};
 }
 
 void FitPixels(Window& window) {

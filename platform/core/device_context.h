@@ -26,7 +26,6 @@ int StretchModeOf(HDC dc);
 // for nobody need release a context for that.
 void ShowChange(const Canvas& canvas, const Rect& area);
 
-Rect ClientRect(const Window& window);
 // Fits a window's pixels to its client area, and keeps what is in both.
 void FitPixels(Window& window);
 

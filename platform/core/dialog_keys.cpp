@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "platform/core/dialog.h"
-#include "platform/core/queue.h"
+#include "platform/core/keyboard.h"
 #include "platform/core/text.h"
 
 namespace vxd {

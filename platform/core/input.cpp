@@ -9,6 +9,7 @@
 #include "platform/core/dialog.h"
 #include "platform/core/file_dialog.h"
 #include "platform/core/key_message.h"
+#include "platform/core/keyboard.h"
 #include "platform/core/menu.h"
 #include "platform/core/paint.h"
 #include "platform/core/placement.h"

@@ -1,6 +1,7 @@
-// Which keys are down, and the characters that keys make.
+#include "platform/core/keyboard.h"
+
 #include "platform/core/key_message.h"
-#include "platform/core/queue.h"
+#include "platform/win32.h"
 
 namespace vxd {
 namespace {

@@ -8,7 +8,6 @@
 
 #include "platform/core/handle_table.h"
 #include "platform/core/placement.h"
-#include "platform/core/queue.h"
 #include "platform/core/resource.h"
 #include "platform/core/text.h"
 #include "platform/core/window.h"

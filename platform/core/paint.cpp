@@ -2,7 +2,6 @@
 
 #include "platform/core/area.h"
 #include "platform/core/device_context.h"
-#include "platform/core/placement.h"
 
 namespace vxd {
 namespace {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/core/activation.h"
 #include "platform/core/paint.h"
 
 namespace vxd {
@@ -16,19 +15,6 @@ constexpr int kDefaultSizeDenominator = 4;
 constexpr Size kLeastSize{112, 27};
 
 }  // namespace
-
-Size ClientSize(const Window& window) {
-    return {window.rect.width, std::max(0, window.rect.height - window.menuHeight)};
-}
-
-Point ClientOrigin(const Window& window) {
-    Point origin{0, 0};
-    for (const Window* at = &window; at != nullptr; at = at->parent) {
-        origin.x += at->rect.x;
-        origin.y += at->rect.y + at->menuHeight;
-    }
-    return origin;
-}
 
 void SizeLimits::Bound(Rect& rect) const {
     // Where the limits contradict each other the least size counts.

@@ -7,10 +7,6 @@
 
 namespace vxd {
 
-// The area that a window's children and pixels lie in, in its own coordinates.
-Size ClientSize(const Window& window);
-Point ClientOrigin(const Window& window);
-
 // Where a new window lies that was asked to lie there.
 Rect InitialRect(int x, int y, int width, int height, bool child);
 

@@ -9,7 +9,6 @@
 #include <thread>
 #include <vector>
 
-#include "platform/core/activation.h"
 #include "platform/core/menu.h"
 #include "platform/core/paint.h"
 #include "platform/core/timers.h"

@@ -25,10 +25,4 @@ bool InputWaits();
 // Drops the messages and timers of a window that is going.
 void ForgetMessagesOf(HWND window);
 
-// Whether a key is down, as far as the messages retrieved so far have told.
-bool IsShiftDown();
-bool IsControlDown();
-bool IsAltDown();
-void SetModifiers(bool shift, bool control, bool alt);
-
 }  // namespace vxd

@@ -17,14 +17,10 @@
 #include <variant>
 #include <vector>
 
+#include "platform/core/resource_name.h"
 #include "platform/screen.h"
 
 namespace vxd {
-
-using Bytes = std::span<const std::byte>;
-
-// The type or the name of a resource: a number, or a text that is compared ignoring case.
-using ResourceName = std::variant<std::uint16_t, std::string>;
 
 inline constexpr std::uint16_t kResourceBitmap = 2;
 inline constexpr std::uint16_t kResourceIcon = 3;

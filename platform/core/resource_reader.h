@@ -1,7 +1,7 @@
 // Reads the little-endian data that compiled resources are made of.
 #pragma once
 
-#include "platform/core/resource.h"
+#include "platform/core/resource_name.h"
 #include "platform/core/utf16.h"
 
 namespace vxd {

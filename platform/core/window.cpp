@@ -3,11 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "platform/core/debug_socket.h"
-#include "platform/core/desk.h"
-#include "platform/core/queue.h"
 #include "platform/core/text.h"
-#include "platform/core/window_class.h"
 
 namespace vxd {
 
@@ -27,6 +23,16 @@ bool IsLiveWindow(HWND handle) {
 
 const std::vector<Window*>& TopLevelWindows() {
     return TheDesk().topLevel;
+}
+
+void MoveToFront(Window& window) {
+    auto& order = TheDesk().topLevel;
+    std::erase(order, &window);
+    order.insert(order.begin(), &window);
+}
+
+HWND FocusedWindow() {
+    return TheDesk().focus;
 }
 
 Window& TopLevelOf(Window& window) {
@@ -50,6 +56,24 @@ bool IsShown(const Window& window) {
             return false;
     }
     return true;
+}
+
+Size ClientSize(const Window& window) {
+    return {window.rect.width, std::max(0, window.rect.height - window.menuHeight)};
+}
+
+Rect ClientRect(const Window& window) {
+    const Size size = ClientSize(window);
+    return {0, 0, size.width, size.height};
+}
+
+Point ClientOrigin(const Window& window) {
+    Point origin{0, 0};
+    for (const Window* at = &window; at != nullptr; at = at->parent) {
+        origin.x += at->rect.x;
+        origin.y += at->rect.y + at->menuHeight;
+    }
+    return origin;
 }
 
 LRESULT Call(Window& window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -151,10 +175,6 @@ LONG_PTR* ValueAt(Window& window, int index) {
     return nullptr;
 }
 
-}  // namespace
-
-namespace {
-
 // Gives the style that was. What a window is stays; the screen follows what it shows of the rest.
 LONG_PTR SetStyle(Window& window, DWORD wanted) {
     constexpr DWORD kKind = WS_CHILD | WS_POPUP;
@@ -193,42 +213,4 @@ LONG_PTR WINAPI SetWindowLongPtrA(HWND handle, int index, LONG_PTR value) {
         return SetStyle(*window, static_cast<DWORD>(value));
     LONG_PTR* place = window != nullptr ? ValueAt(*window, index) : nullptr;
     return place != nullptr ? std::exchange(*place, value) : 0;
-}
-
-namespace {
-
-// Other programs' windows are not known, but for one: who listens to the debug output of all
-// programs is their debug viewer, by the class that its window has on Windows.
-HWND FindDebugViewer(LPCSTR className, LPCSTR title) {
-    constexpr std::uint32_t kForeign = 0xF0000001;  // of no kind that a table gives out
-    const bool isAskedFor = className != nullptr && !IS_INTRESOURCE(className) &&
-                            vxd::EqualIgnoringCase(className, "DBWin") && title == nullptr;
-    return isAskedFor && vxd::IsMonitoredElsewhere() ? vxd::ToHandle<HWND>(kForeign) : nullptr;
-}
-
-}  // namespace
-
-HWND WINAPI FindWindowA(LPCSTR className, LPCSTR title) {
-    const vxd::WindowClass* windowClass =
-        className != nullptr ? vxd::FindClass(className) : nullptr;
-    if (className != nullptr && windowClass == nullptr)
-        return FindDebugViewer(className, title);
-    for (const Window* window : vxd::TopLevelWindows()) {
-        if ((className == nullptr || window->windowClass == windowClass) &&
-            (title == nullptr || vxd::EqualIgnoringCase(window->text, title)))
-            return window->handle;
-    }
-    return FindDebugViewer(className, title);
-}
-
-BOOL WINAPI EnumThreadWindows(DWORD thread, WNDENUMPROC visit, LPARAM parameter) {
-    // All windows belong to the user-interface thread.
-    if (!vxd::OnUserInterfaceThread() || thread != GetCurrentThreadId())
-        return FALSE;
-    std::vector<HWND> handles;
-    for (const Window* window : vxd::TopLevelWindows())
-        handles.push_back(window->handle);
-    return std::all_of(handles.begin(), handles.end(), [&](HWND handle) {
-        return !vxd::IsLiveWindow(handle) || visit(handle, parameter) != FALSE;
-    });
 }

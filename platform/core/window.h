@@ -102,17 +102,35 @@ struct Window {
     DLGPROC DialogProcedure() const { return reinterpret_cast<DLGPROC>(dialogData[1]); }
 };
 
+// What there is once in the process. For the files that make up the windows alone.
+struct Desk {
+    HandleTable<Window, HandleKind::kWindow> windows;
+    std::vector<Window*> topLevel;
+    HWND focus = nullptr;
+    HWND active = nullptr;
+};
+Desk& TheDesk();
+
 // Null for a handle that is not a window's.
 Window* FindWindowOf(HWND handle);
 // Any thread.
 bool IsLiveWindow(HWND handle);
 // The windows without a parent, front to back.
 const std::vector<Window*>& TopLevelWindows();
+// Puts one of them before all others, as far as the core knows their order.
+void MoveToFront(Window& window);
+HWND FocusedWindow();
 Window& TopLevelOf(Window& window);
 // Whether `window` is `ancestor` or inside it.
 bool IsInside(const Window& window, const Window& ancestor);
 // Shown, with all its parents.
 bool IsShown(const Window& window);
+
+// The area that a window's children and pixels lie in: its size, the same in its own coordinates,
+// and where it begins on the desktop.
+Size ClientSize(const Window& window);
+Rect ClientRect(const Window& window);
+Point ClientOrigin(const Window& window);
 
 // Calls the window's procedure, at once and on this thread.
 LRESULT Call(Window& window, UINT message, WPARAM wParam, LPARAM lParam);

@@ -2,7 +2,6 @@
 #include <algorithm>
 
 #include "platform/core/activation.h"
-#include "platform/core/desk.h"
 #include "platform/core/device_context.h"
 #include "platform/core/dialog.h"
 #include "platform/core/icon.h"

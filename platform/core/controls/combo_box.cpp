@@ -3,7 +3,7 @@
 #include "platform/core/controls/edit_text.h"
 #include "platform/core/controls/row_list.h"
 #include "platform/core/input.h"
-#include "platform/core/queue.h"
+#include "platform/core/keyboard.h"
 
 namespace vxd {
 namespace {

@@ -1,7 +1,6 @@
 // What all built-in controls have in common.
 #pragma once
 
-#include "platform/core/activation.h"
 #include "platform/core/window.h"
 
 namespace vxd {

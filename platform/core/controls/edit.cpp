@@ -3,7 +3,7 @@
 
 #include "platform/core/controls/control.h"
 #include "platform/core/input.h"
-#include "platform/core/queue.h"
+#include "platform/core/keyboard.h"
 
 namespace vxd {
 namespace {
