@@ -3,23 +3,8 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
-#include <string>
 
-namespace {
-
-// What the process has in memory, from the kernel's own account; 0 where there is none.
-long ResidentKibibytes() {
-    std::ifstream status("/proc/self/status");
-    for (std::string word; status >> word;) {
-        long size = 0;
-        if (word == "VmRSS:" && status >> size)
-            return size;
-    }
-    return 0;
-}
-
-}  // namespace
+#include "bench/resident_memory.h"
 
 void ReportFirstPaint(const char* start) {
     const std::chrono::duration<double, std::milli> now =

@@ -21,8 +21,9 @@ class Schedule {
 
     // Jobs that are due at the same time are done in the order in which they came.
     void After(std::chrono::milliseconds delay, Job job) {
-        jobs_.emplace(Clock::now() + delay, std::move(job));
+        At(Clock::now() + delay, std::move(job));
     }
+    void At(Clock::time_point time, Job job) { jobs_.emplace(time, std::move(job)); }
 
     bool IsEmpty() const { return jobs_.empty(); }
 

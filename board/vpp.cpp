@@ -33,9 +33,10 @@ bool IsMode(uint32_t mode) {
     }
 }
 
-uint32_t FrameRate(const Vpp& vpp) {
+// Of the statistics, in milliseconds.
+uint32_t Period(const Vpp& vpp) {
     const uint32_t rate = vpp.parameters.frameRate;
-    return rate == 0 ? kFramesPerSecond : std::min(rate, kFramesPerSecond);
+    return 1000 / (rate == 0 ? kFramesPerSecond : std::min(rate, kFramesPerSecond));
 }
 
 int8_t Component(int pixels) {
@@ -82,8 +83,10 @@ void End(State& state) {
     ++vpp.turn;
 }
 
-// Announces a record, once for all that are not taken in time, and comes again.
-void SendRecords(State& state, HWND relay, unsigned turn) {
+// Announces a record, once for all that are not taken in time, and comes again: a period after it
+// was due, if that is still to come, so that the records' periods neither leave out a frame nor
+// tell of it twice.
+void SendRecords(State& state, HWND relay, unsigned turn, Schedule::Clock::time_point due) {
     Vpp& vpp = state.services.vpp;
     if (vpp.turn != turn || !vpp.window) {
         return;
@@ -97,8 +100,10 @@ void SendRecords(State& state, HWND relay, unsigned turn) {
         vpp.onItsWay = true;
         state.outbox.messages.push_back({relay, kRecordIsReady});
     }
-    state.schedule.After(std::chrono::milliseconds(1000 / FrameRate(vpp)),
-                         [relay, turn](State& later) { SendRecords(later, relay, turn); });
+    const auto next =
+        std::max(due + std::chrono::milliseconds(Period(vpp)), Schedule::Clock::now());
+    state.schedule.At(next,
+                      [relay, turn, next](State& later) { SendRecords(later, relay, turn, next); });
 }
 
 }  // namespace
@@ -135,8 +140,9 @@ ResultCode StartVppStatistics(State& state, HWND relay, HWND window) {
     vpp.window = window;
     vpp.onItsWay = false;
     state.outbox.messages.push_back({window, WM_VPP_STATIST_INIT});
-    state.schedule.After(std::chrono::milliseconds(0), [relay, turn = ++vpp.turn](State& later) {
-        SendRecords(later, relay, turn);
+    const auto now = Schedule::Clock::now();
+    state.schedule.At(now, [relay, turn = ++vpp.turn, now](State& later) {
+        SendRecords(later, relay, turn, now);
     });
     return VXD_SUCCESS;
 }
@@ -151,7 +157,8 @@ ResultCode StopVppStatistics(State& state) {
 
 VppStatistics MeasureMotion(const State& state) {
     const uint32_t frame = CurrentFrame(state);
-    const uint32_t before = frame - kFramesPerSecond / FrameRate(state.services.vpp);
+    const uint32_t period = std::min(Period(state.services.vpp), state.Time());
+    const uint32_t before = (state.Time() - period) / kMillisecondsAFrame;
     VppStatistics record{};
     record.frame = static_cast<int8_t>(frame);
     uint16_t moving = 0;

@@ -40,8 +40,9 @@ ResultCode StartVppStatistics(State& state, HWND relay, HWND window);
 // VXD_CONFIGURATION_NOT_SET where there are none. No record is sent behind it.
 ResultCode StopVppStatistics(State& state);
 
-// The record at a time: the motion since the frame that lay one period of the statistics before.
-// The times grow with what moves.
+// The record at a time: the motion since the frame that was taken one period of the statistics
+// before, so that records that follow one another by the period tell all of the picture's motion.
+// Up to 127 pixels to either side. The times grow with what moves.
 VppStatistics MeasureMotion(const State& state);
 
 }  // namespace board

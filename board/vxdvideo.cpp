@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <mutex>
+#include <utility>
 #include <vector>
 
 #include "board/operation.h"
@@ -112,15 +113,18 @@ void EndScreening(Screening& screening) {
     }
 }
 
+// Nothing of these changes the board; whether it lets them be done.
+bool Ask(Call call, unsigned needs) {
+    return CodeOf(Perform(std::move(call), needs,
+                          [](State&) -> ResultCode { return VXD_SUCCESS; })) == VXD_SUCCESS;
+}
+
 bool ShowChannel(HWND window, LPARAM channel) {
     Screening* screening = FindScreening(channel);
     if (!screening || !IsWindow(window)) {
         return false;
     }
-    const ResultCode code =
-        CodeOf(Perform({screening->showName, {window, static_cast<uint32_t>(channel)}}, kBoard,
-                       [](State&) -> ResultCode { return VXD_SUCCESS; }));
-    if (code != VXD_SUCCESS) {
+    if (!Ask({screening->showName, {window, static_cast<uint32_t>(channel)}}, kBoard)) {
         return false;
     }
     EndScreening(*screening);
@@ -135,8 +139,7 @@ bool StopChannel(LPARAM channel) {
     if (!screening) {
         return false;
     }
-    Perform({screening->stopName, {static_cast<uint32_t>(channel)}}, kBoard,
-            [](State&) -> ResultCode { return VXD_SUCCESS; });
+    Ask({screening->stopName, {static_cast<uint32_t>(channel)}}, kBoard);
     EndScreening(*screening);
     return true;
 }
@@ -146,14 +149,16 @@ bool StopChannel(LPARAM channel) {
 LRESULT WINAPI DriverProc(DWORD_PTR, HDRVR, UINT message, LPARAM first, LPARAM second) {
     switch (message) {
         case DRV_LOAD:
+            return Ask({"VXDVIDEO_Load"}, kNothing);
         case DRV_ENABLE:
         case DRV_OPEN:
         case DRV_CLOSE:
             return TRUE;
         case DRV_DISABLE:
-        case DRV_FREE:
             std::ranges::for_each(screenings, EndScreening);
             return TRUE;
+        case DRV_FREE:
+            return Ask({"VXDVIDEO_Free"}, kNothing);
         case VIDEO_SHOW_CHANNEL:
             return ShowChannel(reinterpret_cast<HWND>(first), second);
         case VIDEO_STOP_CHANNEL:

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <vector>
 
 #include "driver/papi.h"
 #include "res/resource.h"
@@ -62,10 +63,11 @@ void ApplyBASCall(HWND dialog) {
 }
 
 void RememberAndClose(HWND dialog) {
+    std::vector<SettingText> numbers;
     for (const NumberField& field : kNumbers) {
-        WriteSetting(field.setting, static_cast<uint16_t>(NumberIn(dialog, field)));
+        numbers.push_back(TextOf(field.setting, static_cast<uint16_t>(NumberIn(dialog, field))));
     }
-    RememberHexFields(dialog, kData);
+    RememberHexFields(dialog, kData, numbers);
     EndDialog(dialog, 0);
 }
 

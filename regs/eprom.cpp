@@ -109,8 +109,7 @@ void Open(HWND dialog) {
 }
 
 void Close(HWND dialog) {
-    RememberHexFields(dialog, kRemembered);
-    WriteSetting(setting::kEpromOperation, Operation(dialog));
+    RememberHexFields(dialog, kRemembered, {TextOf(setting::kEpromOperation, Operation(dialog))});
     EndDialog(dialog, 0);
 }
 

@@ -76,8 +76,8 @@ void Open(HWND dialog) {
 }
 
 void Close(HWND dialog) {
-    RememberHexFields(dialog, kRemembered);
-    WriteSetting(setting::kI2cOperation, Operation(dialog) - IDC_I2C_READ_REGISTER);
+    RememberHexFields(dialog, kRemembered,
+                      {TextOf(setting::kI2cOperation, Operation(dialog) - IDC_I2C_READ_REGISTER)});
     EndDialog(dialog, 0);
 }
 

@@ -12,8 +12,8 @@ void RecallHexFields(HWND dialog, std::span<const RememberedHexField> fields) {
     }
 }
 
-void RememberHexFields(HWND dialog, std::span<const RememberedHexField> fields) {
-    std::vector<SettingText> values;
+void RememberHexFields(HWND dialog, std::span<const RememberedHexField> fields,
+                       std::vector<SettingText> values) {
     for (const auto& [id, setting] : fields) {
         values.push_back(TextOf(setting, static_cast<uint16_t>(ReadHexShort(dialog, id))));
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <span>
+#include <vector>
 
 #include "platform/win32.h"
 #include "services/settings.h"
@@ -14,6 +15,7 @@ struct RememberedHexField {
 
 // Shows what is remembered with at least two digits after "0x".
 void RecallHexFields(HWND dialog, std::span<const RememberedHexField> fields);
-// Remembers the low 16 bits of what stands in the fields (ReadHexShort), all of them in one step:
-// the fields are of one section.
-void RememberHexFields(HWND dialog, std::span<const RememberedHexField> fields);
+// Remembers the low 16 bits of what stands in the fields (ReadHexShort), behind the other values of
+// their dialog that are given, all of them in one step: they are of one section.
+void RememberHexFields(HWND dialog, std::span<const RememberedHexField> fields,
+                       std::vector<SettingText> values = {});

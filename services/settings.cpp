@@ -34,10 +34,6 @@ void WriteSetting(const IntegerSetting& setting, int value) {
     Write(setting, std::to_string(value));
 }
 
-void WriteUnsignedSetting(const IntegerSetting& setting, uint32_t value) {
-    Write(setting, std::to_string(value));
-}
-
 std::string ReadSetting(const TextSetting& setting, std::size_t capacity) {
     std::vector<char> text(capacity);
     GetPrivateProfileStringA(setting.section, KeyOf(setting).c_str(), setting.defaultValue,
@@ -49,7 +45,7 @@ void WriteSetting(const TextSetting& setting, const std::string& text) {
     Write(setting, text);
 }
 
-SettingText TextOf(const IntegerSetting& setting, int value) {
+SettingText TextOf(const IntegerSetting& setting, int64_t value) {
     return {{setting.file, setting.section, setting.key, "", setting.number},
             std::to_string(value)};
 }

@@ -108,7 +108,6 @@ inline constexpr IntegerSetting kVppThresholdMax{kOwnFile, "VPP", "MVEC_Threshol
 // The leading digits of what stands there, the default where the key is absent.
 int ReadSetting(const IntegerSetting& setting);
 void WriteSetting(const IntegerSetting& setting, int value);
-void WriteUnsignedSetting(const IntegerSetting& setting, uint32_t value);
 
 // The text that stands there, cut to `capacity` - 1 characters; the default where the key is
 // absent.
@@ -122,5 +121,5 @@ struct SettingText {
     std::string text;
 };
 void WriteSettings(std::span<const SettingText> values);
-// An integer as one of them.
-SettingText TextOf(const IntegerSetting& setting, int value);
+// An integer, with or without a sign, as one of them.
+SettingText TextOf(const IntegerSetting& setting, int64_t value);

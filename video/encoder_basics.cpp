@@ -71,8 +71,8 @@ void Open(HWND dialog) {
 }
 
 void Close(HWND dialog) {
-    RememberEncoder(dialog, setting::kBasicsEncoder);
-    RememberHexFields(dialog, kRemembered);
+    RememberHexFields(dialog, kRemembered,
+                      {TextOf(setting::kBasicsEncoder, ChosenEncoder(dialog))});
     EndDialog(dialog, 0);
 }
 

@@ -8,10 +8,6 @@ void RecallEncoder(HWND dialog, const IntegerSetting& setting) {
     CheckDlgButton(dialog, IDC_ENCODER_BT858, remembered == 1 ? BST_CHECKED : BST_UNCHECKED);
 }
 
-void RememberEncoder(HWND dialog, const IntegerSetting& setting) {
-    WriteSetting(setting, ChosenEncoder(dialog));
-}
-
 uint16_t ChosenEncoder(HWND dialog) {
     return IsDlgButtonChecked(dialog, IDC_ENCODER_BT855) == BST_CHECKED ? 0 : 1;
 }

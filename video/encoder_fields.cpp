@@ -47,7 +47,7 @@ bool HandleCommand(HWND dialog, int id) {
 }
 
 void Close(HWND dialog) {
-    RememberEncoder(dialog, setting::kFieldsEncoder);
+    WriteSetting(setting::kFieldsEncoder, ChosenEncoder(dialog));
 }
 
 constexpr RegisterBrowser kBrowser{

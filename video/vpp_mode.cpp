@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "driver/papi.h"
 #include "driver/result_code.h"
@@ -133,10 +134,11 @@ void Apply(HWND dialog) {
 
 void Close(HWND dialog) {
     const VppParameters parameters = ReadParameters(dialog);
-    WriteSetting(setting::kVppMode, std::to_string(modeWord));
+    std::vector<SettingText> values{{setting::kVppMode, std::to_string(modeWord)}};
     for (const Parameter& parameter : kParameters) {
-        WriteUnsignedSetting(parameter.setting, parameters.*parameter.member);
+        values.push_back(TextOf(parameter.setting, parameters.*parameter.member));
     }
+    WriteSettings(values);
     EndDialog(dialog, 0);
 }
 

@@ -17,11 +17,20 @@
 
 namespace {
 
-// The map's place in the dialog, in pixels: each of the picture's is one of the map's.
-constexpr int kMapX = 28;
-constexpr int kMapY = 82;
-constexpr int kMapWidth = 352;
-constexpr int kMapHeight = 288;
+// What bitmaps are drawn into has its place in pixels, of which dialog units have more the larger
+// the font is. Of the map each pixel is one of the picture's; the scale lies between it and the
+// caption of the group, also where a dialog unit has 3.25 pixels.
+struct Place {
+    int control;
+    int x;
+    int y;
+    int width;
+    int height;
+};
+constexpr auto kPlaces = std::to_array<Place>({
+    {IDC_MOTION_SCALE, 20, 35, 400, 46},
+    {IDC_MOTION_MAP, 28, 82, 352, 288},
+});
 
 // What is enabled along with the statistics.
 constexpr std::array kStatisticsControls{
@@ -66,8 +75,10 @@ void Open(HWND dialog) {
     CheckRadioButton(dialog, IDC_MOTION_MAGNITUDE, IDC_MOTION_Y, IDC_MOTION_MAGNITUDE);
     CheckDlgButton(dialog, IDC_MOTION_SINGLE, BST_CHECKED);
     EnableControls(dialog, false);
-    SetWindowPos(GetDlgItem(dialog, IDC_MOTION_MAP), nullptr, kMapX, kMapY, kMapWidth, kMapHeight,
-                 SWP_NOZORDER);
+    for (const Place& place : kPlaces) {
+        SetWindowPos(GetDlgItem(dialog, place.control), nullptr, place.x, place.y, place.width,
+                     place.height, SWP_NOZORDER);
+    }
     Of(dialog).map.Load(AppInstance, dialog);
 }
 
@@ -152,10 +163,11 @@ void TakeRecord(HWND dialog, WPARAM /*wParam*/, LPARAM address) {
     }
     statistics.previous = statistics.current;
     Copy(statistics.current, address);
+    // One that was asked for before the refresh mode changed is this one.
+    statistics.snapshotRequested = false;
     if (statistics.continuous) {
         TakeWaitingRecords(dialog, statistics.current);
     } else {
-        statistics.snapshotRequested = false;
         ListVectors(dialog, statistics.current);
         ShowTimings(dialog, statistics.current);
     }

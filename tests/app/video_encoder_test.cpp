@@ -61,6 +61,13 @@ TEST_F(EncoderBasics, AreRememberedHoweverTheyAreClosed) {
     dialog_.CloseBox();
     EXPECT_EQ(Stored("BTbasics", "Encoder"), "0");
     EXPECT_EQ(Stored("BTbasics", "Mode"), "0");
+    // Of an encoder that there is not, neither is chosen, which counts as the second.
+    settings_.Write(kit::kOwnFile, "BTbasics", "Encoder", "5");
+    Open();
+    EXPECT_FALSE(dialog_.IsChecked(IDC_ENCODER_BT855) || dialog_.IsChecked(IDC_ENCODER_BT858));
+    ExpectCalls({"vdapi_Debug(BD, 8, address) 01000000 *"}, ReceivedOn(IDC_ENCODER_PORT_GET));
+    dialog_.Press(IDOK);
+    EXPECT_EQ(Stored("BTbasics", "Encoder"), "1");
     Open();
 }
 
@@ -176,6 +183,15 @@ TEST_F(ColourTables, ThePaletteIsReadWhenItIsAskedFor) {
     dialog.Press(IDOK);
     EXPECT_EQ(Stored("BTPalette", "0"), "0 0 0");
     EXPECT_EQ(Stored("BTPalette", "255"), "144 128 127");
+    // What is written and then cancelled is the board's and the run's, but not remembered.
+    dialog = OpenPalette();
+    dialog.Pick(IDC_COLOURS_ENTRY, std::string("255"));
+    dialog.Type(IDC_COLOURS_VALUE, "0x00010203");
+    dialog.Press(IDC_COLOURS_UPDATE);
+    dialog.Key(VK_ESCAPE);
+    EXPECT_FALSE(dialog.IsOpen());
+    EXPECT_EQ(Stored("BTPalette", "255"), "144 128 127");
+    EXPECT_EQ(StoredEntry("BTPalette"), "171");
 }
 
 TEST_F(ColourTables, AnEntryThatTheListDoesNotHaveIsNeitherChosenNorRead) {

@@ -2,8 +2,9 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <cmath>
 #include <cstdio>
-#include <cstdlib>
+#include <functional>
 #include <string>
 #include <thread>
 #include <utility>
@@ -12,6 +13,7 @@
 #include "board/test_picture.h"
 #include "driver/kora_dll32.h"
 #include "driver/vpp.h"
+#include "platform/debug_monitor.h"
 #include "res/resource.h"
 #include "services/application.h"
 #include "tests/app/dialog_test.h"
@@ -143,34 +145,46 @@ class VppStatisticsDialog : public DialogTest {
         });
     }
 
+    using Pixels = std::vector<COLORREF>;
+    static Pixels Take(HDC dc, RECT area) {
+        Pixels pixels;
+        for (LONG y = area.top; y < area.bottom; ++y) {
+            for (LONG x = area.left; x < area.right; ++x)
+                pixels.push_back(GetPixel(dc, x, y));
+        }
+        return pixels;
+    }
+    // Of what a control shows, and of a bitmap.
+    Pixels Shown(int control, RECT area) const {
+        return kit::OnUserInterface([&] {
+            const HDC dc = GetDC(dialog_.Control(control));
+            Pixels pixels = Take(dc, area);
+            ReleaseDC(dialog_.Control(control), dc);
+            return pixels;
+        });
+    }
+    static Pixels OfBitmap(int id, RECT area) {
+        return kit::OnUserInterface([&] {
+            const HDC memory = CreateCompatibleDC(nullptr);
+            const HBITMAP bitmap = LoadBitmapA(AppInstance, MAKEINTRESOURCEA(id));
+            const HGDIOBJ before = SelectObject(memory, bitmap);
+            Pixels pixels = Take(memory, area);
+            SelectObject(memory, before);
+            DeleteObject(bitmap);
+            DeleteDC(memory);
+            return pixels;
+        });
+    }
+    static RECT Cell(int column, int row) {
+        return {16 * column, 16 * row, 16 * column + 16, 16 * row + 16};
+    }
+
     // Whether a cell of the map is that of a colour with an arrow, in each pixel.
     bool Shows(int block, int colour, int arrow) const {
-        return kit::OnUserInterface([&] {
-            const HWND map = dialog_.Control(1003);
-            const HDC dc = GetDC(map);
-            const HDC memory = CreateCompatibleDC(dc);
-            const auto pixels = [&](int bitmap, int cell) {
-                const HBITMAP loaded = LoadBitmapA(AppInstance, MAKEINTRESOURCEA(bitmap));
-                const HGDIOBJ before = SelectObject(memory, loaded);
-                std::vector<COLORREF> found;
-                for (int pixel = 0; pixel < 256; ++pixel)
-                    found.push_back(GetPixel(memory, 16 * cell + pixel % 16, pixel / 16));
-                SelectObject(memory, before);
-                DeleteObject(loaded);
-                return found;
-            };
-            const auto colours = pixels(107, colour);
-            const auto arrows = pixels(108, arrow);
-            bool same = true;
-            for (int pixel = 0; pixel < 256; ++pixel) {
-                const auto at = static_cast<std::size_t>(pixel);
-                same &= GetPixel(dc, 16 * (block % 22) + pixel % 16,
-                                 16 * (block / 22) + pixel / 16) == (colours[at] & arrows[at]);
-            }
-            DeleteDC(memory);
-            ReleaseDC(map, dc);
-            return same;
-        });
+        Pixels expected = OfBitmap(107, Cell(colour, 0));
+        std::ranges::transform(expected, OfBitmap(108, Cell(arrow, 0)), expected.begin(),
+                               std::bit_and());
+        return Shown(1003, Cell(block % 22, block / 22)) == expected;
     }
     // Paints over a cell, to see whether it is drawn again.
     void Spoil(int block) const {
@@ -178,21 +192,21 @@ class VppStatisticsDialog : public DialogTest {
             const HWND map = dialog_.Control(1003);
             const HDC dc = GetDC(map);
             const HBRUSH brush = CreateSolidBrush(RGB(1, 2, 3));
-            const RECT cell{16 * (block % 22), 16 * (block / 22), 16 * (block % 22) + 16,
-                            16 * (block / 22) + 16};
+            const RECT cell = Cell(block % 22, block / 22);
             FillRect(dc, &cell, brush);
             DeleteObject(brush);
             ReleaseDC(map, dc);
         });
     }
     bool IsSpoilt(int block) const {
-        return kit::OnUserInterface([&] {
-            const HWND map = dialog_.Control(1003);
-            const HDC dc = GetDC(map);
-            const COLORREF colour = GetPixel(dc, 16 * (block % 22) + 8, 16 * (block / 22) + 8);
-            ReleaseDC(map, dc);
-            return colour == RGB(1, 2, 3);
-        });
+        return Shown(1003, Cell(block % 22, block / 22)) == Pixels(256, RGB(1, 2, 3));
+    }
+    // The dialog as it opens, whatever it was left with.
+    void ExpectFresh() const {
+        EXPECT_TRUE(dialog_.IsChecked(1400) && dialog_.IsChecked(1084) && dialog_.IsChecked(4110));
+        EXPECT_EQ(Enabled(), 0);
+        EXPECT_EQ(DialogTest::Shown({1082, 3301, 3302, 3303}), Texts(4, "--"));
+        EXPECT_EQ(dialog_.Rows(3100), 0);
     }
     long Enabled() const {
         return std::ranges::count_if(kControls, [&](int id) { return dialog_.IsEnabled(id); });
@@ -200,16 +214,16 @@ class VppStatisticsDialog : public DialogTest {
 };
 
 TEST_F(VppStatisticsDialog, EnablesItsControlsWithTheFeedAndStopsIt) {
-    EXPECT_TRUE(dialog_.IsChecked(1400) && dialog_.IsChecked(1084) && dialog_.IsChecked(4110));
-    EXPECT_EQ(Enabled(), 0);
-    EXPECT_EQ(Shown({1082, 3301, 3302, 3303}), Texts(4, "--"));
+    ExpectFresh();
     kit::RunStep([&] {
         RECT scale, map;
-        GetClientRect(dialog_.Control(1089), &scale);
-        EXPECT_TRUE(scale.right >= 392 && scale.bottom >= 44) << scale.right << " " << scale.bottom;
         GetClientRect(dialog_.Control(1003), &map);
         EXPECT_TRUE(map.right == 352 && map.bottom == 288);
+        GetWindowRect(dialog_.Control(1089), &scale);
+        GetWindowRect(dialog_.Control(1003), &map);
+        EXPECT_LE(scale.bottom, map.top);
     });
+    EXPECT_EQ(Shown(1089, {8, 16, 8 + 384, 16 + 28}), OfBitmap(107, {0, 0, 384, 28}));
     board::FailOnce("KORA_DLL_StartVppStatistics", VXD_HARDWARE_FAILURE);
     const Texts failed = ReceivedOn(1401);
     ASSERT_EQ(failed.size(), 2u);
@@ -233,6 +247,7 @@ TEST_F(VppStatisticsDialog, EnablesItsControlsWithTheFeedAndStopsIt) {
 }
 
 TEST_F(VppStatisticsDialog, ASingleRecordFillsListTimingsAndMapWhenItIsAskedFor) {
+    DebugMonitor monitor;
     EnableWithoutFeed();
     VppStatistics record = Record({{7, {3, -2}}, {395, {-128, 127}}});
     record.frame = -3;
@@ -248,12 +263,39 @@ TEST_F(VppStatisticsDialog, ASingleRecordFillsListTimingsAndMapWhenItIsAskedFor)
     EXPECT_EQ(dialog_.Row(3100, 0), "000: (  0,  0)");
     EXPECT_EQ(dialog_.Row(3100, 7), "007: (  3, -2)");
     EXPECT_EQ(dialog_.Row(3100, 395), "395: (-128,127)");
-    EXPECT_EQ(Shown({1082, 3301, 3302, 3303}), (Texts{"-3", "60000", "7", "65535"}));
+    EXPECT_EQ(DialogTest::Shown({1082, 3301, 3302, 3303}), (Texts{"-3", "60000", "7", "65535"}));
     EXPECT_TRUE(Shows(7, 4, 6));
+    // One that is asked for is the next that comes, which the continuous map takes.
+    dialog_.Press(5000);
+    dialog_.Press(4100);
+    Give(Record({{7, {2, 0}}}));
+    dialog_.Press(4110);
+    Give(Record({{7, {4, 0}}}));
+    EXPECT_EQ(dialog_.Row(3100, 7), "007: (  3, -2)");
+    EXPECT_TRUE(Shows(7, 2, 2));
     Tell(WM_VPP_STATIST_TERM);
     dialog_.Press(5000);
     Give(Record({{7, {9, 9}}}));
     EXPECT_EQ(dialog_.Row(3100, 7), "007: (  3, -2)") << "ended";
+    std::string lines;
+    while (const auto line = monitor.Next(100ms)) {
+        lines += line->text.starts_with("KORA_TST: ") ? line->text : "";
+    }
+    // Those of the feed's own beginning and end, and of the test's.
+    EXPECT_EQ(lines,
+              "KORA_TST: WM_VPP_STATIST_INIT\nKORA_TST: WM_VPP_STATIST_TERM\n"
+              "KORA_TST: WM_VPP_STATIST_INIT\nKORA_TST: WM_VPP_STATIST_TERM\n");
+
+    dialog_.Press(1085);
+    dialog_.Press(IDCANCEL);
+    Open();
+    ExpectFresh();
+    EnableWithoutFeed();
+    Give(record);
+    EXPECT_EQ(dialog_.Rows(3100), 0) << "asked for before";
+    dialog_.Press(5000);
+    Give(record);
+    EXPECT_TRUE(Shows(7, 4, 6)) << "by magnitude";
 }
 
 TEST_F(VppStatisticsDialog, TheMapHasAColourForEachLengthAndAnArrowForEachDirection) {
@@ -326,10 +368,11 @@ TEST_F(VppStatisticsDialog, OnlyWhatChangesIsDrawnAndOfManyRecordsTheNewest) {
     EXPECT_TRUE(Shows(6, 3, 4));
 }
 
-// What the test picture does between two frames is what the list tells and the map shows.
+// What the test picture does is what the list tells and the map shows: of 50 milliseconds, in which
+// two frames have come.
 TEST_F(VppStatisticsDialog, TellsOfTheTestPicturesMotion) {
     constexpr uint32_t kFrame = 1'000'003;
-    board::SetTime(kFrame * 40);
+    board::SetTime(kFrame * 40 + 9);
     dialog_.Press(1401);
     dialog_.Press(5000);
     for (int tries = 0; dialog_.Rows(3100) == 0 && tries < 500; ++tries)
@@ -337,20 +380,26 @@ TEST_F(VppStatisticsDialog, TellsOfTheTestPicturesMotion) {
     ASSERT_EQ(dialog_.Rows(3100), 396);
     EXPECT_EQ(dialog_.Text(1082), std::to_string(static_cast<int8_t>(kFrame)));
     int moving = 0;
+    int slanting = 0;
     for (int block = 0; block < 396; ++block) {
-        const board::Motion motion = board::MotionOf(board::VideoChannel::Remote, kFrame - 1,
+        const board::Motion motion = board::MotionOf(board::VideoChannel::Remote, kFrame - 2,
                                                      kFrame, block % 22, block / 22);
         char line[32];
         std::snprintf(line, sizeof line, "%03d: (%3d,%3d)", block, motion.x, motion.y);
         EXPECT_EQ(dialog_.Row(3100, block), line);
         if (motion != board::Motion{}) {
             ++moving;
-            if (motion.y == 0) {
-                EXPECT_TRUE(Shows(block, std::min(std::abs(motion.x), 23), motion.x < 0 ? 1 : 2));
-            }
+            slanting += motion.x != 0 && motion.y != 0 ? 1 : 0;
+            const int length = static_cast<int>(std::hypot(motion.x, motion.y) + 0.5);
+            const int arrow = motion.y == 0   ? (motion.x < 0 ? 1 : 2)
+                              : motion.x == 0 ? (motion.y < 0 ? 3 : 4)
+                              : motion.y < 0  ? (motion.x < 0 ? 5 : 6)
+                                              : (motion.x < 0 ? 8 : 7);
+            EXPECT_TRUE(Shows(block, std::min(length, 23), arrow)) << line;
         }
     }
     EXPECT_GT(moving, 66) << "the stripes and more";
+    EXPECT_GT(slanting, 8);
 }
 
 }  // namespace

@@ -1,10 +1,13 @@
 // The video post-processing's mode and its statistics.
+#include <algorithm>
 #include <chrono>
 #include <cstring>
 #include <string>
 #include <thread>
 #include <vector>
 
+#include "board/state.h"
+#include "board/vpp.h"
 #include "driver/vpp.h"
 #include "tests/board/driver_test.h"
 
@@ -117,4 +120,22 @@ TEST_F(VideoPostProcessing, SendsStatisticsBetweenTheirBeginAndTheirEnd) {
     EXPECT_EQ(KORA_DLL_StartVppStatistics(other), VXD_CONFIGURATION_NOT_SET);
     DestroyWindow(window);
     DestroyWindow(other);
+}
+
+// Of the stripe that goes three pixels in a frame: in a second, the longest period, 75.
+TEST(VideoStatistics, TellAllOfTheMotionAtEveryRate) {
+    for (uint32_t rate = 0; rate <= 26; ++rate) {
+        board::State state;
+        state.services.vpp.parameters.frameRate = rate;
+        const uint32_t period = 1000 / (rate == 0 ? 25 : std::min(rate, 25u));
+        constexpr uint32_t kStart = 40'017;
+        uint32_t time = kStart;
+        int sum = 0;
+        for (int record = 0; record < 50; ++record) {
+            time += period;
+            state.keptTime = time;
+            sum += board::MeasureMotion(state).vectors[22 * 15].x;
+        }
+        EXPECT_EQ(sum, 3 * static_cast<int>(time / 40 - kStart / 40)) << rate;
+    }
 }
