@@ -1,37 +1,44 @@
-// The file to which the viewer writes lines.
+// The file to which the viewer writes lines, whole whatever becomes of the viewer.
 #pragma once
 
-#include <chrono>
-#include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace dbwin {
 
-// Lines go behind what the file holds, one by one, and what a full disk leaves of a batch is taken
-// back. So the file consists of whole lines, but for a last one that is cut where the system killed
-// the viewer in the middle of it or the power failed: such a one is ended by the next viewer before
-// it adds its own. What is written reaches the disk within about a second.
+// Lines go behind what the file holds.
+//
+// A kill ends a program within a write: the kernel copies page by page and looks between two of
+// them whether the program is to go on, so every line that lies across the border of two pages can
+// be cut. So the writing is done by a process of its own, in a session of its own, which takes no
+// signal for its end but that the viewer has gone, writes the whole lines that it had by then, and
+// leaves out the beginning of one that it has no end of. On Windows a write that has begun is done
+// to its end also when the program is ended, and the viewer writes itself.
+//
+// What is written reaches the disk within about a second.
 class LogFile {
   public:
-    // On failure `error` says why, and nothing may be written.
-    LogFile(const std::string& path, std::string& error);
+    // To be made before the program has a second thread. On failure `error` says why, and nothing
+    // may be written.
+    LogFile(std::string path, std::string& error);
+    // Waits until all is on the disk.
     ~LogFile();
     LogFile(const LogFile&) = delete;
     LogFile& operator=(const LogFile&) = delete;
 
-    // Whole lines; false where they could not be written, and nothing of them is.
-    bool Write(std::string_view lines);
-    // Has what was written reach the disk, where the last time is a second ago.
+    // Whole lines. Empty when they are in the file; else why they are not, and nothing of them is.
+    std::string Write(std::string_view lines);
+    // Once in a while, whether or not there are lines.
     void SyncNowAndThen();
+    // Ends the writing. Empty when all has reached the disk, else why it has not.
+    std::string Finish();
 
   private:
-    void Sync();
+    struct Writer;
 
-    int file_ = -1;
-    bool isTorn_ = false;   // ends within a line
-    bool isAhead_ = false;  // of the disk
-    std::chrono::steady_clock::time_point lastSync_;
+    const std::string path_;
+    std::unique_ptr<Writer> writer_;
 };
 
 }  // namespace dbwin

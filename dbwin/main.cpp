@@ -41,7 +41,7 @@ int View(const dbwin::Options& options, const dbwin::Filter& filter, dbwin::LogF
         return ComplainOf(monitor);
     }
     const dbwin::Presence presence;
-    dbwin::WatchForEnd();
+    const dbwin::EndWatch watch;
     dbwin::Viewer viewer(options, filter, monitor, file);
     std::unique_ptr<dbwin::Child> child;
     if (!options.command.empty()) {
@@ -56,7 +56,7 @@ int View(const dbwin::Options& options, const dbwin::Filter& filter, dbwin::LogF
         viewer.Run(child.get(), keys);
     }
     std::fprintf(stderr, "dbwin: %s\n", viewer.TheCounts().Text().c_str());
-    if (viewer.TheCounts().notWritten != 0 || viewer.OutputIsClosed()) {
+    if (viewer.HasFailed()) {
         return kNotWritten;
     }
     return child != nullptr ? child->ExitCode().value_or(kFine) : kFine;
@@ -72,7 +72,7 @@ int main(int count, char** arguments) {
         return Complain(error + "; see dbwin --help", kMistake);
     }
     if (options.help) {
-        return dbwin::WriteOut(dbwin::HelpText()) ? kFine : kNotWritten;
+        return dbwin::WriteOut(dbwin::HelpText()).empty() ? kFine : kNotWritten;
     }
     const dbwin::Filter filter(options.selection, options.ignoresCase, error);
     if (!error.empty()) {
@@ -85,7 +85,7 @@ int main(int count, char** arguments) {
     if (options.file) {
         file = std::make_unique<dbwin::LogFile>(*options.file, error);
         if (!error.empty()) {
-            return Complain(*options.file + ": " + error, kNotWritten);
+            return Complain(error, kNotWritten);
         }
     }
     return View(options, filter, file.get());

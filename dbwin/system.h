@@ -15,12 +15,21 @@ bool IsInputTerminal();
 // Whether standard output is a terminal that shows colours, as its user wants them.
 bool ShowsColours();
 
-// Writes all of it to standard output; false where nobody takes it any more.
-bool WriteOut(std::string_view text);
+// Writes all of it to standard output. Empty when it did, else why nobody takes it any more. Once
+// the end is asked for it waits no longer than a second for somebody to take some more of it.
+std::string WriteOut(std::string_view text);
 
-// Has the user's wish to end the viewer, Ctrl+C or a signal, answered by EndIsAskedFor in place of
-// ending the process at once.
-void WatchForEnd();
+// From its construction on the user's wish to end the viewer, Ctrl+C, a signal or the closing of
+// the terminal, is answered by EndIsAskedFor in place of ending the process at once. A system that
+// ends the process all the same, as Windows does behind a closed terminal, is kept from it until
+// the destruction, as long as it waits. One at a time, and while there is a Presence.
+class EndWatch {
+  public:
+    EndWatch();
+    ~EndWatch();
+    EndWatch(const EndWatch&) = delete;
+    EndWatch& operator=(const EndWatch&) = delete;
+};
 bool EndIsAskedFor();
 
 // The keys of the terminal, taken as they are pressed and not shown. The terminal is as before when

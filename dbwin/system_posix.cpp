@@ -6,7 +6,9 @@
 #include <termios.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <cstdlib>
 #include <cstring>
 
@@ -41,29 +43,44 @@ bool ShowsColours() {
            terminal != nullptr && std::strcmp(terminal, "dumb") != 0;
 }
 
-bool WriteOut(std::string_view text) {
+// In pieces that a pipe which has room takes at once, so that nobody who is slow or stands still
+// keeps the viewer from its end.
+std::string WriteOut(std::string_view text) {
+    constexpr int kLook = 100;  // milliseconds
+    constexpr int kLooksAtTheEnd = 10;
+    int looks = 0;
     while (!text.empty()) {
-        const ssize_t written = write(STDOUT_FILENO, text.data(), text.size());
+        pollfd output = {STDOUT_FILENO, POLLOUT, 0};
+        if (poll(&output, 1, kLook) < 1) {
+            looks = endIsAskedFor != 0 ? looks + 1 : 0;
+            if (looks > kLooksAtTheEnd) {
+                return "it takes nothing";
+            }
+            continue;
+        }
+        looks = 0;
+        const ssize_t written =
+            write(STDOUT_FILENO, text.data(), std::min<std::size_t>(text.size(), PIPE_BUF));
         if (written >= 0) {
             text.remove_prefix(static_cast<std::size_t>(written));
-        } else if (errno == EAGAIN) {
-            pollfd output = {STDOUT_FILENO, POLLOUT, 0};
-            poll(&output, 1, -1);
-        } else if (errno != EINTR || endIsAskedFor != 0) {
-            return false;
+        } else if (errno != EAGAIN && errno != EINTR) {
+            return std::strerror(errno);
         }
     }
-    return true;
+    return {};
 }
 
-void WatchForEnd() {
+EndWatch::EndWatch() {
     struct sigaction action = {};
     action.sa_handler = AskForEnd;
     for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
         sigaction(number, &action, nullptr);
     }
     signal(SIGPIPE, SIG_IGN);
+    signal(SIGXFSZ, SIG_IGN);
 }
+
+EndWatch::~EndWatch() = default;
 
 bool EndIsAskedFor() {
     return endIsAskedFor != 0;
@@ -137,10 +154,11 @@ Child::Child(const std::vector<std::string>& command, bool hasInput, std::string
     // What the viewer ignores isn't the program's to ignore.
     posix_spawnattr_t attributes;
     posix_spawnattr_init(&attributes);
-    sigset_t pipeSignal;
-    sigemptyset(&pipeSignal);
-    sigaddset(&pipeSignal, SIGPIPE);
-    posix_spawnattr_setsigdefault(&attributes, &pipeSignal);
+    sigset_t ignored;
+    sigemptyset(&ignored);
+    sigaddset(&ignored, SIGPIPE);
+    sigaddset(&ignored, SIGXFSZ);
+    posix_spawnattr_setsigdefault(&attributes, &ignored);
     posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
     pid_t id = 0;
     const int failure =

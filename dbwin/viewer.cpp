@@ -34,6 +34,9 @@ void Tell(const std::string& text) {
 std::string Counts::Text() const {
     std::string text = std::to_string(shown) + (shown == 1 ? " line" : " lines") + " shown, " +
                        std::to_string(leftOut) + " left out, " + std::to_string(lost) + " lost";
+    if (notTaken != 0) {
+        text += ", " + std::to_string(notTaken) + " not taken by the output";
+    }
     if (notWritten != 0) {
         text += ", " + std::to_string(notWritten) + " not in the file";
     }
@@ -77,6 +80,9 @@ void Viewer::Run(Child* child, Keys& keys) {
         Take(*line);
     }
     Flush();
+    if (const std::string failure = file_ != nullptr ? file_->Finish() : ""; !failure.empty()) {
+        TellFileFailure(failure);
+    }
 }
 
 // False when the viewer is to end.
@@ -133,30 +139,65 @@ void Viewer::Take(const DebugLine& line) {
         return;
     }
     if (!isQuiet_) {
-        AppendLine(forOutput_, outputForm_, line, prefix);
+        AppendLine(forOutput_.text, outputForm_, line, prefix);
+        ++forOutput_.lines;
     }
     if (file_ != nullptr) {
-        AppendLine(forFile_, fileForm_, line, prefix);
-        ++linesForFile_;
+        AppendLine(forFile_.text, fileForm_, line, prefix);
+        ++forFile_.lines;
     }
-    if (std::max(forOutput_.size(), forFile_.size()) >= kBatch) {
+    if (std::max(forOutput_.text.size(), forFile_.text.size()) >= kBatch) {
         Flush();
     }
 }
 
 void Viewer::Flush() {
-    if (!forFile_.empty() && !file_->Write(forFile_)) {
-        if (counts_.notWritten == 0) {
-            Tell("the file takes no more lines");
+    if (forFile_.lines != 0) {
+        FlushFile();
+        forFile_ = {};
+    }
+    if (forOutput_.lines != 0) {
+        FlushOutput();
+        forOutput_ = {};
+    }
+}
+
+// Lines that the file did not take are told of in their place.
+void Viewer::FlushFile() {
+    std::string text;
+    if (missingInFile_ != 0) {
+        AppendLine(text, fileForm_, {0, {}, missingInFile_, std::chrono::system_clock::now()},
+                   std::nullopt);
+    }
+    const std::string failure = file_->Write(text + forFile_.text);
+    if (failure.empty()) {
+        missingInFile_ = 0;
+        return;
+    }
+    missingInFile_ += forFile_.lines;
+    counts_.notWritten += forFile_.lines;
+    TellFileFailure(failure);
+}
+
+void Viewer::FlushOutput() {
+    if (!outputIsClosed_) {
+        const std::string failure = WriteOut(forOutput_.text);
+        if (failure.empty()) {
+            return;
         }
-        counts_.notWritten += linesForFile_;
+        outputIsClosed_ = hasFailed_ = true;
+        Tell("the output takes no more lines: " + failure);
     }
-    linesForFile_ = 0;
-    forFile_.clear();
-    if (!outputIsClosed_ && !forOutput_.empty()) {
-        outputIsClosed_ = !WriteOut(forOutput_);
+    counts_.shown -= std::min<std::uint64_t>(counts_.shown, forOutput_.lines);
+    counts_.notTaken += forOutput_.lines;
+}
+
+void Viewer::TellFileFailure(const std::string& failure) {
+    hasFailed_ = true;
+    if (failure != fileFailure_) {
+        Tell(failure + "; lines that the file does not take are counted");
+        fileFailure_ = failure;
     }
-    forOutput_.clear();
 }
 
 }  // namespace dbwin

@@ -17,6 +17,7 @@ struct Counts {
     std::uint64_t shown = 0;
     std::uint64_t leftOut = 0;
     std::uint64_t lost = 0;        // before the viewer had them
+    std::uint64_t notTaken = 0;    // by the output
     std::uint64_t notWritten = 0;  // to the file
 
     // "3 lines shown, 1 left out, 0 lost"
@@ -33,15 +34,24 @@ class Viewer {
     void Run(Child* child, Keys& keys);
 
     const Counts& TheCounts() const { return counts_; }
-    // Whether nobody takes the output any more.
-    bool OutputIsClosed() const { return outputIsClosed_; }
+    // Whether lines that were chosen are neither shown nor in the file, or may not be.
+    bool HasFailed() const { return hasFailed_; }
 
   private:
+    // Lines in the form in which they are to be written.
+    struct Batch {
+        std::string text;
+        std::uint32_t lines = 0;
+    };
+
     bool HandleKeys(Keys& keys);
     void SetPaused(bool isPaused);
     void Take(const DebugLine& line);
     void TakeWhatIsThere();
     void Flush();
+    void FlushOutput();
+    void FlushFile();
+    void TellFileFailure(const std::string& failure);
 
     DebugMonitor& monitor_;
     const Filter& filter_;
@@ -51,9 +61,11 @@ class Viewer {
     const bool isQuiet_;
     bool isPaused_ = false;
     bool outputIsClosed_ = false;
-    std::string forOutput_;
-    std::string forFile_;
-    std::uint64_t linesForFile_ = 0;
+    bool hasFailed_ = false;
+    Batch forOutput_;
+    Batch forFile_;
+    std::uint32_t missingInFile_ = 0;  // behind its last line
+    std::string fileFailure_;          // the one that the user was told of last
     Counts counts_;
 };
 

@@ -1,10 +1,8 @@
 #include "dbwin/system.h"
 
 #include <conio.h>
-#include <io.h>
 
 #include <atomic>
-#include <cstdio>
 #include <cstdlib>
 #include <thread>
 
@@ -14,10 +12,26 @@ namespace dbwin {
 namespace {
 
 std::atomic<bool> endIsAskedFor = false;
+HANDLE allIsWritten = nullptr;  // set at the end; never closed, for a thread may wait for it then
 
-BOOL WINAPI AskForEnd(DWORD) {
-    endIsAskedFor = true;
+// On a thread of the system's own. Ctrl+C pressed again ends a viewer that nobody takes lines from.
+// When the terminal is closed or the session ends, the process is ended as soon as this returns.
+BOOL WINAPI AskForEnd(DWORD event) {
+    const bool isRepeated = endIsAskedFor.exchange(true);
+    if (event == CTRL_C_EVENT || event == CTRL_BREAK_EVENT) {
+        return isRepeated ? FALSE : TRUE;
+    }
+    WaitForSingleObject(allIsWritten, INFINITE);
     return TRUE;
+}
+
+std::string TextOf(DWORD error) {
+    char text[256] = "";
+    FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
+                   text, sizeof text, nullptr);
+    std::string shown = text;
+    shown.erase(shown.find_last_not_of("\r\n ") + 1);
+    return shown.empty() ? "error " + std::to_string(error) : shown;
 }
 
 // As a program's own start takes its command line apart.
@@ -37,8 +51,10 @@ std::string Quoted(const std::string& argument) {
 
 }  // namespace
 
+// The null device is none, though the C library takes it for one.
 bool IsInputTerminal() {
-    return _isatty(_fileno(stdin)) != 0;
+    DWORD mode = 0;
+    return GetConsoleMode(GetStdHandle(STD_INPUT_HANDLE), &mode) != FALSE;
 }
 
 bool ShowsColours() {
@@ -49,21 +65,26 @@ bool ShowsColours() {
            SetConsoleMode(output, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
 }
 
-bool WriteOut(std::string_view text) {
+std::string WriteOut(std::string_view text) {
     while (!text.empty()) {
         DWORD written = 0;
         if (!WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), text.data(),
                        static_cast<DWORD>(text.size()), &written, nullptr)) {
-            return false;
+            return TextOf(GetLastError());
         }
         text.remove_prefix(written);
     }
-    return true;
+    return {};
 }
 
-void WatchForEnd() {
+EndWatch::EndWatch() {
     SetConsoleOutputCP(CP_UTF8);
+    allIsWritten = CreateEventA(nullptr, TRUE, FALSE, nullptr);
     SetConsoleCtrlHandler(AskForEnd, TRUE);
+}
+
+EndWatch::~EndWatch() {
+    SetEvent(allIsWritten);
 }
 
 bool EndIsAskedFor() {
@@ -83,6 +104,24 @@ std::optional<char> Keys::Next() {
     return static_cast<char>(_getch());
 }
 
+namespace {
+
+// What asks programs with windows for their end gets an answer too. A session ends as soon as this
+// returns; the console tells nothing of it to a program that has a window.
+LRESULT CALLBACK ViewerProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_CLOSE) {
+        AskForEnd(CTRL_C_EVENT);
+        return 0;
+    }
+    if (message == WM_ENDSESSION && wParam != FALSE) {
+        AskForEnd(CTRL_SHUTDOWN_EVENT);
+        return 0;
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+}  // namespace
+
 // A window of the viewer's class that is never shown, on a thread that answers for it.
 struct Presence::Window {
     DWORD threadId = 0;
@@ -93,7 +132,7 @@ Presence::Presence() : window_(std::make_unique<Window>()) {
     const HANDLE isThere = CreateEventA(nullptr, TRUE, FALSE, nullptr);
     window_->thread = std::thread([this, isThere] {
         WNDCLASSA viewer{};
-        viewer.lpfnWndProc = DefWindowProcA;
+        viewer.lpfnWndProc = ViewerProc;
         viewer.hInstance = GetModuleHandleA(nullptr);
         viewer.lpszClassName = "DBWin";
         RegisterClassA(&viewer);
@@ -133,7 +172,7 @@ Child::Child(const std::vector<std::string>& command, bool hasInput, std::string
     PROCESS_INFORMATION started{};
     if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
                         &started)) {
-        error = "error " + std::to_string(GetLastError());
+        error = TextOf(GetLastError());
         return;
     }
     CloseHandle(started.hThread);

@@ -56,7 +56,11 @@ class Backlog {
             lost_.fetch_add(1, std::memory_order_relaxed);
             return true;
         }
-        std::lock_guard lock(mutex_);
+        const auto lock = LockSoon();
+        if (!lock) {
+            lost_.fetch_add(1, std::memory_order_relaxed);
+            return true;
+        }
         if (isWaiting_)
             Append(piece);
         return isWaiting_;
@@ -74,13 +78,33 @@ class Backlog {
         Append(piece);
     }
 
+    // Gives up sooner where the viewer takes nothing.
     void WaitUntilSent(std::chrono::milliseconds longest) {
+        constexpr std::chrono::milliseconds kPatience{5};
+        const auto end = std::chrono::steady_clock::now() + longest;
         std::unique_lock lock(mutex_);
-        changed_.wait_for(lock, longest, [this] { return !isWaiting_; });
+        for (bool goesOn = true; goesOn && isWaiting_ && std::chrono::steady_clock::now() < end;) {
+            const auto before = sent_.load();
+            changed_.wait_for(lock, kPatience, [this] { return !isWaiting_; });
+            goesOn = sent_ != before;
+        }
     }
 
   private:
     static constexpr std::size_t kMostBytes = std::size_t{4} << 20;
+
+    // Everybody holds the lock for moments only. On a busy machine one who holds it may have lost
+    // the processor all the same, for longer than a writer is to be held up: none then.
+    std::unique_lock<std::mutex> LockSoon() {
+        constexpr std::chrono::microseconds kSoon{200};
+        std::unique_lock lock(mutex_, std::try_to_lock);
+        if (!lock) {
+            const auto end = std::chrono::steady_clock::now() + kSoon;
+            while (!lock.try_lock() && std::chrono::steady_clock::now() < end) {
+            }
+        }
+        return lock;
+    }
 
     void Append(std::string_view piece) {
         isFull_ = isFull_ || lines_.size() + piece.size() + 1 > kMostBytes;
@@ -98,25 +122,28 @@ class Backlog {
 
     void Run() {
         std::string batch;
+        batch.reserve(kMostBytes);
         std::unique_lock lock(mutex_);
         for (;;) {
             changed_.wait(lock, [this] { return isWaiting_.load(); });
-            batch.reserve(kMostBytes);
             batch.swap(lines_);
             isFull_ = false;
             const std::uint32_t lost = lost_.exchange(0);
             const DebugSocket socket = socket_;
-            bool goesOn = !batch.empty() || lostBefore_ != 0;
-            if (goesOn) {
+            const bool isDone = batch.empty() && lostBefore_ == 0 && lost == 0;
+            bool viewerIsGone = false;
+            if (!isDone) {
                 lock.unlock();
-                goesOn = SendAll(socket, std::exchange(lostBefore_, lost), batch);
+                viewerIsGone = !SendAll(socket, std::exchange(lostBefore_, lost), batch);
                 batch.clear();
                 lock.lock();
             }
-            if (!goesOn) {
+            if (viewerIsGone) {
                 lines_.clear();
                 isFull_ = false;
                 lost_ = lostBefore_ = 0;
+            }
+            if (isDone || viewerIsGone) {
                 isWaiting_ = false;
                 changed_.notify_all();
             }
@@ -124,12 +151,13 @@ class Backlog {
     }
 
     // Waits for the viewer. False when it has gone.
-    static bool SendAll(const DebugSocket& socket, std::uint32_t lost, std::string_view lines) {
+    bool SendAll(const DebugSocket& socket, std::uint32_t lost, std::string_view lines) {
         do {
             std::string_view part = lines.substr(0, kMostBytesInDatagram);
             part = part.substr(0, part.rfind('\0') + 1);
             if (Send(socket, std::exchange(lost, 0), part, {}, 0) != Result::kSent)
                 return false;
+            ++sent_;
             lines.remove_prefix(part.size());
         } while (!lines.empty());
         return true;
@@ -138,6 +166,7 @@ class Backlog {
     std::mutex mutex_;
     std::condition_variable changed_;
     std::atomic<bool> isWaiting_ = false;
+    std::atomic<std::uint64_t> sent_ = 0;  // datagrams
     DebugSocket socket_ = {};
     std::string lines_;
     std::atomic<bool> isFull_ = false;     // from the first line that is lost on

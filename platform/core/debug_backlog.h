@@ -10,7 +10,8 @@ namespace vxd {
 // Hands a piece of text on without waiting for the viewer. One that the viewer can't take at once,
 // and those that follow it, wait in memory for a thread of their own to send them, up to some
 // megabytes; beyond that they are lost, and the viewer is told how many. As the program ends they
-// are sent for a tenth of a second more. Any thread; each thread's lines keep their order.
+// are sent for a tenth of a second more, as long as the viewer takes some. Any thread; each
+// thread's lines keep their order.
 
 // Puts the piece behind the lines that wait already; false when none does.
 bool JoinDebugBacklog(std::string_view piece);

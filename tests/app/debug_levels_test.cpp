@@ -7,6 +7,7 @@
 #include "driver/papi.h"
 #include "res/resource.h"
 #include "tests/app/dialog_test.h"
+#include "tests/kit/person.h"
 
 namespace {
 
@@ -45,6 +46,14 @@ class DebugLevels : public CommandTest {
         return checked;
     }
 
+    static std::string AllRows(const kit::Dialog& dialog, int id) {
+        std::string rows;
+        for (int row = 0; row < dialog.Rows(id); ++row) {
+            rows += dialog.Row(id, row) + " ";
+        }
+        return rows;
+    }
+
     static Texts AllSet(const char* level) {
         Texts calls;
         for (const char* module : {"0", "1", "2", "3", "4", "5",  "6",  "7",  "8",  "9",  "A",
@@ -64,9 +73,19 @@ TEST_F(DebugLevels, OpensOnTheFirstModulesLevelAndTheFirmwaresFlags) {
         EXPECT_EQ(ReceivedCalls(), (Texts{"vdapi_GetModuleDebugLevel(0, address)",
                                           "vdapi_SendCommand(7D1, 32, 0, 0, address, address, "
                                           "address)"}));
-        ASSERT_EQ(dialog.Rows(1029), 22);
-        EXPECT_EQ(dialog.Row(1029, 0) + dialog.Row(1029, 12) + dialog.Row(1029, 21),
-                  "APIVCPXI_LOWLEVELUTIL_TIMER");
+        EXPECT_EQ(AllRows(dialog, 1029),
+                  "API CONV DRV FILE JADE JADE_ISR SYS UI VCP VCPXI VCPXI_DMA VCPXI_STREAM "
+                  "VCPXI_LOWLEVEL VCPXI_TASK AKM PROG USB DRV_CAM API_CAM API_VID UTIL_LIST "
+                  "UTIL_TIMER ");
+        EXPECT_EQ(AllRows(dialog, 1030), "TRACE5 TRACE4 TRACE3 TRACE2 TRACE1 WARN ERROR NONE ");
+        std::string captions;
+        for (const int id : {2, 1090, 4, 5, 6, 1321, 1322, 1323, 1324, 1325, 1326, 1327, 1328, 1332,
+                             1329, 1330, 1331, 1208, 1209}) {
+            captions += dialog.Text(id) + "|";
+        }
+        EXPECT_EQ(captions,
+                  "&Close|&Level:|&Mute|&Technical|&Trace|Errors|Any|Flow|Chap9|Proto|BufQe|HwInt|"
+                  "TxData|RxData|HwDiag|HwEvent|Vsp|Update USB|Refresh|");
         EXPECT_EQ(dialog.SelectedRow(1029), 0);
         EXPECT_EQ(dialog.Text(1030), "TRACE1");
         EXPECT_EQ(CheckedBoxes(dialog), (std::set{1321, 1332}));
@@ -90,6 +109,13 @@ TEST_F(DebugLevels, ShowsEachModulesLevelAndSetsTheChosenOne) {
         dialog.Pick(1029, each.row);
         EXPECT_EQ(dialog.SelectedRow(1030), each.entry) << each.level;
     }
+    SetLevel(4, 60);
+    board::ForgetCalls();
+    kit::DoubleClickRow(dialog.Control(1029), 4);
+    EXPECT_EQ(ReceivedCalls(), (Texts{"vdapi_GetModuleDebugLevel(4, address)",
+                                      "vdapi_GetModuleDebugLevel(4, address)"}))
+        << "the first click and both";
+    EXPECT_EQ(dialog.Text(1030), "TRACE4");
     dialog.Pick(1029, "VCPXI_STREAM");
     board::ForgetCalls();
     dialog.Pick(1030, "WARN");

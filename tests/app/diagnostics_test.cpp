@@ -73,13 +73,13 @@ TEST_F(Trace, IsSilentWithoutAViewerUntilALevelIsChosenWhichIsRememberedTenfold)
 
 TEST_F(Trace, ALineBeginsWithTimeProcessSeverityAndSource) {
     utility_.Command(IDM_DEBUG_KORA_TRACE_3);
-    const auto lines = Write(5, "hello\n");
+    const auto lines = Write(5, "100 %d %s \xE9\n");
     ASSERT_EQ(lines.size(), 1u);
     const std::string& line = lines.front();
     ASSERT_GT(line.size(), 6u);
     EXPECT_EQ(line.substr(0, 3).find_first_not_of(" 0123456789"), std::string::npos) << line;
     EXPECT_EQ(line.substr(4, 2).find_first_not_of(" 0123456789ABCDEF"), std::string::npos) << line;
-    EXPECT_EQ(line.substr(3, 1) + line.substr(6), "*: [5]KORATST:\t hello\n");
+    EXPECT_EQ(line.substr(3, 1) + line.substr(6), "*: [5]KORATST:\t 100 %d %s \xE9\n");
 }
 
 TEST_F(Trace, ALineThatIsTooLongIsAnnouncedAndCut) {

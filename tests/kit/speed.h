@@ -3,9 +3,12 @@
 
 namespace kit {
 
-// Limits of time hold for the program as its users have it; a sanitizer takes so many times longer.
+// Limits of time hold for the program as its users have it; under a sanitizer, or not optimised, it
+// takes so many times longer.
 #ifdef VXD_SANITIZED
 constexpr int kSlowdown = 20;
+#elif !defined(__OPTIMIZE__)
+constexpr int kSlowdown = 5;
 #else
 constexpr int kSlowdown = 1;
 #endif
