@@ -198,6 +198,9 @@ void Clicked(WidgetId button);
 // turn comes, what was put in goes into that one, and the screen is told the result.
 void Edited(WidgetId edit, const std::string& text, int selectionStart, int selectionEnd);
 void SelectionMoved(WidgetId edit, int start, int end);
+// The mouse went down on a row, or on none (-1), which takes the focus to the list first. RowChosen
+// follows when the button comes up among the rows.
+void RowPressed(WidgetId list, int row);
 // The row as the list shows it now; it stays that row when others come and go before its turn.
 void RowChosen(WidgetId list, int row);
 void RowDoubleClicked(WidgetId list, int row);

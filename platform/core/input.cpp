@@ -218,7 +218,67 @@ void SelectionMoved(WidgetId edit, int start, int end) {
     });
 }
 
+namespace {
+
+void FocusByPerson(Window& window) {
+    const WidgetId id = window.Widget();
+    if (TopLevelOf(window).IsEnabled()) {
+        SetFocus(window.handle);
+    }
+    const Window* focused = FindWindowOf(FocusedWindow());
+    if (focused == nullptr) {
+        return;
+    }
+    if (focused->Widget() == id) {
+        DefaultButtonFollows(*focused);
+    } else {
+        // The screen has followed the person already.
+        CurrentScreen().SetFocus(focused->Widget());
+    }
+}
+
+// A press of the mouse on a list while it takes the focus. A program may show a dialog at that, and
+// the button comes up before the press has come to its end.
+struct RowPress {
+    WidgetId list = 0;
+    std::shared_ptr<PendingRow> row;
+    bool cameUp = false;
+};
+RowPress* thePress = nullptr;
+
+void PressRow(Window& window, const std::shared_ptr<PendingRow>& row) {
+    RowPress press{window.Widget(), row};
+    const HWND handle = window.handle;
+    RowPress* const outer = std::exchange(thePress, &press);
+    FocusByPerson(window);
+    thePress = outer;
+    Window* still = FindWindowOf(handle);
+    if (still == nullptr || still->control == nullptr) {
+        return;
+    }
+    const bool takesInput = still->IsEnabled() && TopLevelOf(*still).IsEnabled();
+    if (!takesInput || press.row->row < 0) {
+        still->control->ShowState();
+    } else if (press.cameUp) {
+        still->control->OnRowChosen(press.row->row);
+    } else {
+        still->control->OnRowPressed(press.row->row);
+    }
+}
+
+}  // namespace
+
+void RowPressed(WidgetId list, int row) {
+    Queue(list,
+          [pending = theRows.Add({list, row})](Window& window) { PressRow(window, pending); });
+}
+
 void RowChosen(WidgetId list, int row) {
+    if (thePress != nullptr && thePress->list == list) {
+        thePress->cameUp = true;
+        thePress->row = theRows.Add({list, row});
+        return;
+    }
     QueueForRow(list, row, &Control::OnRowChosen);
 }
 
@@ -235,21 +295,7 @@ void Scrolled(WidgetId bar, std::uint32_t code, int position) {
 }
 
 void Focused(WidgetId id) {
-    Queue(id, [id](Window& window) {
-        if (TopLevelOf(window).IsEnabled()) {
-            SetFocus(window.handle);
-        }
-        const Window* focused = FindWindowOf(FocusedWindow());
-        if (focused == nullptr) {
-            return;
-        }
-        if (focused->Widget() == id) {
-            DefaultButtonFollows(*focused);
-        } else {
-            // The screen has followed the person already.
-            CurrentScreen().SetFocus(focused->Widget());
-        }
-    });
+    Queue(id, FocusByPerson);
 }
 
 void Activated(WidgetId window, bool active) {

@@ -39,6 +39,7 @@ class Control {
     virtual void OnClicked() {}
     virtual void OnEdited(const std::string& /*text*/, int /*start*/, int /*end*/) {}
     virtual void OnSelectionMoved(int /*start*/, int /*end*/) {}
+    virtual void OnRowPressed(int /*row*/) {}
     virtual void OnRowChosen(int /*row*/) {}
     virtual void OnRowDoubleClicked(int /*row*/) {}
     virtual void OnDropped(bool /*dropped*/) {}

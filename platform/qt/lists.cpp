@@ -70,6 +70,13 @@ class RowList : public QListWidget {
         return QListWidget::viewportEvent(event);
     }
 
+    void mousePressEvent(QMouseEvent* event) override {
+        QListWidget::mousePressEvent(event);
+        const QModelIndex under = indexAt(event->position().toPoint());
+        const bool chooses = event->button() == Qt::LeftButton && under.isValid();
+        report_(input::RowPressed, id_, chooses ? under.row() : -1);
+    }
+
     void mouseReleaseEvent(QMouseEvent* event) override {
         QListWidget::mouseReleaseEvent(event);
         if (event->button() == Qt::LeftButton && !std::exchange(doubleClicked_, false))

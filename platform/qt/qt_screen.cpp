@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QFontMetrics>
 #include <QKeyEvent>
+#include <QListView>
 #include <QMenuBar>
 #include <QScreen>
 #include <QTimer>
@@ -563,7 +564,11 @@ void QtScreen::ReportFocus(const QWidget& receiver, const QEvent& event) {
     if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
         reason == Qt::MenuBarFocusReason)
         return;
-    if (const Control* control = ControlOf(&receiver); control != nullptr)
+    const Control* control = ControlOf(&receiver);
+    // A list tells of the mouse that brings it the focus by itself, if the press gets to it.
+    const bool tellsItself = reason == Qt::MouseFocusReason && !IsShutOut(receiver) &&
+                             dynamic_cast<const QListView*>(&receiver) != nullptr;
+    if (control != nullptr && !tellsItself)
         report_(input::Focused, control->Id());
 }
 

@@ -45,6 +45,9 @@ using Codes = std::vector<int>;
 // thread alone.
 std::vector<std::pair<int, int>> theNotices;
 
+// Whether the list's focus is answered with a message box. User-interface thread.
+bool theBoxIsDue = false;
+
 // What a control has told; all notices so far are forgotten.
 Codes TakeCodes(int id) {
     return OnUserInterface([id] {
@@ -102,6 +105,9 @@ INT_PTR CALLBACK FormProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM)
             return TRUE;
         case WM_COMMAND:
             theNotices.emplace_back(LOWORD(wParam), HIWORD(wParam));
+            if (theBoxIsDue && LOWORD(wParam) == IDC_LIST && HIWORD(wParam) == LBN_SETFOCUS) {
+                MessageBoxA(dialog, "The row cannot be read.", "Report", MB_OK);
+            }
             if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)
                 EndDialog(dialog, LOWORD(wParam));
             return TRUE;
@@ -395,6 +401,48 @@ TEST_F(FormTest, AListBoxTellsClicksAndDoubleClicks) {
                            widget->mapTo(widget->window(), third));
     });
     EXPECT_EQ(TakeCodes(IDC_LIST), (Codes{LBN_SELCHANGE, LBN_DBLCLK}));
+}
+
+TEST_F(FormTest, AClickThatMakesTheProgramShowABoxChoosesItsRowBehindTheBox) {
+    const HWND list = Control(IDC_LIST);
+    Send(IDC_LIST, LB_SETCURSEL, 0);
+    const auto mouse = [list](bool goesDown) {
+        native::Do([=] {
+            auto* rows = native::As<QListWidget>(list);
+            QWindow* window = rows->window()->windowHandle();
+            const QPoint third = rows->visualItemRect(rows->item(2)).center() +
+                                 rows->viewport()->mapTo(rows->window(), QPoint());
+            if (goesDown) {
+                QTest::mousePress(window, Qt::LeftButton, {}, third);
+            } else {
+                QTest::mouseRelease(window, Qt::LeftButton, {}, third);
+            }
+        });
+    };
+    const Codes toTheBoxAndBack{LBN_SETFOCUS, LBN_KILLFOCUS, LBN_SETFOCUS};
+    for (const bool upBehindTheBox : {false, true}) {
+        Focus(IDC_NAME);
+        TakeCodes(IDC_LIST);
+        OnUserInterface([] { theBoxIsDue = true; });
+        mouse(true);
+        OnUserInterface([] { theBoxIsDue = false; });
+        if (!upBehindTheBox) {
+            mouse(false);
+        }
+        EXPECT_EQ(form_.SelectedRow(IDC_LIST), 0);
+        kit::MeetBox("Report", "The row cannot be read.");
+        native::Do([] {});
+        EXPECT_EQ(form_.SelectedRow(IDC_LIST), 2);
+        Codes told = toTheBoxAndBack;
+        if (upBehindTheBox) {
+            EXPECT_EQ(TakeCodes(IDC_LIST), told);
+            told.clear();
+            mouse(false);
+        }
+        told.push_back(LBN_SELCHANGE);
+        EXPECT_EQ(TakeCodes(IDC_LIST), told);
+        Send(IDC_LIST, LB_SETCURSEL, 0);
+    }
 }
 
 TEST_F(FormTest, LettersTypedIntoAListBoxChooseTheRowThatBeginsWithThem) {

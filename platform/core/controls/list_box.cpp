@@ -73,6 +73,8 @@ class ListBox : public BasicControl {
 
     void ShowState() override { rows_.ShowSelected(); }
 
+    void OnRowPressed(int row) override { rows_.Select(row); }
+
     // A choice counts even when it is the row that is selected already.
     void OnRowChosen(int row) override {
         if (!rows_.HasRow(row))

@@ -44,7 +44,10 @@ void ClickButton(HWND button) {
 }
 
 void ClickRow(HWND listBox, int row) {
-    Report([=] { vxd::input::RowChosen(Press(listBox), row); });
+    Report([list = vxd::HandleNumber(listBox), row] {
+        vxd::input::RowPressed(list, row);
+        vxd::input::RowChosen(list, row);
+    });
 }
 
 void DoubleClickRow(HWND listBox, int row) {
