@@ -110,6 +110,52 @@ struct FontMetrics {
     int height = 0;
 };
 
+// What shows a window: its kind has use for some of these functions, and ignores the others.
+class Widget {
+  public:
+    virtual ~Widget() = default;
+
+    virtual void SetText(const std::string& /*text*/) {}
+    virtual void SetRect(const Rect& /*rect*/) {}
+    virtual void SetVisible(bool /*visible*/) {}
+    // A disabled top-level window takes no input but keeps its looks; a control turns grey.
+    virtual void SetEnabled(bool /*enabled*/) {}
+    virtual void SetIcon(const Pixels& /*icon*/) {}
+    // The client pixels have changed inside `changed`. Those of a dialog or a control lie over its
+    // own look and are transparent (0) where nothing was drawn; none at all clear them.
+    virtual void Draw(const Pixels& /*pixels*/, const Rect& /*changed*/) {}
+
+    // Top-level windows.
+    virtual void SetTopmost(bool /*topmost*/) {}
+    // Between which sizes a person can size the window.
+    virtual void SetSizeLimits(Size /*least*/, Size /*most*/) {}
+    virtual void SetMenuBar(const std::vector<MenuView>& /*menu*/) {}
+    // The height of the menu bar when the window is `width` wide; 0 without a menu.
+    virtual int MenuBarHeight(int /*width*/) const { return 0; }
+
+    // Buttons. `check` is BST_UNCHECKED, BST_CHECKED or BST_INDETERMINATE.
+    virtual void SetCheck(int /*check*/) {}
+    virtual void SetDefaultLook(bool /*isDefault*/) {}
+
+    // Edits, and combo boxes that have one. Positions count bytes of the text. An edit that the
+    // core refuses, or cuts, is answered with the text and the selection as they are to be.
+    virtual void SetReadOnly(bool /*readOnly*/) {}
+    virtual void SetTextSelection(int /*start*/, int /*end*/) {}
+
+    // List and combo boxes. Row -1 is no row.
+    virtual void InsertRow(int /*row*/, const std::string& /*text*/) {}
+    virtual void RemoveRow(int /*row*/) {}
+    virtual void ClearRows() {}
+    virtual void SelectRow(int /*row*/) {}
+    virtual void SetDropped(bool /*dropped*/) {}
+
+    // Scroll bars. A thumb that a person holds stays with the person.
+    virtual void SetScroll(int /*minimum*/, int /*maximum*/, int /*position*/) {}
+};
+
+// Shows nothing: the widget of a window that is not on the screen, or not any more.
+Widget& NoWidget();
+
 class Screen {
   public:
     virtual ~Screen() = default;
@@ -120,53 +166,19 @@ class Screen {
     virtual Size TextSize(const std::string& text, int wrapWidth) = 0;
     // The part of the desktop that windows may cover.
     virtual Rect WorkArea() = 0;
-    // The height of the window's menu bar when the window is `width` wide; 0 without a menu.
-    virtual int MenuBarHeight(WidgetId window, int width) = 0;
 
-    // Widgets. A new widget is hidden. Destroying one destroys its children.
-    virtual void Create(const WidgetSetup& setup) = 0;
+    // The widget is the screen's and stays until it is destroyed. A new one is hidden.
+    virtual Widget& Create(const WidgetSetup& setup) = 0;
+    // Those inside it and those it owns go too.
     virtual void Destroy(WidgetId id) = 0;
-    virtual void SetText(WidgetId id, const std::string& text) = 0;
-    virtual void SetRect(WidgetId id, const Rect& rect) = 0;
-    virtual void SetVisible(WidgetId id, bool visible) = 0;
-    // A disabled top-level window takes no input but keeps its looks; a control turns grey.
-    virtual void SetEnabled(WidgetId id, bool enabled) = 0;
     virtual void SetFocus(WidgetId id) = 0;
-    virtual void SetIcon(WidgetId id, const Pixels& icon) = 0;
-
-    // Top-level windows.
     // Brings a window to the front and asks the desktop to make it the active one. The core takes
     // it for active from now on; only what differs from that is reported by input::Activated.
     virtual void Raise(WidgetId id) = 0;
-    virtual void SetTopmost(WidgetId id, bool topmost) = 0;
-    // Between which sizes a person can size the window.
-    virtual void SetSizeLimits(WidgetId id, Size least, Size most) = 0;
-    virtual void SetMenuBar(WidgetId id, const std::vector<MenuView>& menu) = 0;
+
     // Shows a popup menu at a point of the desktop and returns at once; input::MenuEnded follows.
     virtual void ShowPopup(WidgetId id, const std::vector<MenuView>& menu, Point where) = 0;
     virtual void ClosePopup() = 0;
-    // The widget's client pixels have changed inside `changed`. Those of a dialog or a control lie
-    // over its own look and are transparent (0) where nothing was drawn; none at all clear them.
-    virtual void Draw(WidgetId id, const Pixels& pixels, const Rect& changed) = 0;
-
-    // Buttons. `check` is BST_UNCHECKED, BST_CHECKED or BST_INDETERMINATE.
-    virtual void SetCheck(WidgetId id, int check) = 0;
-    virtual void SetDefaultLook(WidgetId id, bool isDefault) = 0;
-
-    // Edits, and combo boxes that have one. Positions count bytes of the text. An edit that the
-    // core refuses, or cuts, is answered with the text and the selection as they are to be.
-    virtual void SetReadOnly(WidgetId id, bool readOnly) = 0;
-    virtual void SetTextSelection(WidgetId id, int start, int end) = 0;
-
-    // List and combo boxes. Row -1 is no row.
-    virtual void InsertRow(WidgetId id, int row, const std::string& text) = 0;
-    virtual void RemoveRow(WidgetId id, int row) = 0;
-    virtual void ClearRows(WidgetId id) = 0;
-    virtual void SelectRow(WidgetId id, int row) = 0;
-    virtual void SetDropped(WidgetId id, bool dropped) = 0;
-
-    // Scroll bars. A thumb that a person holds stays with the person.
-    virtual void SetScroll(WidgetId id, int minimum, int maximum, int position) = 0;
 
     // The desktop's dialog for opening a file that exists. Shows it and returns at once;
     // input::FileChosen follows. A screen that has none shows nothing.

@@ -75,7 +75,7 @@ void MakeActive(Window* window, Origin origin) {
     }
     MoveToFront(*still);
     if (origin == Origin::kProgram)
-        CurrentScreen().Raise(still->Widget());
+        CurrentScreen().Raise(still->Number());
     Call(*still, WM_ACTIVATE, WA_ACTIVE, reinterpret_cast<LPARAM>(previous));
 }
 
@@ -87,7 +87,7 @@ bool HasFocusInside(const Window& window) {
 void SetVisible(Window& window, bool visible) {
     window.style =
         visible ? window.style | WS_VISIBLE : window.style & ~static_cast<DWORD>(WS_VISIBLE);
-    CurrentScreen().SetVisible(window.Widget(), visible);
+    window.widget->SetVisible(visible);
 }
 
 }  // namespace
@@ -173,7 +173,7 @@ BOOL WINAPI EnableWindow(HWND handle, BOOL enable) {
     } else {
         window->style |= WS_DISABLED;
     }
-    vxd::CurrentScreen().SetEnabled(window->Widget(), enable != FALSE);
+    window->widget->SetEnabled(enable != FALSE);
     // What is inside a disabled window keeps the focus until it goes elsewhere.
     if (!enable && TheDesk().focus == handle)
         SetFocus(nullptr);
@@ -205,7 +205,7 @@ HWND WINAPI SetFocus(HWND handle) {
     window = FindWindowOf(handle);
     if (window == nullptr || desk.focus != handle)
         return previous;
-    vxd::CurrentScreen().SetFocus(window->Widget());
+    vxd::CurrentScreen().SetFocus(window->Number());
     vxd::Call(*window, WM_SETFOCUS, reinterpret_cast<WPARAM>(losing), 0);
     return previous;
 }

@@ -15,7 +15,7 @@ LRESULT WINAPI DefWindowProcA(HWND handle, UINT message, WPARAM wParam, LPARAM l
             return TRUE;
         case WM_SETTEXT:
             window->text = lParam != 0 ? reinterpret_cast<LPCSTR>(lParam) : "";
-            vxd::CurrentScreen().SetText(window->Widget(), window->text);
+            window->widget->SetText(window->text);
             return TRUE;
         case WM_GETTEXT:
             return vxd::CopyText(window->text, reinterpret_cast<LPSTR>(lParam),

@@ -92,7 +92,7 @@ int StretchModeOf(HDC dc) {
 
 void ShowChange(const Canvas& canvas, const Rect& area) {
     if (canvas.window != nullptr) {
-        CurrentScreen().Draw(canvas.window->Widget(), *canvas.pixels, area);
+        canvas.window->widget->Draw(*canvas.pixels, area);
     }
 }
 

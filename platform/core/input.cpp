@@ -221,7 +221,7 @@ void SelectionMoved(WidgetId edit, int start, int end) {
 namespace {
 
 void FocusByPerson(Window& window) {
-    const WidgetId id = window.Widget();
+    const WidgetId id = window.Number();
     if (TopLevelOf(window).IsEnabled()) {
         SetFocus(window.handle);
     }
@@ -229,11 +229,11 @@ void FocusByPerson(Window& window) {
     if (focused == nullptr) {
         return;
     }
-    if (focused->Widget() == id) {
+    if (focused->Number() == id) {
         DefaultButtonFollows(*focused);
     } else {
         // The screen has followed the person already.
-        CurrentScreen().SetFocus(focused->Widget());
+        CurrentScreen().SetFocus(focused->Number());
     }
 }
 
@@ -247,7 +247,7 @@ struct RowPress {
 RowPress* thePress = nullptr;
 
 void PressRow(Window& window, const std::shared_ptr<PendingRow>& row) {
-    RowPress press{window.Widget(), row};
+    RowPress press{window.Number(), row};
     const HWND handle = window.handle;
     RowPress* const outer = std::exchange(thePress, &press);
     FocusByPerson(window);

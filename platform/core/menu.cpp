@@ -226,7 +226,7 @@ void RefreshMenuBars() {
         return;
     for (const HWND handle : std::exchange(WindowsToRefresh(), {})) {
         if (Window* window = FindWindowOf(handle); window != nullptr) {
-            CurrentScreen().SetMenuBar(window->Widget(), ViewOf(window->menu));
+            window->widget->SetMenuBar(ViewOf(window->menu));
             MenuBarChanged(*window);
         }
     }
@@ -288,7 +288,7 @@ BOOL WINAPI SetMenu(HWND handle, HMENU menu) {
         return FALSE;
     window->menu = menu;
     vxd::WindowsToRefresh().erase(handle);
-    vxd::CurrentScreen().SetMenuBar(window->Widget(), vxd::ViewOf(menu));
+    window->widget->SetMenuBar(vxd::ViewOf(menu));
     vxd::MenuBarChanged(*window);
     return TRUE;
 }

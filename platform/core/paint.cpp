@@ -39,7 +39,7 @@ void DrawnAnew(Window& control) {
     if (control.pixels.data.empty())
         return;
     control.pixels = {};
-    CurrentScreen().Draw(control.Widget(), control.pixels, ClientRect(control));
+    control.widget->Draw(control.pixels, ClientRect(control));
 }
 
 void ClientResized(Window& window) {

@@ -71,20 +71,20 @@ void Place(Window& window, const Rect& wanted) {
         const SizeLimits limits = LimitsOf(window);
         if (!IsLiveWindow(handle))
             return;
-        CurrentScreen().SetSizeLimits(window.Widget(), limits.least, limits.most);
+        window.widget->SetSizeLimits(limits.least, limits.most);
         limits.Bound(rect);
     }
     if (rect == window.rect)
         return;
     const Rect before = window.rect;
     window.rect = rect;
-    CurrentScreen().SetRect(window.Widget(), rect);
+    window.widget->SetRect(rect);
     PlacedByScreen(window, before);
 }
 
 void PlacedByScreen(Window& window, const Rect& before) {
     if (!window.IsChild() && window.menu != nullptr)
-        window.menuHeight = CurrentScreen().MenuBarHeight(window.Widget(), window.rect.width);
+        window.menuHeight = window.widget->MenuBarHeight(window.rect.width);
     const bool moved = before.x != window.rect.x || before.y != window.rect.y;
     const bool sized = before.width != window.rect.width || before.height != window.rect.height;
     if (sized)
@@ -95,9 +95,8 @@ void PlacedByScreen(Window& window, const Rect& before) {
 
 void MenuBarChanged(Window& window) {
     const int before = window.menuHeight;
-    window.menuHeight = window.menu != nullptr
-                            ? CurrentScreen().MenuBarHeight(window.Widget(), window.rect.width)
-                            : 0;
+    window.menuHeight =
+        window.menu != nullptr ? window.widget->MenuBarHeight(window.rect.width) : 0;
     if (window.menuHeight == before)
         return;
     ClientResized(window);
@@ -119,10 +118,10 @@ BOOL WINAPI SetWindowPos(HWND handle, HWND after, int x, int y, int width, int h
         if (topmost || after == HWND_NOTOPMOST) {
             window->exStyle = topmost ? window->exStyle | WS_EX_TOPMOST
                                       : window->exStyle & ~static_cast<DWORD>(WS_EX_TOPMOST);
-            vxd::CurrentScreen().SetTopmost(window->Widget(), topmost);
+            window->widget->SetTopmost(topmost);
         } else if (after == HWND_TOP) {
             vxd::MoveToFront(*window);
-            vxd::CurrentScreen().Raise(window->Widget());
+            vxd::CurrentScreen().Raise(window->Number());
         }
     }
     vxd::Rect rect = window->rect;

@@ -13,6 +13,11 @@ void InstallScreen(Screen& screen) {
     installed = &screen;
 }
 
+Widget& NoWidget() {
+    static Widget none;
+    return none;
+}
+
 Screen& CurrentScreen() {
     // Never destroyed: other threads may still wake it while the process ends.
     static HeadlessScreen& headless = *new HeadlessScreen;

@@ -181,9 +181,9 @@ LONG_PTR SetStyle(Window& window, DWORD wanted) {
     const DWORD before = window.style;
     window.style = (before & kKind) | (wanted & ~kKind);
     if (((before ^ window.style) & WS_VISIBLE) != 0)
-        vxd::CurrentScreen().SetVisible(window.Widget(), window.IsVisible());
+        window.widget->SetVisible(window.IsVisible());
     if (((before ^ window.style) & WS_DISABLED) != 0)
-        vxd::CurrentScreen().SetEnabled(window.Widget(), window.IsEnabled());
+        window.widget->SetEnabled(window.IsEnabled());
     return static_cast<LONG_PTR>(before);
 }
 

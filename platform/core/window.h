@@ -70,6 +70,7 @@ struct DialogState {
 
 struct Window {
     HWND handle = nullptr;
+    Widget* widget = &NoWidget();
     const WindowClass* windowClass = nullptr;
     WNDPROC procedure = nullptr;
     HINSTANCE instance = nullptr;
@@ -96,7 +97,7 @@ struct Window {
     std::unique_ptr<Control> control;
     std::unique_ptr<DialogState> dialog;
 
-    WidgetId Widget() const { return HandleNumber(handle); }
+    WidgetId Number() const { return HandleNumber(handle); }
     bool IsChild() const { return (style & WS_CHILD) != 0; }
     bool IsVisible() const { return (style & WS_VISIBLE) != 0; }
     bool IsEnabled() const { return (style & WS_DISABLED) == 0; }

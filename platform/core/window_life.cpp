@@ -23,21 +23,38 @@ WidgetKind KindOf(const Window& window) {
 
 void ShowOnScreen(Window& window) {
     WidgetSetup setup;
-    setup.id = window.Widget();
+    setup.id = window.Number();
     setup.kind = KindOf(window);
-    setup.parent = window.parent != nullptr ? window.parent->Widget() : 0;
+    setup.parent = window.parent != nullptr ? window.parent->Number() : 0;
     setup.owner = HandleNumber(window.owner);
     setup.style = window.style;
     setup.rect = window.rect;
     setup.text = window.text;
     setup.enabled = window.IsEnabled();
-    CurrentScreen().Create(setup);
+    window.widget = &CurrentScreen().Create(setup);
     if (const Pixels* icon = IconPixels(window.icon); icon != nullptr && !window.IsChild())
-        CurrentScreen().SetIcon(setup.id, *icon);
+        window.widget->SetIcon(*icon);
     if ((window.exStyle & WS_EX_TOPMOST) != 0)
-        CurrentScreen().SetTopmost(setup.id, true);
+        window.widget->SetTopmost(true);
     if (window.control != nullptr)
         window.control->Shown();
+}
+
+// Takes a window off the screen. With it go those inside it and those it owns, which may be on
+// their way out themselves.
+void LoseWidgets(Window& window) {
+    window.widget = &NoWidget();
+    for (Window* child : window.children)
+        LoseWidgets(*child);
+    for (Window* each : TopLevelWindows()) {
+        if (each->owner == window.handle)
+            LoseWidgets(*each);
+    }
+}
+
+void DestroyOnScreen(Window& window) {
+    LoseWidgets(window);
+    CurrentScreen().Destroy(window.Number());
 }
 
 // Takes a window and all in it out of the world, children first.
@@ -53,7 +70,7 @@ void Bury(Window& window) {
     if (!window.IsChild() && window.menu != nullptr)
         DestroyMenu(window.menu);
     EndOwnContext(window);
-    TheDesk().windows.Remove(window.Widget());
+    TheDesk().windows.Remove(window.Number());
 }
 
 // Any callback may destroy any window, so windows are looked up again after each.
@@ -176,7 +193,7 @@ HWND WINAPI CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR title, DWORD
         return abandon();
     vxd::ShowOnScreen(window);
     if (vxd::HasSizeLimits(window))
-        vxd::CurrentScreen().SetSizeLimits(window.Widget(), limits.least, limits.most);
+        window.widget->SetSizeLimits(limits.least, limits.most);
     if (!child) {
         if (menu == nullptr && (windowClass->menuNumber != 0 || !windowClass->menuName.empty()))
             menu = LoadMenuA(instance, windowClass->menuNumber != 0
@@ -189,7 +206,7 @@ HWND WINAPI CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR title, DWORD
     if (FindWindowOf(handle) == nullptr)
         return nullptr;
     if (created == -1) {
-        vxd::CurrentScreen().Destroy(number);
+        vxd::DestroyOnScreen(window);
         return abandon();
     }
     window.placed = true;
@@ -218,7 +235,7 @@ BOOL WINAPI DestroyWindow(HWND handle) {
     vxd::LeaveFocus(handle, nullptr);
     vxd::TellDestruction(handle);
     if (window = FindWindowOf(handle); window != nullptr) {
-        vxd::CurrentScreen().Destroy(window->Widget());
+        vxd::DestroyOnScreen(*window);
         vxd::Bury(*window);
     }
     return TRUE;

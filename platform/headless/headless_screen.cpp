@@ -16,6 +16,11 @@ constexpr int kLineHeight = 13;
 constexpr int kMenuBarHeight = 20;
 constexpr Rect kWorkArea{0, 0, 1024, 768};
 
+class HeadlessWidget : public Widget {
+  public:
+    int MenuBarHeight(int /*width*/) const override { return kMenuBarHeight; }
+};
+
 // What the program waits for a person to answer; empty if for nothing.
 std::string DescribeWhatIsAsked() {
     const FileQuestion* question = OpenFileQuestion();
@@ -45,8 +50,9 @@ Rect HeadlessScreen::WorkArea() {
     return kWorkArea;
 }
 
-int HeadlessScreen::MenuBarHeight(WidgetId /*window*/, int /*width*/) {
-    return kMenuBarHeight;
+Widget& HeadlessScreen::Create(const WidgetSetup& /*setup*/) {
+    static HeadlessWidget forAll;
+    return forAll;
 }
 
 void HeadlessScreen::Wait(int milliseconds) {

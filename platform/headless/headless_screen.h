@@ -20,33 +20,13 @@ class HeadlessScreen : public Screen {
     FontMetrics DialogFont() override;
     Size TextSize(const std::string& text, int wrapWidth) override;
     Rect WorkArea() override;
-    int MenuBarHeight(WidgetId window, int width) override;
 
-    void Create(const WidgetSetup&) override {}
+    Widget& Create(const WidgetSetup& setup) override;
     void Destroy(WidgetId) override {}
-    void SetText(WidgetId, const std::string&) override {}
-    void SetRect(WidgetId, const Rect&) override {}
-    void SetVisible(WidgetId, bool) override {}
-    void SetEnabled(WidgetId, bool) override {}
     void SetFocus(WidgetId) override {}
-    void SetIcon(WidgetId, const Pixels&) override {}
     void Raise(WidgetId) override {}
-    void SetTopmost(WidgetId, bool) override {}
-    void SetSizeLimits(WidgetId, Size, Size) override {}
-    void SetMenuBar(WidgetId, const std::vector<MenuView>&) override {}
     void ShowPopup(WidgetId, const std::vector<MenuView>&, Point) override {}
     void ClosePopup() override {}
-    void Draw(WidgetId, const Pixels&, const Rect&) override {}
-    void SetCheck(WidgetId, int) override {}
-    void SetDefaultLook(WidgetId, bool) override {}
-    void SetReadOnly(WidgetId, bool) override {}
-    void SetTextSelection(WidgetId, int, int) override {}
-    void InsertRow(WidgetId, int, const std::string&) override {}
-    void RemoveRow(WidgetId, int) override {}
-    void ClearRows(WidgetId) override {}
-    void SelectRow(WidgetId, int) override {}
-    void SetDropped(WidgetId, bool) override {}
-    void SetScroll(WidgetId, int, int, int) override {}
 
     void Wait(int milliseconds) override;
     void Wake() override;

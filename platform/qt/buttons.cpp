@@ -35,11 +35,11 @@ class Button : public Control {
 
     void SetText(const std::string& text) override {
         Native().setText(ToQt(text));
-        NameByNeighbours(Widget());
+        NameByNeighbours(NativeWidget());
     }
 
   protected:
-    QAbstractButton& Native() const { return static_cast<QAbstractButton&>(Widget()); }
+    QAbstractButton& Native() const { return static_cast<QAbstractButton&>(NativeWidget()); }
 };
 
 class PushButton : public Button {
@@ -48,7 +48,7 @@ class PushButton : public Button {
         : Button(setup, std::make_unique<QPushButton>(&parent), report) {}
 
     void SetDefaultLook(bool isDefault) override {
-        static_cast<QPushButton&>(Widget()).setDefault(isDefault);
+        static_cast<QPushButton&>(NativeWidget()).setDefault(isDefault);
     }
 };
 
@@ -88,10 +88,10 @@ class CheckBox : public CheckedButton {
 
   private:
     void ShowCheck(int check) override {
-        static_cast<QCheckBox&>(Widget()).setCheckState(check == BST_CHECKED ? Qt::Checked
-                                                        : check == BST_INDETERMINATE
-                                                            ? Qt::PartiallyChecked
-                                                            : Qt::Unchecked);
+        static_cast<QCheckBox&>(NativeWidget())
+            .setCheckState(check == BST_CHECKED         ? Qt::Checked
+                           : check == BST_INDETERMINATE ? Qt::PartiallyChecked
+                                                        : Qt::Unchecked);
     }
 };
 

@@ -53,15 +53,15 @@ void Control::TakeFocus() {
     widget_->setFocus(Qt::OtherFocusReason);
 }
 
-void Control::Place(const Rect& rect) {
+void Control::SetRect(const Rect& rect) {
     widget_->setGeometry(ToQt(rect));
 }
 
-void Control::Show(bool visible) {
+void Control::SetVisible(bool visible) {
     widget_->setVisible(visible);
 }
 
-void Control::Enable(bool enabled) {
+void Control::SetEnabled(bool enabled) {
     widget_->setEnabled(enabled);
     // The mouse passes through what takes no input; Qt's buttons would swallow it.
     if (kind_ != WidgetKind::kLabel && kind_ != WidgetKind::kGroupBox)

@@ -23,12 +23,11 @@ void SetScrollBars(QAbstractScrollArea& area, std::uint32_t style);
 
 class Overlay;
 
-// A control has all the operations of the seam and ignores those that its kind has no use for.
-class Control {
+class Control : public Widget {
   public:
     // The widget is to be hidden and inside its parent.
     Control(const WidgetSetup& setup, std::unique_ptr<QWidget> widget);
-    virtual ~Control();
+    ~Control() override;
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
 
@@ -36,28 +35,16 @@ class Control {
     WidgetKind Kind() const { return kind_; }
     // The window that the control goes down with; 0 if there is none.
     WidgetId Holder() const { return holder_; }
-    QWidget& Widget() const { return *widget_; }
+    QWidget& NativeWidget() const { return *widget_; }
 
     // What children are put into.
     virtual QWidget& Area() { return *widget_; }
     virtual void TakeFocus();
-    virtual void SetText(const std::string& /*text*/) {}
-    virtual void Place(const Rect& rect);
-    virtual void Show(bool visible);
-    virtual void Enable(bool enabled);
-    virtual void SetIcon(const Pixels& /*icon*/) {}
+    void SetRect(const Rect& rect) override;
+    void SetVisible(bool visible) override;
+    void SetEnabled(bool enabled) override;
     // By default over the control's own look.
-    virtual void Draw(const Pixels& pixels, const Rect& changed);
-    virtual void SetCheck(int /*check*/) {}
-    virtual void SetDefaultLook(bool /*isDefault*/) {}
-    virtual void SetReadOnly(bool /*readOnly*/) {}
-    virtual void SetTextSelection(int /*start*/, int /*end*/) {}
-    virtual void InsertRow(int /*row*/, const std::string& /*text*/) {}
-    virtual void RemoveRow(int /*row*/) {}
-    virtual void ClearRows() {}
-    virtual void SelectRow(int /*row*/) {}
-    virtual void SetDropped(bool /*dropped*/) {}
-    virtual void SetScroll(int /*minimum*/, int /*maximum*/, int /*position*/) {}
+    void Draw(const Pixels& pixels, const Rect& changed) override;
 
   private:
     WidgetId id_;

@@ -87,7 +87,7 @@ class LineEdit : public Control {
   public:
     LineEdit(const WidgetSetup& setup, QWidget& parent, Report& report)
         : Control(setup, std::make_unique<QLineEdit>(&parent)),
-          text_(static_cast<QLineEdit&>(Widget()), setup.id, report) {}
+          text_(static_cast<QLineEdit&>(NativeWidget()), setup.id, report) {}
 
     void TakeFocus() override {
         Control::TakeFocus();
@@ -127,7 +127,7 @@ class TextEdit : public Control {
         if (readOnly)
             Native().setTextInteractionFlags(Qt::TextSelectableByMouse |
                                              Qt::TextSelectableByKeyboard);
-        SetReadOnlyLook(Widget(), readOnly);
+        SetReadOnlyLook(NativeWidget(), readOnly);
     }
 
     void SetTextSelection(int start, int end) override {
@@ -138,7 +138,7 @@ class TextEdit : public Control {
     }
 
   private:
-    QPlainTextEdit& Native() const { return static_cast<QPlainTextEdit&>(Widget()); }
+    QPlainTextEdit& Native() const { return static_cast<QPlainTextEdit&>(NativeWidget()); }
 
     int Position(int position) const { return FromQtPosition(text_, position, LineEnd::kCrLf); }
 

@@ -141,7 +141,7 @@ class ListBox : public Control {
     void SelectRow(int row) override { List().Select(row); }
 
   private:
-    RowList& List() const { return static_cast<RowList&>(Widget()); }
+    RowList& List() const { return static_cast<RowList&>(NativeWidget()); }
 };
 
 // Lists drop down below their box and scroll, in every style: some of the utility's have a hundred
@@ -252,7 +252,7 @@ class ComboBox : public Control {
     }
 
     // The rectangle has the height of the dropped box.
-    void Place(const Rect& rect) override {
+    void SetRect(const Rect& rect) override {
         const int height = LineControlHeight();
         Native().SetListHeight(rect.height - height);
         Native().setGeometry(rect.x, rect.y, rect.width, height);
@@ -301,7 +301,7 @@ class ComboBox : public Control {
     }
 
   private:
-    DropDown& Native() const { return static_cast<DropDown&>(Widget()); }
+    DropDown& Native() const { return static_cast<DropDown&>(NativeWidget()); }
 
     // Qt selects the first row that comes into an empty box and writes selected rows into the edit;
     // here both are the core's to do.
@@ -378,7 +378,7 @@ class SimpleCombo : public Control {
     void SelectRow(int row) override { Native().List().Select(row); }
 
   private:
-    EditOverList& Native() const { return static_cast<EditOverList&>(Widget()); }
+    EditOverList& Native() const { return static_cast<EditOverList&>(NativeWidget()); }
 
     LineText text_;
 };

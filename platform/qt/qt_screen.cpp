@@ -38,25 +38,6 @@ bool IsAltLetter(const input::KeyPress& key) {
     return key.alt && !key.control && key.character != 0;
 }
 
-// An open menu of a window that takes no input any more would keep mouse and keyboard from the one
-// that does.
-void CloseMenusOf(const QWidget& window) {
-    const auto isOf = [&window](const QObject* popup) {
-        while (popup != nullptr && popup != &window) {
-            popup = popup->parent();
-        }
-        return popup != nullptr;
-    };
-    // The innermost one is the active one.
-    QWidget* closed = nullptr;
-    for (QWidget* popup = QApplication::activePopupWidget();
-         popup != nullptr && popup != closed && isOf(popup);
-         popup = QApplication::activePopupWidget()) {
-        closed = popup;
-        popup->close();
-    }
-}
-
 }  // namespace
 
 class QtScreen::Watcher : public QObject {
@@ -122,7 +103,7 @@ Control* QtScreen::ControlOf(const QWidget* widget) const {
 
 QWidget* QtScreen::NativeWidget(WidgetId id) const {
     const Control* control = Find(id);
-    return control != nullptr ? &control->Widget() : nullptr;
+    return control != nullptr ? &control->NativeWidget() : nullptr;
 }
 
 // Measures.
@@ -148,14 +129,9 @@ Rect QtScreen::WorkArea() {
     return qt::FromQt(QGuiApplication::primaryScreen()->availableGeometry());
 }
 
-int QtScreen::MenuBarHeight(WidgetId window, int width) {
-    const TopLevel* top = FindTopLevel(window);
-    return top != nullptr ? top->MenuBarHeight(width) : 0;
-}
-
 // Widgets.
 
-void QtScreen::Create(const WidgetSetup& setup) {
+Widget& QtScreen::Create(const WidgetSetup& setup) {
     std::unique_ptr<Control> control;
     if (setup.kind == WidgetKind::kWindow || setup.kind == WidgetKind::kDialog) {
         control = std::make_unique<TopLevel>(setup, NativeWidget(setup.owner), report_);
@@ -163,13 +139,13 @@ void QtScreen::Create(const WidgetSetup& setup) {
         control = qt::MakeControl(setup, parent->Area(), report_);
     }
     if (control == nullptr)
-        return;
+        return NoWidget();
     control->SetText(setup.text);
-    control->Place(setup.rect);
-    control->Enable(setup.enabled);
-    qt::NameByNeighbours(control->Widget());
-    byWidget_[&control->Widget()] = control.get();
-    controls_[setup.id] = std::move(control);
+    control->SetRect(setup.rect);
+    control->SetEnabled(setup.enabled);
+    qt::NameByNeighbours(control->NativeWidget());
+    byWidget_[&control->NativeWidget()] = control.get();
+    return *(controls_[setup.id] = std::move(control));
 }
 
 void QtScreen::Destroy(WidgetId id) {
@@ -185,34 +161,8 @@ void QtScreen::Destroy(WidgetId id) {
         return;
     if (active_ == id)
         active_ = 0;
-    byWidget_.erase(&found->second->Widget());
+    byWidget_.erase(&found->second->NativeWidget());
     controls_.erase(found);
-}
-
-void QtScreen::SetText(WidgetId id, const std::string& text) {
-    if (Control* control = Find(id); control != nullptr)
-        control->SetText(text);
-}
-
-void QtScreen::SetRect(WidgetId id, const Rect& rect) {
-    if (Control* control = Find(id); control != nullptr)
-        control->Place(rect);
-}
-
-void QtScreen::SetVisible(WidgetId id, bool visible) {
-    if (Control* control = Find(id); control != nullptr)
-        control->Show(visible);
-}
-
-void QtScreen::SetEnabled(WidgetId id, bool enabled) {
-    Control* control = Find(id);
-    if (control == nullptr) {
-        return;
-    }
-    control->Enable(enabled);
-    if (!enabled && control->Widget().isWindow()) {
-        CloseMenusOf(control->Widget());
-    }
 }
 
 void QtScreen::SetFocus(WidgetId id) {
@@ -221,17 +171,12 @@ void QtScreen::SetFocus(WidgetId id) {
         control->TakeFocus();
 }
 
-void QtScreen::SetIcon(WidgetId id, const Pixels& icon) {
-    if (Control* control = Find(id); control != nullptr)
-        control->SetIcon(icon);
-}
-
 // Top-level windows.
 
 void QtScreen::Raise(WidgetId id) {
     if (TopLevel* top = FindTopLevel(id); top != nullptr && top->Raise()) {
         // The desktop activates a window that is new, whatever it takes for active now.
-        if (active_ != id || QApplication::activeWindow() != &top->Widget()) {
+        if (active_ != id || QApplication::activeWindow() != &top->NativeWidget()) {
             toActivate_ = id;
         }
         active_ = id;
@@ -246,22 +191,6 @@ void QtScreen::AskForActivation() {
     if (TopLevel* top = FindTopLevel(std::exchange(toActivate_, 0)); top != nullptr) {
         top->AskForActivation();
     }
-}
-
-void QtScreen::SetTopmost(WidgetId id, bool topmost) {
-    if (TopLevel* top = FindTopLevel(id); top != nullptr)
-        top->SetTopmost(topmost);
-}
-
-void QtScreen::SetSizeLimits(WidgetId id, Size least, Size most) {
-    if (TopLevel* top = FindTopLevel(id); top != nullptr) {
-        top->SetSizeLimits(least, most);
-    }
-}
-
-void QtScreen::SetMenuBar(WidgetId id, const std::vector<MenuView>& menu) {
-    if (TopLevel* top = FindTopLevel(id); top != nullptr)
-        top->SetMenuBar(menu);
 }
 
 void QtScreen::ShowPopup(WidgetId id, const std::vector<MenuView>& menu, Point where) {
@@ -284,63 +213,6 @@ void QtScreen::ShowPopup(WidgetId id, const std::vector<MenuView>& menu, Point w
 void QtScreen::ClosePopup() {
     popup_.reset();
     popupEnds_ = false;
-}
-
-void QtScreen::Draw(WidgetId id, const Pixels& pixels, const Rect& changed) {
-    if (Control* control = Find(id); control != nullptr)
-        control->Draw(pixels, changed);
-}
-
-// Controls.
-
-void QtScreen::SetCheck(WidgetId id, int check) {
-    if (Control* control = Find(id); control != nullptr)
-        control->SetCheck(check);
-}
-
-void QtScreen::SetDefaultLook(WidgetId id, bool isDefault) {
-    if (Control* control = Find(id); control != nullptr)
-        control->SetDefaultLook(isDefault);
-}
-
-void QtScreen::SetReadOnly(WidgetId id, bool readOnly) {
-    if (Control* control = Find(id); control != nullptr)
-        control->SetReadOnly(readOnly);
-}
-
-void QtScreen::SetTextSelection(WidgetId id, int start, int end) {
-    if (Control* control = Find(id); control != nullptr)
-        control->SetTextSelection(start, end);
-}
-
-void QtScreen::InsertRow(WidgetId id, int row, const std::string& text) {
-    if (Control* control = Find(id); control != nullptr)
-        control->InsertRow(row, text);
-}
-
-void QtScreen::RemoveRow(WidgetId id, int row) {
-    if (Control* control = Find(id); control != nullptr)
-        control->RemoveRow(row);
-}
-
-void QtScreen::ClearRows(WidgetId id) {
-    if (Control* control = Find(id); control != nullptr)
-        control->ClearRows();
-}
-
-void QtScreen::SelectRow(WidgetId id, int row) {
-    if (Control* control = Find(id); control != nullptr)
-        control->SelectRow(row);
-}
-
-void QtScreen::SetDropped(WidgetId id, bool dropped) {
-    if (Control* control = Find(id); control != nullptr)
-        control->SetDropped(dropped);
-}
-
-void QtScreen::SetScroll(WidgetId id, int minimum, int maximum, int position) {
-    if (Control* control = Find(id); control != nullptr)
-        control->SetScroll(minimum, maximum, position);
 }
 
 void QtScreen::AskForFile(const FileQuestion& question) {

@@ -48,39 +48,14 @@ class QtScreen final : public Screen {
     FontMetrics DialogFont() override;
     Size TextSize(const std::string& text, int wrapWidth) override;
     Rect WorkArea() override;
-    int MenuBarHeight(WidgetId window, int width) override;
 
-    void Create(const WidgetSetup& setup) override;
+    Widget& Create(const WidgetSetup& setup) override;
     void Destroy(WidgetId id) override;
-    void SetText(WidgetId id, const std::string& text) override;
-    void SetRect(WidgetId id, const Rect& rect) override;
-    void SetVisible(WidgetId id, bool visible) override;
-    void SetEnabled(WidgetId id, bool enabled) override;
     void SetFocus(WidgetId id) override;
-    void SetIcon(WidgetId id, const Pixels& icon) override;
-
     void Raise(WidgetId id) override;
-    void SetTopmost(WidgetId id, bool topmost) override;
-    void SetSizeLimits(WidgetId id, Size least, Size most) override;
-    void SetMenuBar(WidgetId id, const std::vector<MenuView>& menu) override;
+
     void ShowPopup(WidgetId id, const std::vector<MenuView>& menu, Point where) override;
     void ClosePopup() override;
-    void Draw(WidgetId id, const Pixels& pixels, const Rect& changed) override;
-
-    void SetCheck(WidgetId id, int check) override;
-    void SetDefaultLook(WidgetId id, bool isDefault) override;
-
-    void SetReadOnly(WidgetId id, bool readOnly) override;
-    void SetTextSelection(WidgetId id, int start, int end) override;
-
-    void InsertRow(WidgetId id, int row, const std::string& text) override;
-    void RemoveRow(WidgetId id, int row) override;
-    void ClearRows(WidgetId id) override;
-    void SelectRow(WidgetId id, int row) override;
-    void SetDropped(WidgetId id, bool dropped) override;
-
-    void SetScroll(WidgetId id, int minimum, int maximum, int position) override;
-
     void AskForFile(const FileQuestion& question) override;
     void CloseFileDialog() override;
 

@@ -119,7 +119,7 @@ class ScrollBar : public Control {
         : Control(setup, std::make_unique<Bar>(&parent, setup.id, setup.style, report)) {}
 
     void SetScroll(int minimum, int maximum, int position) override {
-        static_cast<Bar&>(Widget()).Set(minimum, maximum, position);
+        static_cast<Bar&>(NativeWidget()).Set(minimum, maximum, position);
     }
 };
 

@@ -60,11 +60,11 @@ class Label : public Control {
   public:
     Label(const WidgetSetup& setup, QWidget& parent)
         : Control(setup, std::make_unique<LabelWidget>(&parent, setup.style)) {
-        Widget().setAttribute(Qt::WA_TransparentForMouseEvents);
+        NativeWidget().setAttribute(Qt::WA_TransparentForMouseEvents);
     }
 
     void SetText(const std::string& text) override {
-        static_cast<LabelWidget&>(Widget()).SetText(ToQt(text));
+        static_cast<LabelWidget&>(NativeWidget()).SetText(ToQt(text));
     }
 };
 
@@ -72,11 +72,11 @@ class Picture : public Control {
   public:
     Picture(const WidgetSetup& setup, QWidget& parent)
         : Control(setup, std::make_unique<QLabel>(&parent)) {
-        static_cast<QLabel&>(Widget()).setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        static_cast<QLabel&>(NativeWidget()).setAlignment(Qt::AlignLeft | Qt::AlignTop);
     }
 
     void SetIcon(const Pixels& icon) override {
-        static_cast<QLabel&>(Widget()).setPixmap(QPixmap::fromImage(ToImage(icon)));
+        static_cast<QLabel&>(NativeWidget()).setPixmap(QPixmap::fromImage(ToImage(icon)));
     }
 };
 
@@ -84,7 +84,7 @@ class FrameLine : public Control {
   public:
     FrameLine(const WidgetSetup& setup, QWidget& parent)
         : Control(setup, std::make_unique<QFrame>(&parent)) {
-        auto& frame = static_cast<QFrame&>(Widget());
+        auto& frame = static_cast<QFrame&>(NativeWidget());
         const std::uint32_t type = setup.style & SS_TYPEMASK;
         frame.setFrameStyle(QFrame::Box |
                             (type == SS_ETCHEDFRAME ? QFrame::Sunken : QFrame::Plain));
@@ -102,13 +102,13 @@ class GroupBox : public Control {
   public:
     GroupBox(const WidgetSetup& setup, QWidget& parent)
         : Control(setup, std::make_unique<QGroupBox>(&parent)) {
-        Widget().setAttribute(Qt::WA_TransparentForMouseEvents);
+        NativeWidget().setAttribute(Qt::WA_TransparentForMouseEvents);
         // Its members are its siblings and lie in front of it.
-        Widget().lower();
+        NativeWidget().lower();
     }
 
     void SetText(const std::string& text) override {
-        static_cast<QGroupBox&>(Widget()).setTitle(ToQt(text));
+        static_cast<QGroupBox&>(NativeWidget()).setTitle(ToQt(text));
     }
 };
 

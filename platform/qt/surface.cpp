@@ -31,7 +31,7 @@ class SurfaceControl : public Control {
         : Control(setup, std::make_unique<Surface>(setup.id, setup.kind, &parent, report)) {}
 
     void Draw(const Pixels& pixels, const Rect& changed) override {
-        static_cast<Surface&>(Widget()).Draw(pixels, changed);
+        static_cast<Surface&>(NativeWidget()).Draw(pixels, changed);
     }
 };
 

@@ -38,6 +38,25 @@ Qt::WindowFlags WindowFlags(const WidgetSetup& setup) {
     return flags;
 }
 
+// An open menu of a window that takes no input any more would keep mouse and keyboard from the one
+// that does.
+void CloseMenusOf(const QWidget& window) {
+    const auto isOf = [&window](const QObject* popup) {
+        while (popup != nullptr && popup != &window) {
+            popup = popup->parent();
+        }
+        return popup != nullptr;
+    };
+    // The innermost one is the active one.
+    QWidget* closed = nullptr;
+    for (QWidget* popup = QApplication::activePopupWidget();
+         popup != nullptr && popup != closed && isOf(popup);
+         popup = QApplication::activePopupWidget()) {
+        closed = popup;
+        popup->close();
+    }
+}
+
 }  // namespace
 
 class Frame : public QWidget {
@@ -184,7 +203,7 @@ TopLevel::TopLevel(const WidgetSetup& setup, QWidget* owner, Report& report)
 TopLevel::~TopLevel() = default;
 
 Frame& TopLevel::Native() const {
-    return static_cast<Frame&>(Widget());
+    return static_cast<Frame&>(NativeWidget());
 }
 
 bool TopLevel::HasFixedSize() const {
@@ -192,7 +211,8 @@ bool TopLevel::HasFixedSize() const {
 }
 
 QWidget& TopLevel::Area() {
-    return Native().Client() != nullptr ? static_cast<QWidget&>(*Native().Client()) : Widget();
+    return Native().Client() != nullptr ? static_cast<QWidget&>(*Native().Client())
+                                        : NativeWidget();
 }
 
 void TopLevel::TakeFocus() {
@@ -200,10 +220,10 @@ void TopLevel::TakeFocus() {
 }
 
 void TopLevel::SetText(const std::string& text) {
-    Widget().setWindowTitle(ToQt(text));
+    NativeWidget().setWindowTitle(ToQt(text));
 }
 
-void TopLevel::Place(const Rect& rect) {
+void TopLevel::SetRect(const Rect& rect) {
     Frame& frame = Native();
     const bool stays = frame.PlacedByCore(ToQt(rect)).topLeft() == QPoint(rect.x, rect.y);
     if (HasFixedSize())
@@ -224,19 +244,21 @@ void TopLevel::Place(const Rect& rect) {
     frame.move(rect.x, rect.y + PicturedCaptionHeight(frame));
 }
 
-void TopLevel::Show(bool visible) {
+void TopLevel::SetVisible(bool visible) {
     if (visible)
         Native().LayOut();
-    Control::Show(visible);
+    Control::SetVisible(visible);
 }
 
-void TopLevel::Enable(bool enabled) {
+void TopLevel::SetEnabled(bool enabled) {
     takesInput_ = enabled;
-    SetTakesInput(Widget(), enabled);
+    SetTakesInput(NativeWidget(), enabled);
+    if (!enabled)
+        CloseMenusOf(NativeWidget());
 }
 
 void TopLevel::SetIcon(const Pixels& icon) {
-    Widget().setWindowIcon(QIcon(QPixmap::fromImage(ToImage(icon))));
+    NativeWidget().setWindowIcon(QIcon(QPixmap::fromImage(ToImage(icon))));
 }
 
 void TopLevel::Draw(const Pixels& pixels, const Rect& changed) {
@@ -248,16 +270,16 @@ void TopLevel::Draw(const Pixels& pixels, const Rect& changed) {
 
 bool TopLevel::Raise() {
     if (!IsOffscreen())
-        Widget().raise();
-    return Widget().isVisible();
+        NativeWidget().raise();
+    return NativeWidget().isVisible();
 }
 
 void TopLevel::AskForActivation() {
-    Widget().activateWindow();
+    NativeWidget().activateWindow();
 }
 
 void TopLevel::SetTopmost(bool topmost) {
-    QWidget& window = Widget();
+    QWidget& window = NativeWidget();
     if (window.windowFlags().testFlag(Qt::WindowStaysOnTopHint) == topmost)
         return;
     // Qt hides a window to change this.
@@ -275,8 +297,8 @@ void TopLevel::SetSizeLimits(Size least, Size most) {
         return;
     }
     const QSize smallest(least.width, least.height);
-    Widget().setMaximumSize(QSize(most.width, most.height).expandedTo(smallest));
-    Widget().setMinimumSize(smallest);
+    NativeWidget().setMaximumSize(QSize(most.width, most.height).expandedTo(smallest));
+    NativeWidget().setMinimumSize(smallest);
 }
 
 void TopLevel::SetMenuBar(const std::vector<MenuView>& menu) {

@@ -16,11 +16,15 @@ class TopLevel : public Control {
     QWidget& Area() override;
     void TakeFocus() override;
     void SetText(const std::string& text) override;
-    void Place(const Rect& rect) override;
-    void Show(bool visible) override;
-    void Enable(bool enabled) override;
+    void SetRect(const Rect& rect) override;
+    void SetVisible(bool visible) override;
+    void SetEnabled(bool enabled) override;
     void SetIcon(const Pixels& icon) override;
     void Draw(const Pixels& pixels, const Rect& changed) override;
+    void SetTopmost(bool topmost) override;
+    void SetSizeLimits(Size least, Size most) override;
+    void SetMenuBar(const std::vector<MenuView>& menu) override;
+    int MenuBarHeight(int width) const override;
 
     // A disabled window keeps its looks; the screen keeps all input from it.
     bool TakesInput() const { return takesInput_; }
@@ -28,10 +32,6 @@ class TopLevel : public Control {
     bool Raise();
     // Asks the desktop to make the window the active one.
     void AskForActivation();
-    void SetTopmost(bool topmost);
-    void SetSizeLimits(Size least, Size most);
-    void SetMenuBar(const std::vector<MenuView>& menu);
-    int MenuBarHeight(int width) const;
     // Gives the keyboard to the menu bar; false without one.
     bool EnterMenuBar();
     // Opens the menu that the letter stands for; false where there is none.

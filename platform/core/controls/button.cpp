@@ -28,7 +28,7 @@ class Button : public BasicControl {
 
     void Shown() override {
         if (Type() == BS_DEFPUSHBUTTON)
-            CurrentScreen().SetDefaultLook(window_.Widget(), true);
+            window_.widget->SetDefaultLook(true);
     }
 
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override {
@@ -43,7 +43,7 @@ class Button : public BasicControl {
             case BM_SETSTYLE:
                 window_.style = (window_.style & ~static_cast<DWORD>(BS_TYPEMASK)) |
                                 (LOWORD(wParam) & BS_TYPEMASK);
-                CurrentScreen().SetDefaultLook(window_.Widget(), Type() == BS_DEFPUSHBUTTON);
+                window_.widget->SetDefaultLook(Type() == BS_DEFPUSHBUTTON);
                 return 0;
             case BM_CLICK:
                 SetFocus(window_.handle);
@@ -61,7 +61,7 @@ class Button : public BasicControl {
         }
     }
 
-    void ShowState() override { CurrentScreen().SetCheck(window_.Widget(), check_); }
+    void ShowState() override { window_.widget->SetCheck(check_); }
 
     void OnClicked() override { Click(); }
 
@@ -92,7 +92,7 @@ class Button : public BasicControl {
             window_.style = check_ != BST_UNCHECKED
                                 ? window_.style | WS_TABSTOP
                                 : window_.style & ~static_cast<DWORD>(WS_TABSTOP);
-        CurrentScreen().SetCheck(window_.Widget(), check_);
+        window_.widget->SetCheck(check_);
     }
 
     void CheckOnlyThisOfGroup() {

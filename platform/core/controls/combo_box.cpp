@@ -111,7 +111,7 @@ class ComboBox : public BasicControl {
     std::string EditedText() const override { return edit_.Text(); }
 
     void ShowState() override {
-        CurrentScreen().SetDropped(window_.Widget(), dropped_);
+        window_.widget->SetDropped(dropped_);
         rows_.ShowSelected();
         if (HasEdit()) {
             ShowEdit();
@@ -211,7 +211,7 @@ class ComboBox : public BasicControl {
     bool SetDropped(bool dropped) {
         if (Kind() == WidgetKind::kSimpleCombo || dropped_ == dropped)
             return true;
-        CurrentScreen().SetDropped(window_.Widget(), dropped);
+        window_.widget->SetDropped(dropped);
         return TellDropped(dropped);
     }
 
@@ -221,7 +221,7 @@ class ComboBox : public BasicControl {
         const bool sideways = key == VK_LEFT || key == VK_RIGHT || key == VK_HOME || key == VK_END;
         if (HasEdit() && sideways) {
             edit_.MoveByKey(key, IsShiftDown());
-            CurrentScreen().SetTextSelection(window_.Widget(), edit_.Start(), edit_.End());
+            window_.widget->SetTextSelection(edit_.Start(), edit_.End());
         } else if (HasEdit() && key == VK_DELETE) {
             if (edit_.DeleteForwards())
                 ShowAndTellEdited();
@@ -250,13 +250,13 @@ class ComboBox : public BasicControl {
     }
 
     void ShowSelection() {
-        CurrentScreen().SetTextSelection(window_.Widget(), edit_.Start(), edit_.End());
-        FollowShownSelection(window_.Widget());
+        window_.widget->SetTextSelection(edit_.Start(), edit_.End());
+        FollowShownSelection(window_.Number());
     }
 
     void ShowEdit() {
-        CurrentScreen().SetText(window_.Widget(), edit_.Text());
-        FollowShownText(window_.Widget());
+        window_.widget->SetText(edit_.Text());
+        FollowShownText(window_.Number());
         ShowSelection();
     }
 

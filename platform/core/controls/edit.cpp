@@ -21,7 +21,7 @@ class Edit : public BasicControl {
 
     void Shown() override {
         if (Has(ES_READONLY))
-            CurrentScreen().SetReadOnly(window_.Widget(), true);
+            window_.widget->SetReadOnly(true);
     }
 
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override {
@@ -113,14 +113,14 @@ class Edit : public BasicControl {
     }
 
     void Show() {
-        CurrentScreen().SetText(window_.Widget(), text_.Text());
-        FollowShownText(window_.Widget());
+        window_.widget->SetText(text_.Text());
+        FollowShownText(window_.Number());
         ShowSelection();
     }
 
     void ShowSelection() {
-        CurrentScreen().SetTextSelection(window_.Widget(), text_.Start(), text_.End());
-        FollowShownSelection(window_.Widget());
+        window_.widget->SetTextSelection(text_.Start(), text_.End());
+        FollowShownSelection(window_.Number());
     }
 
     void TellChange() {
@@ -187,7 +187,7 @@ class Edit : public BasicControl {
     void SetReadOnly(bool readOnly) {
         window_.style = readOnly ? window_.style | ES_READONLY
                                  : window_.style & ~static_cast<DWORD>(ES_READONLY);
-        CurrentScreen().SetReadOnly(window_.Widget(), readOnly);
+        window_.widget->SetReadOnly(readOnly);
     }
 
     EditText text_;

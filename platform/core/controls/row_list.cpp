@@ -36,9 +36,8 @@ LRESULT RowList::Insert(LRESULT row, std::string_view text) {
     rows_.insert(rows_.begin() + row, Row{std::string(text), 0});
     if (selected_ >= row)
         ++selected_;
-    CurrentScreen().InsertRow(window_.Widget(), static_cast<int>(row),
-                              rows_[static_cast<std::size_t>(row)].text);
-    FollowInsertedRow(window_.Widget(), static_cast<int>(row));
+    window_.widget->InsertRow(static_cast<int>(row), rows_[static_cast<std::size_t>(row)].text);
+    FollowInsertedRow(window_.Number(), static_cast<int>(row));
     return row;
 }
 
@@ -50,17 +49,17 @@ LRESULT RowList::Delete(LRESULT row) {
         selected_ = -1;
     else if (selected_ > row)
         --selected_;
-    CurrentScreen().RemoveRow(window_.Widget(), static_cast<int>(row));
-    FollowRemovedRow(window_.Widget(), static_cast<int>(row));
-    CurrentScreen().SelectRow(window_.Widget(), selected_);
+    window_.widget->RemoveRow(static_cast<int>(row));
+    FollowRemovedRow(window_.Number(), static_cast<int>(row));
+    window_.widget->SelectRow(selected_);
     return Count();
 }
 
 void RowList::Clear() {
     rows_.clear();
     selected_ = -1;
-    CurrentScreen().ClearRows(window_.Widget());
-    FollowClearedRows(window_.Widget());
+    window_.widget->ClearRows();
+    FollowClearedRows(window_.Number());
 }
 
 LRESULT RowList::Select(LRESULT row) {
@@ -70,7 +69,7 @@ LRESULT RowList::Select(LRESULT row) {
 }
 
 void RowList::ShowSelected() const {
-    CurrentScreen().SelectRow(window_.Widget(), selected_);
+    window_.widget->SelectRow(selected_);
 }
 
 LRESULT RowList::CopyRowText(LRESULT row, LPSTR destination) const {

@@ -75,9 +75,7 @@ class ScrollBar : public BasicControl {
             ShowState();
     }
 
-    void ShowState() override {
-        CurrentScreen().SetScroll(window_.Widget(), minimum_, maximum_, position_);
-    }
+    void ShowState() override { window_.widget->SetScroll(minimum_, maximum_, position_); }
 
   private:
     // Gives the position before, as SetRange does.

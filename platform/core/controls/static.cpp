@@ -48,7 +48,7 @@ class Static : public BasicControl {
 
     HICON Show(HICON icon) {
         if (const Pixels* pixels = IconPixels(icon); pixels != nullptr)
-            CurrentScreen().SetIcon(window_.Widget(), *pixels);
+            window_.widget->SetIcon(*pixels);
         return std::exchange(window_.icon, icon);
     }
 };
