@@ -47,6 +47,9 @@ Result Send(const DebugSocket& socket, std::uint32_t lost, std::string_view line
     return Result::kSent;
 }
 
+// Lines wait in the queue. Whoever holds its lock does so for a moment only, but on a busy machine
+// may lose the processor in it for longer than a writer is to be held up: that one puts its line
+// aside then, and so do all until the thread, which takes both at once, has taken them.
 class Backlog {
   public:
     bool Join(std::string_view piece) {
@@ -56,26 +59,33 @@ class Backlog {
             lost_.fetch_add(1, std::memory_order_relaxed);
             return true;
         }
-        const auto lock = LockSoon();
-        if (!lock) {
-            lost_.fetch_add(1, std::memory_order_relaxed);
-            return true;
+        if (!linesAreAside_) {
+            if (const auto lock = LockSoon()) {
+                if (isWaiting_)
+                    Append(lines_, piece);
+                return isWaiting_;
+            }
         }
-        if (isWaiting_)
-            Append(piece);
+        std::lock_guard lock(asideMutex_);
+        if (isWaiting_) {
+            linesAreAside_ = true;
+            Append(aside_, piece);
+        }
         return isWaiting_;
     }
 
     void Begin(const DebugSocket& socket, std::string_view piece) {
-        std::lock_guard lock(mutex_);
-        if (!isWaiting_) {
+        StartThread();
+        std::unique_lock lock(mutex_);
+        const bool begins = !isWaiting_;
+        if (begins) {
             socket_ = socket;
-            lines_.reserve(kMostBytes);  // takes memory only as lines come
             isWaiting_ = true;
-            StartThread();
-            changed_.notify_all();
         }
-        Append(piece);
+        Append(lines_, piece);
+        lock.unlock();
+        if (begins)
+            changed_.notify_all();
     }
 
     // Gives up sooner where the viewer takes nothing.
@@ -93,8 +103,6 @@ class Backlog {
   private:
     static constexpr std::size_t kMostBytes = std::size_t{4} << 20;
 
-    // Everybody holds the lock for moments only. On a busy machine one who holds it may have lost
-    // the processor all the same, for longer than a writer is to be held up: none then.
     std::unique_lock<std::mutex> LockSoon() {
         constexpr std::chrono::microseconds kSoon{200};
         std::unique_lock lock(mutex_, std::try_to_lock);
@@ -106,45 +114,67 @@ class Backlog {
         return lock;
     }
 
-    void Append(std::string_view piece) {
-        isFull_ = isFull_ || lines_.size() + piece.size() + 1 > kMostBytes;
+    void Append(std::string& lines, std::string_view piece) {
+        isFull_ = isFull_ || lines.size() + piece.size() + 1 > kMostBytes;
         if (isFull_)
             ++lost_;
         else
-            lines_.append(piece).push_back('\0');
+            lines.append(piece).push_back('\0');
     }
 
-    // A process that was forked has none of its parent's threads.
+    // A process that was forked has none of its parent's threads. The thread changes nothing in the
+    // process's memory map: whoever touches new memory waits for one who does.
     void StartThread() {
-        if (std::exchange(threadOwner_, getpid()) != getpid())
-            std::thread([this] { Run(); }).detach();
+        if (threadOwner_.exchange(getpid()) == getpid())
+            return;
+        std::string batch;
+        batch.reserve(kMostBytes);  // takes memory only as lines come
+        std::string lines;
+        lines.reserve(kMostBytes);
+        {
+            std::lock_guard lock(mutex_);
+            lines_.swap(lines.append(lines_));
+        }
+        std::thread([this, held = std::move(batch)]() mutable { Run(held); }).detach();
     }
 
-    void Run() {
-        std::string batch;
-        batch.reserve(kMostBytes);
+    // Takes what waits; false, and nobody waits any more, where there is nothing. Under the lock.
+    bool Take(std::string& batch, std::uint32_t& lost) {
+        std::lock_guard lock(asideMutex_);
+        batch.swap(lines_);
+        batch += aside_;
+        aside_.clear();
+        linesAreAside_ = false;
+        isFull_ = false;
+        lost = lost_.exchange(0);
+        isWaiting_ = !batch.empty() || lostBefore_ != 0 || lost != 0;
+        return isWaiting_;
+    }
+
+    void DropAll() {
+        std::lock_guard lock(asideMutex_);
+        lines_.clear();
+        aside_.clear();
+        linesAreAside_ = isFull_ = isWaiting_ = false;
+        lost_ = lostBefore_ = 0;
+    }
+
+    void Run(std::string& batch) {
+        std::uint32_t lost = 0;
         std::unique_lock lock(mutex_);
         for (;;) {
             changed_.wait(lock, [this] { return isWaiting_.load(); });
-            batch.swap(lines_);
-            isFull_ = false;
-            const std::uint32_t lost = lost_.exchange(0);
+            if (!Take(batch, lost)) {
+                changed_.notify_all();
+                continue;
+            }
             const DebugSocket socket = socket_;
-            const bool isDone = batch.empty() && lostBefore_ == 0 && lost == 0;
-            bool viewerIsGone = false;
-            if (!isDone) {
-                lock.unlock();
-                viewerIsGone = !SendAll(socket, std::exchange(lostBefore_, lost), batch);
-                batch.clear();
-                lock.lock();
-            }
-            if (viewerIsGone) {
-                lines_.clear();
-                isFull_ = false;
-                lost_ = lostBefore_ = 0;
-            }
-            if (isDone || viewerIsGone) {
-                isWaiting_ = false;
+            lock.unlock();
+            const bool viewerIsThere = SendAll(socket, std::exchange(lostBefore_, lost), batch);
+            batch.clear();
+            lock.lock();
+            if (!viewerIsThere) {
+                DropAll();
                 changed_.notify_all();
             }
         }
@@ -165,14 +195,17 @@ class Backlog {
 
     std::mutex mutex_;
     std::condition_variable changed_;
-    std::atomic<bool> isWaiting_ = false;
+    std::atomic<bool> isWaiting_ = false;  // becomes false under both locks
     std::atomic<std::uint64_t> sent_ = 0;  // datagrams
     DebugSocket socket_ = {};
     std::string lines_;
+    std::mutex asideMutex_;  // taken behind the other one
+    std::string aside_;
+    std::atomic<bool> linesAreAside_ = false;
     std::atomic<bool> isFull_ = false;     // from the first line that is lost on
     std::atomic<std::uint32_t> lost_ = 0;  // behind these lines
     std::uint32_t lostBefore_ = 0;  // behind those that the thread has sent; the thread's own
-    pid_t threadOwner_ = 0;
+    std::atomic<pid_t> threadOwner_ = 0;
 };
 
 Backlog& TheBacklog() {

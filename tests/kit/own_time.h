@@ -2,6 +2,8 @@
 #pragma once
 
 #include <fcntl.h>
+#include <sys/resource.h>
+#include <time.h>
 #include <unistd.h>
 
 #include <array>
@@ -10,10 +12,10 @@
 
 namespace kit {
 
-// The time on the clock since the construction, without the time for which this thread was ready to
-// run and others had the processor. So load does not count, and what the thread works and waits for
-// does: a lock, a full socket. Where the kernel does not tell the waiting for a processor, it
-// counts too. For the thread that made it.
+// Of a span that this thread has worked through without ever going to sleep, the time that it had a
+// processor. Of one in which it waited for something, a lock, a full socket, also that: the time on
+// the clock, less what it was ready to run and others had the processor. So the machine's load does
+// not count, nor what the host of a virtual machine takes. For the thread that made it.
 class OwnTime {
   public:
     OwnTime() { Restart(); }
@@ -21,19 +23,34 @@ class OwnTime {
     OwnTime(const OwnTime&) = delete;
     OwnTime& operator=(const OwnTime&) = delete;
 
-    void Restart() {
-        waitedBefore_ = Waited();
-        start_ = std::chrono::steady_clock::now();
-    }
+    void Restart() { start_ = Now(); }
 
     std::chrono::nanoseconds Passed() const {
-        const auto onTheClock = std::chrono::steady_clock::now() - start_;
-        return onTheClock - (Waited() - waitedBefore_);
+        const Moment now = Now();
+        return now.sleeps == start_.sleeps ? now.worked - start_.worked
+                                           : now.time - start_.time - (now.ready - start_.ready);
     }
 
   private:
-    // The second number: nanoseconds in the queue of those that are ready.
-    std::chrono::nanoseconds Waited() const {
+    struct Moment {
+        long sleeps;
+        std::chrono::nanoseconds worked;
+        std::chrono::nanoseconds ready;
+        std::chrono::steady_clock::time_point time;
+    };
+
+    Moment Now() const {
+        rusage usage = {};
+        getrusage(RUSAGE_THREAD, &usage);
+        timespec worked = {};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &worked);
+        return {usage.ru_nvcsw,
+                std::chrono::seconds(worked.tv_sec) + std::chrono::nanoseconds(worked.tv_nsec),
+                Ready(), std::chrono::steady_clock::now()};
+    }
+
+    // The second number there: nanoseconds among those that are ready to run.
+    std::chrono::nanoseconds Ready() const {
         std::array<char, 96> text{};
         if (pread(statistics_, text.data(), text.size() - 1, 0) <= 0) {
             return {};
@@ -44,8 +61,7 @@ class OwnTime {
     }
 
     const int statistics_ = open("/proc/thread-self/schedstat", O_RDONLY | O_CLOEXEC);
-    std::chrono::nanoseconds waitedBefore_{};
-    std::chrono::steady_clock::time_point start_;
+    Moment start_{};
 };
 
 }  // namespace kit

@@ -98,8 +98,8 @@ TEST_F(DebugOutputPosixTest, AMonitorThatReadsNothingHoldsNobodyUpAndIsToldWhatI
 
 TEST_F(DebugOutputPosixTest, AMonitorThatReadsNowAndThenDelaysNoCall) {
     const vxd::Descriptor slow = Bind();
+    std::vector<char> datagram(std::size_t{64} << 10);
     std::jthread reader([&](const std::stop_token& stop) {
-        std::vector<char> datagram(std::size_t{64} << 10);
         while (!stop.stop_requested()) {
             recv(slow.Get(), datagram.data(), datagram.size(), MSG_DONTWAIT);
             std::this_thread::sleep_for(milliseconds(2));
