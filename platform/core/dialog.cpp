@@ -189,8 +189,8 @@ Rect ToDialogUnits(const Rect& pixels) {
             roundUp(pixels.height * 8, font.height)};
 }
 
-INT_PTR RunDialog(HINSTANCE instance, const DialogTemplate& dialogTemplate, HWND owner,
-                  DLGPROC procedure, LPARAM parameter, Modality modality) {
+INT_PTR RunDialogBox(HINSTANCE instance, const DialogTemplate& dialogTemplate, HWND owner,
+                     DLGPROC procedure, LPARAM parameter, Modality modality) {
     Window* given = FindWindowOf(owner);
     if (owner != nullptr && given == nullptr)
         return -1;
@@ -265,8 +265,9 @@ INT_PTR WINAPI DialogBoxParamA(HINSTANCE instance, LPCSTR templateName, HWND own
                                DLGPROC procedure, LPARAM parameter) {
     const auto data = vxd::FindResource(vxd::kResourceDialog, vxd::NameOf(templateName));
     const auto dialogTemplate = vxd::ParseDialog(data);
-    return dialogTemplate ? vxd::RunDialog(instance, *dialogTemplate, owner, procedure, parameter)
-                          : -1;
+    return dialogTemplate
+               ? vxd::RunDialogBox(instance, *dialogTemplate, owner, procedure, parameter)
+               : -1;
 }
 
 BOOL WINAPI EndDialog(HWND handle, INT_PTR result) {

@@ -14,8 +14,8 @@ inline constexpr char kDialogClass[] = "#32770";
 enum class Modality { kOwner, kAllWindows };
 
 // Runs a modal dialog box; -1 when it cannot be made, else what EndDialog was given.
-INT_PTR RunDialog(HINSTANCE instance, const DialogTemplate& dialogTemplate, HWND owner,
-                  DLGPROC procedure, LPARAM parameter, Modality modality = Modality::kOwner);
+INT_PTR RunDialogBox(HINSTANCE instance, const DialogTemplate& dialogTemplate, HWND owner,
+                     DLGPROC procedure, LPARAM parameter, Modality modality = Modality::kOwner);
 
 // Dialog units are a quarter of the average character's width and an eighth of its height.
 Rect FromDialogUnits(const Rect& units);

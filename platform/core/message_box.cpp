@@ -148,7 +148,7 @@ int WINAPI MessageBoxA(HWND owner, LPCSTR text, LPCSTR title, UINT style) {
     const vxd::DialogTemplate box =
         vxd::LayOut(text != nullptr ? text : "", title != nullptr ? title : "Error", style);
     const bool shutsOutAll = owner == nullptr && (style & MB_TASKMODAL) != 0;
-    return static_cast<int>(vxd::RunDialog(
+    return static_cast<int>(vxd::RunDialogBox(
         GetModuleHandleA(nullptr), box, owner, vxd::MessageBoxProcedure, static_cast<LPARAM>(style),
         shutsOutAll ? vxd::Modality::kAllWindows : vxd::Modality::kOwner));
 }

@@ -10,14 +10,6 @@
 
 namespace vxd::qt {
 
-QRect ToQt(const Rect& rect) {
-    return {rect.x, rect.y, rect.width, rect.height};
-}
-
-Rect FromQt(const QRect& rect) {
-    return {rect.x(), rect.y(), rect.width(), rect.height()};
-}
-
 int LineControlHeight() {
     constexpr int kUnits = 14;
     constexpr int kUnitsInHeight = 8;

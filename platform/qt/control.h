@@ -4,15 +4,13 @@
 #include <QWidget>
 #include <memory>
 
+#include "platform/qt/geometry.h"
 #include "platform/qt/report.h"
 #include "platform/screen.h"
 
 class QAbstractScrollArea;
 
 namespace vxd::qt {
-
-QRect ToQt(const Rect& rect);
-Rect FromQt(const QRect& rect);
 
 // The height of a control that has one line of text: 14 dialog units, as dialogs give their
 // buttons.

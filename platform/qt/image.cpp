@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "platform/qt/control.h"
+#include "platform/qt/geometry.h"
 
 namespace vxd::qt {
 
