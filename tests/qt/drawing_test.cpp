@@ -8,9 +8,13 @@
 #include <cstdint>
 
 #include "tests/platform/plain_window.h"
+#include "tests/qt/form_test.h"
 #include "tests/qt/native.h"
 
 namespace {
+
+using form::FormTest;
+using kit::OnUserInterface;
 
 constexpr int kSide = 24;
 
@@ -89,6 +93,53 @@ TEST(DrawingOnScreen, IsSharpAtEveryScaleAndInParts) {
         UpdateWindow(child);
         ExpectSharpPixels(frame);
         ExpectSharpPixels(child);
+    });
+}
+
+// Fills a window from its own middle on; nothing releases the context.
+void DrawOn(HWND window, COLORREF colour) {
+    RECT area{};
+    GetClientRect(window, &area);
+    area.left = area.right / 2;
+    const HBRUSH brush = CreateSolidBrush(colour);
+    FillRect(GetDC(window), &area, brush);
+    DeleteObject(brush);
+}
+
+TEST_F(FormTest, WhatIsDrawnOnAControlLiesOverItsLookUntilItIsPaintedAnew) {
+    constexpr QColor kDrawn(0x10, 0xC0, 0x20);
+    for (const int id : {IDC_APPLY, IDC_NAME, IDC_LIST}) {
+        const HWND control = Control(id);
+        OnUserInterface([=] {
+            const auto look = [=] { return native::WidgetOf(control)->grab().toImage(); };
+            const QImage before = look();
+            const QPoint drawnAt = before.rect().bottomRight() - QPoint(2, 2);
+            DrawOn(control, RGB(0x10, 0xC0, 0x20));
+            EXPECT_EQ(look().pixelColor(drawnAt), kDrawn) << id;
+            EXPECT_EQ(look().copy(0, 0, before.width() / 2, before.height()),
+                      before.copy(0, 0, before.width() / 2, before.height()))
+                << id << " lost its own look where nothing is drawn";
+            InvalidateRect(control, nullptr, TRUE);
+            UpdateWindow(control);
+            EXPECT_EQ(look(), before) << id;
+        });
+    }
+}
+
+TEST_F(FormTest, WhatIsDrawnOnADialogIsSeenBehindItsControlsUntilItIsPaintedAnew) {
+    const HWND form = form_.Handle();
+    const HWND button = Control(IDC_APPLY);
+    OnUserInterface([=] {
+        const auto look = [=] { return native::WidgetOf(form)->grab().toImage(); };
+        const QImage before = look();
+        const QRect inFront = native::WidgetOf(button)->geometry().adjusted(4, 4, -4, -4);
+        DrawOn(form, RGB(0x10, 0xC0, 0x20));
+        const QImage drawn = look();
+        EXPECT_EQ(drawn.pixelColor(drawn.rect().bottomRight()), QColor(0x10, 0xC0, 0x20));
+        EXPECT_EQ(drawn.copy(inFront), before.copy(inFront));
+        InvalidateRect(form, nullptr, TRUE);
+        UpdateWindow(form);
+        EXPECT_EQ(look(), before);
     });
 }
 

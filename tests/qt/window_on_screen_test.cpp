@@ -1,0 +1,158 @@
+// A window on the desktop: its painting, its place, and what reaches it beside a dialog.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QImage>
+#include <QTemporaryDir>
+#include <QWindow>
+#include <chrono>
+#include <clocale>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "platform/qt/snapshot.h"
+#include "tests/kit/dialog.h"
+#include "tests/qt/window_test.h"
+
+namespace {
+
+using form::kSeenColour;
+using form::WindowTest;
+using kit::OnUserInterface;
+
+TEST_F(WindowTest, TheProgramsPixelsFillTheClientAreaBelowAllRowsOfTheMenuBar) {
+    EXPECT_EQ(SeenAt({0, 0}), kSeenColour);
+    EXPECT_EQ(SeenAt(ClientRect().bottomRight()), kSeenColour);
+    EXPECT_NE(SeenAt({0, -1}), kSeenColour);
+}
+
+TEST_F(WindowTest, WhatIsUncoveredIsPaintedAnewAndNothingElse) {
+    EXPECT_EQ(TakePainted(), std::vector<QRect>{ClientRect()}) << "the first showing paints once";
+    const int menuHeight = WindowRect().height() - ClientRect().height();
+    // At first the desktop may still be about the showing itself.
+    std::vector<QRect> painted;
+    for (int turn = 0; painted.empty() && turn < 50; ++turn) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        Expose(QRect(10, menuHeight + 5, 30, 20));
+        painted = TakePainted();
+    }
+    EXPECT_EQ(painted, (std::vector<QRect>{QRect(10, 5, 30, 20)}));
+    Expose(QRect(10, menuHeight - 5, 30, 20));
+    EXPECT_EQ(TakePainted(), (std::vector<QRect>{QRect(10, 0, 30, 15)}));
+    Expose(QRect(0, 0, 50, menuHeight));
+    EXPECT_EQ(TakePainted(), (std::vector<QRect>{})) << "the menu bar is not the program's";
+}
+
+TEST_F(WindowTest, AMoveOrResizeByTheDesktopReachesTheProgramAndPaintsWhatIsNewAlone) {
+    const QRect client = ClientRect();
+    const QRect moved(QPoint(120, 130), WindowRect().size());
+    const QRect resized = moved.adjusted(0, 0, 0, 40);
+    for (const UINT message : {WM_MOVE, WM_SIZE})
+        TakeMessages(message);
+    TakePainted();
+    native::Do([=, this] { native::WidgetOf(window_)->setGeometry(moved); });
+    EXPECT_EQ(TakeMessages(WM_MOVE), 1u);
+    native::Do([=, this] { native::WidgetOf(window_)->resize(resized.size()); });
+    EXPECT_EQ(TakeMessages(WM_SIZE), 1u);
+    const RECT rect = OnUserInterface([this] {
+        RECT window{};
+        GetWindowRect(window_, &window);
+        return window;
+    });
+    EXPECT_EQ(QRect(QPoint(rect.left, rect.top), QPoint(rect.right - 1, rect.bottom - 1)), resized);
+    EXPECT_EQ(TakePainted(), (std::vector<QRect>{QRect(0, client.height(), client.width(), 40)}));
+    EXPECT_EQ(SeenAt(ClientRect().bottomRight()), kSeenColour);
+    native::Do([this] { native::WidgetOf(window_)->resize(20, 20); });
+    EXPECT_EQ(WindowRect().size(), QSize(112, 27)) << "the least that a frame with caption takes";
+}
+
+TEST_F(WindowTest, StayingOnTopKeepsPlaceAndKeyboard) {
+    const QRect before = WindowRect();
+    for (const bool topmost : {true, false}) {
+        OnUserInterface([=, this] {
+            SetWindowPos(window_, topmost ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
+                         SWP_NOSIZE | SWP_NOMOVE);
+        });
+        native::Do([] {});
+        OnUserInterface([&] {
+            const QWidget* widget = native::WidgetOf(window_);
+            EXPECT_TRUE(widget->isVisible());
+            EXPECT_EQ(widget->geometry(), before);
+            EXPECT_EQ(widget->windowFlags().testFlag(Qt::WindowStaysOnTopHint), topmost);
+        });
+        native::Press(Qt::Key_B, Qt::AltModifier);
+        EXPECT_EQ(TakeCommands(), std::vector<UINT>{IDM_BARE});
+    }
+}
+
+TEST_F(WindowTest, WhatWasTypedBeforeADialogCameGoesToTheDialog) {
+    native::Do([] {
+        for (int times = 0; times < 2; ++times) {
+            native::PressKey(Qt::Key_F, Qt::AltModifier);
+            native::TypeLetter('o');
+        }
+    });
+    kit::Dialog form = kit::WaitForDialog("Form");
+    native::Do([] {});
+    const auto forms = OnUserInterface([] {
+        int count = 0;
+        const auto visit = [](HWND window, LPARAM counted) -> BOOL {
+            char title[8];
+            GetWindowTextA(window, title, sizeof title);
+            *reinterpret_cast<int*>(counted) += std::string(title) == "Form" ? 1 : 0;
+            return TRUE;
+        };
+        EnumThreadWindows(GetCurrentThreadId(), visit, reinterpret_cast<LPARAM>(&count));
+        return count;
+    });
+    EXPECT_EQ(forms, 1);
+    EXPECT_EQ(form.Text(IDC_NAME), "o");
+    native::Press(Qt::Key_Escape);
+}
+
+TEST_F(WindowTest, AnOwnerOfADialogTakesNoInputAndLooksAsBefore) {
+    native::Press(Qt::Key_F, Qt::AltModifier);
+    native::Press(Qt::Key_O);
+    const kit::Dialog form = kit::WaitForDialog("Form");
+    ClickBelow(Qt::LeftButton);
+    native::Do([this] { native::WidgetOf(window_)->windowHandle()->requestActivate(); });
+    EXPECT_EQ(TakeMessages(WM_LBUTTONDOWN), 0u);
+    EXPECT_TRUE(OnUserInterface([this] { return native::WidgetOf(window_)->isEnabled(); }));
+    native::Press(Qt::Key_Escape);
+    EXPECT_FALSE(form.IsOpen());
+    EXPECT_EQ(OnUserInterface([] { return GetActiveWindow(); }), window_);
+    ClickBelow(Qt::LeftButton);
+    EXPECT_EQ(TakeMessages(WM_LBUTTONDOWN), 1u);
+}
+
+TEST_F(WindowTest, NumbersAreWrittenInTheProgramsWayWhateverTheDesktopsLanguage) {
+    EXPECT_STREQ(std::setlocale(LC_CTYPE, nullptr), "C.UTF-8");
+    EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
+}
+
+TEST_F(WindowTest, APictureOfTheDesktopShowsTheWindowAndItsOpenMenu) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("desktop.png"));
+    native::Press(Qt::Key_F, Qt::AltModifier);
+    QImage picture;
+    QRect menu;
+    native::Do([&] {
+        ASSERT_TRUE(vxd::qt::SaveDesktopPicture(path.toStdString()));
+        picture.load(path);
+        menu = QApplication::activePopupWidget()->geometry();
+    });
+    // The window lies in the middle, as far from the lower edge as from the sides.
+    const QRect window = WindowRect();
+    const int margin = (picture.width() - window.width()) / 2;
+    EXPECT_GT(margin, 0);
+    EXPECT_GT(picture.height(), margin + window.height());
+    const QPoint corner = picture.rect().bottomRight() - QPoint(margin, margin);
+    EXPECT_EQ(picture.pixelColor(corner), kSeenColour);
+    EXPECT_NE(picture.pixelColor(corner + menu.center() - window.bottomRight()), kSeenColour)
+        << "the menu hangs over the client area";
+    native::Press(Qt::Key_Escape);
+    native::Press(Qt::Key_Escape);
+}
+
+}  // namespace
