@@ -286,7 +286,11 @@ HWND WINAPI GetNextDlgTabItem(HWND handle, HWND control, BOOL previous) {
     Window* dialog = FindWindowOf(handle);
     if (dialog == nullptr)
         return nullptr;
-    const Window* next = vxd::NextTabStop(*dialog, FindWindowOf(control), previous != FALSE);
+    const Window* start = FindWindowOf(control);
+    const Window* next = vxd::NextTabStop(*dialog, start, previous != FALSE);
+    // Among controls without a stop the search comes back to where it began.
+    if (next == nullptr && vxd::IndexOf(*dialog, start) >= 0)
+        next = start;
     return next != nullptr ? next->handle : nullptr;
 }
 

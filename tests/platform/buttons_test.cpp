@@ -59,6 +59,13 @@ TEST_F(Buttons, AClickChecksARadioButtonAndClearsItsGroupAlone) {
     EXPECT_EQ(Checked(), (std::vector<int>{IDC_RIGHT, IDC_LOWER}));
 }
 
+TEST_F(Buttons, AClickClearsThoseOfItsGroupTooThatDoNotTurnThemselves) {
+    Send(IDC_MIDDLE, BM_SETSTYLE, BS_RADIOBUTTON);
+    Send(IDC_MIDDLE, BM_SETCHECK, BST_CHECKED);
+    Click(IDC_LEFT);
+    EXPECT_EQ(Checked(), std::vector<int>{IDC_LEFT});
+}
+
 TEST_F(Buttons, CheckRadioButtonClearsTheNumbersOfItsRange) {
     Send(IDC_UPPER, BM_SETCHECK, BST_CHECKED);
     Send(IDC_LEFT, BM_SETCHECK, BST_CHECKED);

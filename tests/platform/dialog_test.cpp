@@ -68,6 +68,12 @@ TEST(DialogStart, WithoutAnyStopTheFirstControlTakesTheFocusAndKeepsIt) {
     EXPECT_EQ(dialog.TakeNotifications(), "init:201 " + Code(IDC_LINE, EN_SETFOCUS));
     dialog.Shown().Key(VK_TAB);
     EXPECT_EQ(dialog.Shown().FocusedId(), IDC_LINE);
+    OnUserInterface([&] {
+        const HWND line = dialog.Shown().Control(IDC_LINE);
+        for (const BOOL previous : {FALSE, TRUE}) {
+            EXPECT_EQ(GetNextDlgTabItem(dialog.Shown().Handle(), line, previous), line);
+        }
+    });
 }
 
 int RunDialog(int templateId, DLGPROC procedure, LPARAM parameter = 0) {

@@ -99,7 +99,7 @@ class Button : public BasicControl {
         SetCheck(BST_CHECKED);
         for (Window* other : GroupOf(window_)) {
             if (other != &window_ && other->windowClass == window_.windowClass &&
-                (other->style & BS_TYPEMASK) == BS_AUTORADIOBUTTON)
+                other->control->Kind() == WidgetKind::kRadioButton)
                 SendMessageA(other->handle, BM_SETCHECK, BST_UNCHECKED, 0);
         }
     }
