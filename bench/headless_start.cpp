@@ -6,15 +6,22 @@
 
 namespace {
 
-class PaintedOnce : public vxd::HeadlessScreen {
+class Painted : public vxd::Widget {
   public:
-    explicit PaintedOnce(const char* start) : start_(start) {}
-    void Draw(vxd::WidgetId, const vxd::Pixels&, const vxd::Rect&) override {
-        ReportFirstPaint(start_);
-    }
+    explicit Painted(const char* start) : start_(start) {}
+    void Draw(const vxd::Pixels&, const vxd::Rect&) override { ReportFirstPaint(start_); }
 
   private:
     const char* start_;
+};
+
+class PaintedOnce : public vxd::HeadlessScreen {
+  public:
+    explicit PaintedOnce(const char* start) : widget_(start) {}
+    vxd::Widget& Create(const vxd::WidgetSetup&) override { return widget_; }
+
+  private:
+    Painted widget_;  // of all windows
 };
 
 }  // namespace
