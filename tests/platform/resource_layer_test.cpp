@@ -416,6 +416,7 @@ bool Overlap(const Rect& a, const Rect& b) {
 
 TEST(OwnDialogs, KeepTheirControlsInsideAndApart) {
     constexpr int kMargin = 7;
+    constexpr int kGroupLine = 4;        // below the top, in the middle of the caption
     constexpr int kComboBoxHeight = 14;  // a template gives the height with the list dropped down
     constexpr std::uint16_t kBehindAllNumbers = 5000;
     int dialogs = 0;
@@ -433,10 +434,13 @@ TEST(OwnDialogs, KeepTheirControlsInsideAndApart) {
             EXPECT_TRUE(control.id == -1 || ids.insert(control.id).second);
             const int height = control.className == "ComboBox" ? kComboBoxHeight : control.height;
             const Rect rect = {control.x, control.y, control.width, height};
-            EXPECT_GE(std::min(rect.x, rect.y), kMargin);
+            const bool isGroup =
+                control.className == "Button" && (control.style & BS_TYPEMASK) == BS_GROUPBOX;
+            EXPECT_GE(rect.x, kMargin);
+            EXPECT_GE(rect.y + (isGroup ? kGroupLine : 0), kMargin);
             EXPECT_LE(rect.x + rect.width, dialog->width - kMargin);
             EXPECT_LE(rect.y + rect.height, dialog->height - kMargin);
-            if (control.className == "Button" && (control.style & BS_TYPEMASK) == BS_GROUPBOX)
+            if (isGroup)
                 continue;
             for (const Rect& other : taken)
                 EXPECT_FALSE(Overlap(rect, other));
