@@ -1,8 +1,10 @@
-// The message queue of the user-interface thread.
+// The message queue of the user-interface thread, and with it the keys that were down when a
+// message was queued.
 #pragma once
 
 #include <functional>
 
+#include "platform/core/keyboard.h"
 #include "platform/win32.h"
 
 namespace vxd {
