@@ -3,6 +3,7 @@
 
 #include <array>
 #include <string>
+#include <tuple>
 
 #include "tests/kit/person.h"
 #include "tests/kit/user_interface.h"
@@ -121,6 +122,12 @@ TEST_F(Lists, NothingIsFoundByAnEmptyText) {
     Fill(IDC_DROP_LIST, CB_ADDSTRING);
     EXPECT_EQ(SendText(IDC_LIST, LB_FINDSTRING, -1, ""), LB_ERR);
     EXPECT_EQ(SendText(IDC_LIST, LB_SELECTSTRING, -1, ""), LB_ERR);
+    for (const auto& [id, add, find] :
+         {std::tuple{IDC_LIST, LB_ADDSTRING, LB_FINDSTRINGEXACT},
+          std::tuple{IDC_DROP_LIST, CB_ADDSTRING, CB_FINDSTRINGEXACT}}) {
+        SendText(id, static_cast<UINT>(add), 0, "");
+        EXPECT_EQ(SendText(id, static_cast<UINT>(find), -1, ""), LB_ERR) << "an empty row";
+    }
     EXPECT_EQ(SendText(IDC_DROP_LIST, CB_SELECTSTRING, -1, ""), CB_ERR);
     EXPECT_EQ(Send(IDC_DROP_LIST, CB_GETCURSEL), CB_ERR);
 }

@@ -108,6 +108,8 @@ LRESULT RowList::FindPrefix(LRESULT after, std::string_view text) const {
 }
 
 LRESULT RowList::FindExact(LRESULT after, std::string_view text) const {
+    if (text.empty())
+        return kError;
     return FindFrom(after, [text](std::string_view row) { return EqualIgnoringCase(row, text); });
 }
 
