@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "dbwin/line_file.h"
+#include "dbwin/system.h"
 #include "platform/core/descriptor.h"
 
 namespace dbwin {
@@ -26,6 +27,7 @@ using Length = std::uint32_t;
 using Answer = std::int32_t;
 
 constexpr Answer kWriterIsGone = -1;
+constexpr Answer kWriterIsStuck = -2;
 
 // How many bytes came; fewer than asked for where the other side has gone.
 std::size_t Receive(int channel, void* bytes, std::size_t size) {
@@ -54,7 +56,18 @@ bool Send(int channel, const void* bytes, std::size_t size) {
     return true;
 }
 
+// A file that takes nothing, a pipe or one on a server that is away, keeps the viewer from its end
+// for two seconds only.
 Answer AnswerFrom(int channel) {
+    constexpr int kLook = 100;
+    constexpr int kLooksAtTheEnd = 20;
+    pollfd writer = {channel, POLLIN, 0};
+    for (int looks = 0; poll(&writer, 1, kLook) < 1;) {
+        looks = EndIsAskedFor() ? looks + 1 : 0;
+        if (looks > kLooksAtTheEnd) {
+            return kWriterIsStuck;
+        }
+    }
     Answer answer = 0;
     return Receive(channel, &answer, sizeof answer) == sizeof answer ? answer : kWriterIsGone;
 }
@@ -125,13 +138,17 @@ struct LogFile::Writer {
         }
     }
 
-    static std::string Reason(const std::string& path, Answer answer) {
-        if (answer == 0) {
-            return {};
+    // Why something was not written; empty where it was. One that is stuck goes on alone, with what
+    // it has.
+    std::string Reason(const std::string& path, Answer answer) {
+        if (answer == kWriterIsStuck) {
+            process = 0;
         }
-        return path + ": " +
-               (answer == kWriterIsGone ? "the process that writes it has been ended"
-                                        : std::strerror(answer));
+        return answer == 0 ? ""
+                           : path + ": " +
+                                 (answer == kWriterIsStuck  ? "it takes nothing"
+                                  : answer == kWriterIsGone ? "its writing process was ended"
+                                                            : std::strerror(answer));
     }
 };
 
@@ -139,14 +156,14 @@ LogFile::LogFile(std::string path, std::string& error) : path_(std::move(path)) 
     const vxd::Descriptor file(LineFile::Open(path_));
     std::array<int, 2> ends = {-1, -1};
     if (!file || socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
-        error = Writer::Reason(path_, errno);
+        error = path_ + ": " + std::strerror(errno);
         return;
     }
     vxd::Descriptor own(ends[0]);
     const vxd::Descriptor writers(ends[1]);
     const pid_t process = fork();
     if (process < 0) {
-        error = Writer::Reason(path_, errno);
+        error = path_ + ": " + std::strerror(errno);
     } else if (process == 0) {
         LeaveTheViewer(writers.Get(), file.Get());
         {
@@ -164,19 +181,25 @@ LogFile::LogFile(std::string path, std::string& error) : path_(std::move(path)) 
 LogFile::~LogFile() = default;
 
 std::string LogFile::Write(std::string_view lines) {
+    if (writer_->process == 0) {
+        return writer_->Reason(path_, kWriterIsStuck);
+    }
     const int channel = writer_->channel.Get();
     const auto length = static_cast<Length>(lines.size());
     const bool isSent =
         Send(channel, &length, sizeof length) && Send(channel, lines.data(), lines.size());
-    return Writer::Reason(path_, isSent ? AnswerFrom(channel) : kWriterIsGone);
+    return writer_->Reason(path_, isSent ? AnswerFrom(channel) : kWriterIsGone);
 }
 
 // The writer does so itself.
 void LogFile::SyncNowAndThen() {}
 
 std::string LogFile::Finish() {
+    if (writer_->process == 0) {
+        return writer_->Reason(path_, kWriterIsStuck);
+    }
     shutdown(writer_->channel.Get(), SHUT_WR);
-    return Writer::Reason(path_, AnswerFrom(writer_->channel.Get()));
+    return writer_->Reason(path_, AnswerFrom(writer_->channel.Get()));
 }
 
 }  // namespace dbwin

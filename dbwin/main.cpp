@@ -36,12 +36,14 @@ int ComplainOf(const DebugMonitor& monitor) {
 }
 
 int View(const dbwin::Options& options, const dbwin::Filter& filter, dbwin::LogFile* file) {
+    // Ends last: its window may be waiting for the watch.
+    std::unique_ptr<dbwin::Presence> presence;
+    const dbwin::EndWatch watch;
     DebugMonitor monitor;
     if (!monitor.IsListening()) {
         return ComplainOf(monitor);
     }
-    const dbwin::Presence presence;
-    const dbwin::EndWatch watch;
+    presence = std::make_unique<dbwin::Presence>();
     dbwin::Viewer viewer(options, filter, monitor, file);
     std::unique_ptr<dbwin::Child> child;
     if (!options.command.empty()) {

@@ -22,7 +22,7 @@ std::string WriteOut(std::string_view text);
 // From its construction on the user's wish to end the viewer, Ctrl+C, a signal or the closing of
 // the terminal, is answered by EndIsAskedFor in place of ending the process at once. A system that
 // ends the process all the same, as Windows does behind a closed terminal, is kept from it until
-// the destruction, as long as it waits. One at a time, and while there is a Presence.
+// the destruction, as long as it waits. One at a time.
 class EndWatch {
   public:
     EndWatch();

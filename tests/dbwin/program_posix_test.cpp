@@ -1,5 +1,6 @@
 // The debug viewer on a terminal, under floods and kills, and where a disk is full.
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -17,13 +18,13 @@
 #include "platform/core/debug_socket.h"
 #include "platform/core/descriptor.h"
 #include "tests/dbwin/program.h"
+#include "tests/kit/own_time.h"
 #include "tests/kit/speed.h"
 
 namespace {
 
 using std::chrono::milliseconds;
 using std::chrono::nanoseconds;
-using std::chrono::steady_clock;
 
 class DbwinPosix : public DbwinProgram {
   protected:
@@ -46,11 +47,11 @@ int OutputMode() {
 }
 
 // For how long the threads of a process were ready to run and others had the processors.
-nanoseconds WaitedForProcessors(const std::string& process) {
+nanoseconds WaitedForProcessors(std::uint32_t process) {
     nanoseconds waited{};
     std::error_code ignored;
-    for (const auto& thread :
-         std::filesystem::directory_iterator("/proc/" + process + "/task", ignored)) {
+    for (const auto& thread : std::filesystem::directory_iterator(
+             "/proc/" + std::to_string(process) + "/task", ignored)) {
         std::uint64_t ran = 0;
         std::uint64_t ready = 0;
         if (std::ifstream(thread.path() / "schedstat") >> ran >> ready) {
@@ -60,34 +61,40 @@ nanoseconds WaitedForProcessors(const std::string& process) {
     return waited;
 }
 
-// A round that fails though nobody had to wait for a processor shows a fault. Where the machine has
-// other things to do it says nothing, and there is another round.
+// At the rate by the writer's own time; where it had to wait for a processor it catches up. Lines
+// that are lost though viewer and writer hardly had to wait show a fault. Else the machine has
+// other things to do, the round says nothing, and there is another one.
 TEST_F(DbwinPosix, GetsTwoHundredThousandLinesASecondCompleteAndInOrder) {
     constexpr int kRate = 200'000 / kit::kSlowdown;
     constexpr int kLines = 2 * kRate;
     constexpr nanoseconds kPlanned = std::chrono::seconds(2);
-    bool isFine = false;
-    for (int round = 0; round < 5 && !isFine; ++round) {
+    const std::string complete =
+        "dbwin: " + std::to_string(kLines) + " lines shown, 1 left out, 0 lost\n";
+    bool isComplete = false;
+    for (int round = 0; round < 5 && !isComplete; ++round) {
         std::filesystem::remove(folder_ / "log");
         BeginAndWait({"-q", "-o", folder_ / "log", "-m", "line [0-9]"});
-        const std::string viewer = std::to_string(viewer_->Id());
-        const nanoseconds waited = WaitedForProcessors("self") + WaitedForProcessors(viewer);
-        const auto start = steady_clock::now();
+        const nanoseconds waited =
+            WaitedForProcessors(GetCurrentProcessId()) + WaitedForProcessors(viewer_->Id());
+        const kit::OwnTime time;
+        const auto start = std::chrono::steady_clock::now();
         for (int i = 0; i < kLines; ++i) {
             OutputDebugStringA(("412*3F: [30]X:\t line " + std::to_string(i) + "\n").c_str());
             if (i % 100 == 99) {
                 std::this_thread::sleep_until(start + (i + 1) * kPlanned / kLines);
             }
         }
-        const bool hasRate = steady_clock::now() - start < kPlanned * 102 / 100;
+        ASSERT_LT(time.Passed(), kPlanned * 102 / 100) << "the writer is held up";
         OutputDebugStringA("another\n");
-        const nanoseconds busy = WaitedForProcessors("self") + WaitedForProcessors(viewer) - waited;
+        const nanoseconds busy = WaitedForProcessors(GetCurrentProcessId()) +
+                                 WaitedForProcessors(viewer_->Id()) - waited;
         EXPECT_EQ(End(), 0);
-        isFine = hasRate && Messages() == "dbwin: " + std::to_string(kLines) +
-                                              " lines shown, 1 left out, 0 lost\n";
-        ASSERT_TRUE(isFine || busy > kPlanned / 10) << hasRate << " " << Messages();
+        isComplete = Messages() == complete;
+        ASSERT_TRUE(isComplete || busy > kPlanned / 10) << Messages();
     }
-    ASSERT_TRUE(isFine) << "the machine is too busy to say";
+    if (!isComplete) {
+        GTEST_SKIP() << "the machine is too busy to say";
+    }
     const std::string log = Log();
     std::size_t at = 0;
     for (int i = 0; i < kLines && !HasFailure(); ++i) {
@@ -169,32 +176,42 @@ TEST_F(DbwinPosix, TellsWhyAFileTakesNothingAndWhereLinesAreMissing) {
               "dbwin: 0 lines shown, 0 left out, 0 lost, 1 not taken by the output\n");
 }
 
-// A reader that stands still keeps it from its end for a second, one that reads slowly gets all.
-TEST_F(DbwinPosix, EndsThoughLinesKeepComingOrTheOutputIsFull) {
+// A reader that stands still keeps it from its end for a second or two, one that reads slowly gets
+// all.
+TEST_F(DbwinPosix, EndsThoughLinesKeepComingOrNobodyTakesThem) {
+    struct Case {
+        const char* options;
+        bool isRead;
+        std::string message;
+    };
     const std::string pipe = folder_ / "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    for (const bool isRead : {false, true}) {
+    for (const Case& each :
+         {Case{">", false, "dbwin: the output takes no more lines: it takes nothing\n"},
+          Case{">", true, "dbwin: 2000 lines shown, 0 left out, 0 lost\n"},
+          Case{"-q -o ", false, "/pipe: it takes nothing; lines that the file does not take"}}) {
         const vxd::Descriptor reader(open(pipe.c_str(), O_RDWR | O_NONBLOCK));
-        BeginByShell("exec \"$0\" >" + pipe);
+        BeginByShell("exec \"$0\" " + (each.options + pipe));
         for (int i = 0; i < 2000; ++i) {
             OutputDebugStringA((std::string(300, 'x') + "\n").c_str());
         }
+        EXPECT_TRUE(kit::WaitFor([&] {
+            pollfd pipeEnd = {reader.Get(), POLLIN, 0};
+            return poll(&pipeEnd, 1, 0) == 1;
+        }));
         std::this_thread::sleep_for(milliseconds(300));
         viewer_->AskForEnd();
+        EXPECT_TRUE(each.isRead || kit::WaitFor([&] { return viewer_->HasEnded(); }));
         std::ptrdiff_t lines = 0;
         std::string text(4096, ' ');
-        for (ssize_t length = 1; isRead && (length > 0 || !viewer_->HasEnded());) {
+        for (ssize_t length = 1; length > 0 || !viewer_->HasEnded();) {
             length = read(reader.Get(), text.data(), text.size());
             lines += std::count(text.begin(), text.begin() + std::max<ssize_t>(length, 0), '\n');
             std::this_thread::sleep_for(milliseconds(2));
         }
-        EXPECT_EQ(lines, isRead ? 2000 : 0);
-        EXPECT_EQ(viewer_->ExitCode(), isRead ? 0 : 1);
-        EXPECT_NE(Messages().find(isRead ? "dbwin: 2000 lines shown, 0 left out, 0 lost\n"
-                                         : "dbwin: the output takes no more lines: it takes "
-                                           "nothing\n"),
-                  std::string::npos)
-            << Messages();
+        EXPECT_EQ(lines == 2000, each.isRead) << lines;
+        EXPECT_EQ(viewer_->ExitCode(), each.isRead ? 0 : 1);
+        EXPECT_NE(Messages().find(each.message), std::string::npos) << Messages();
     }
     BeginAndWait({});
     std::atomic<bool> enough = false;
@@ -259,7 +276,8 @@ TEST_F(DbwinPosix, UsesNoFolderInWhichAnotherUserMayWrite) {
                                   " is not a folder of this user's alone: another user may have "
                                   "made it. Remove it, or set XDG_RUNTIME_DIR to a folder of your "
                                   "own\n");
-        EXPECT_EQ(rmdir(folder.c_str()), 0) << "nothing was put into it";
+        EXPECT_TRUE(std::filesystem::is_empty(folder));
+        std::filesystem::remove_all(folder);
     }
 }
 
