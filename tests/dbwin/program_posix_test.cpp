@@ -261,9 +261,7 @@ TEST_F(DbwinPosix, UsesNoFolderInWhichAnotherUserMayWrite) {
             break;
         }
         ASSERT_EQ(giveAway(folder_.Path(), isAnothers), 0);
-        const mode_t before = umask(0777);
         BeginAndWait({});
-        umask(before);
         struct stat status = {};
         ASSERT_EQ(stat(folder.c_str(), &status), 0) << "in its own one then";
         EXPECT_EQ(status.st_mode & 07777, 0700u);

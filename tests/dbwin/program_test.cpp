@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/debug_monitor.h"
+
 namespace {
 
 // What stands behind the first `word` of each line.
@@ -49,7 +51,14 @@ TEST_F(DbwinProgram, StartsAProgramThatFindsItAndShowsAndStoresWhatItWrites) {
 }
 
 TEST_F(DbwinProgram, ListensAloneAndNamesWhatItCantDo) {
+    {
+        const DebugMonitor own;
+        EXPECT_EQ(FindWindowA("DBWin", nullptr), nullptr);
+    }
     BeginAndWait({});
+    EXPECT_NE(FindWindowA("dbwin", nullptr), nullptr) << "in any case, as classes are found";
+    EXPECT_EQ(FindWindowA("DBWin", "Another title"), nullptr);
+    EXPECT_EQ(FindWindowA("Another class", nullptr), nullptr);
     const std::unique_ptr<kit::Process> first = std::move(viewer_);
     const kit::Streams streams{"", "", folder_ / "second"};
     const auto second = [&](const std::vector<std::string>& arguments) {

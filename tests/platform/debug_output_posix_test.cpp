@@ -7,9 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <chrono>
-#include <csignal>
 #include <cstring>
 #include <string>
 #include <thread>
@@ -164,36 +162,6 @@ TEST_F(DebugOutputPosixTest, ALongTextComesInPieces) {
         received += line->text;
     }
     EXPECT_EQ(received, text);
-}
-
-TEST_F(DebugOutputPosixTest, AnotherProcessThatListensIsFoundAsTheDebugViewerWhileItLives) {
-    EXPECT_EQ(FindWindowA("DBWin", nullptr), nullptr);
-    {
-        const DebugMonitor own;
-        EXPECT_EQ(FindWindowA("DBWin", nullptr), nullptr);
-    }
-    std::array<int, 2> ready{};
-    ASSERT_EQ(pipe(ready.data()), 0);
-    const pid_t viewer = fork();
-    if (viewer == 0) {
-        const DebugMonitor monitor;
-        const char listens = monitor.IsListening() ? 1 : 0;
-        if (write(ready[1], &listens, 1) == 1)
-            pause();
-        _exit(0);
-    }
-    // A viewer that does not come up ends the reading below.
-    close(ready[1]);
-    char listens = 0;
-    ASSERT_EQ(read(ready[0], &listens, 1), 1);
-    ASSERT_EQ(listens, 1);
-    EXPECT_NE(FindWindowA("dbwin", nullptr), nullptr) << "in any case, as classes are found";
-    EXPECT_EQ(FindWindowA("DBWin", "Another title"), nullptr);
-    EXPECT_EQ(FindWindowA("Another class", nullptr), nullptr);
-    kill(viewer, SIGKILL);
-    waitpid(viewer, nullptr, 0);
-    EXPECT_EQ(FindWindowA("DBWin", nullptr), nullptr);
-    close(ready[0]);
 }
 
 }  // namespace
