@@ -1,12 +1,13 @@
 // What a person did, on its way from the screen into the message queue.
 #include "platform/core/input.h"
-#include "platform/core/activation.h"
 
-#include <algorithm>
 #include <memory>
+#include <utility>
 #include <vector>
 
+#include "platform/core/activation.h"
 #include "platform/core/dialog.h"
+#include "platform/core/edited_text.h"
 #include "platform/core/file_dialog.h"
 #include "platform/core/key_message.h"
 #include "platform/core/keyboard.h"
@@ -14,7 +15,6 @@
 #include "platform/core/paint.h"
 #include "platform/core/placement.h"
 #include "platform/core/queue.h"
-#include "platform/core/text.h"
 #include "platform/core/window.h"
 
 namespace vxd {
@@ -66,38 +66,6 @@ class Waiting {
 Waiting<PendingRow> theRows;
 Waiting<PendingEdit> theEdits;
 Waiting<PendingSelection> theSelections;
-
-bool IsContinuation(char c) {
-    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
-}
-
-struct Edited {
-    std::string text;
-    int caret = 0;
-};
-
-// Puts into `now` what a person put into `before` to make `after`, at the same place as far as
-// there is one.
-Edited Rebased(const std::string& before, const std::string& after, const std::string& now) {
-    const std::size_t shorter = std::min(before.size(), after.size());
-    std::size_t same = 0;
-    while (same < shorter && before[same] == after[same])
-        ++same;
-    same = std::min(WholeCharacters(before, same), WholeCharacters(after, same));
-    std::size_t behind = 0;
-    while (behind < shorter - same &&
-           before[before.size() - 1 - behind] == after[after.size() - 1 - behind])
-        ++behind;
-    while (behind > 0 && IsContinuation(after[after.size() - behind]))
-        --behind;
-    const std::string inserted = after.substr(same, after.size() - same - behind);
-    const std::size_t removed = before.size() - same - behind;
-    const std::size_t from = WholeCharacters(now, std::min(same, now.size()));
-    const std::size_t to = WholeCharacters(now, std::min(from + removed, now.size()));
-    Edited edited{now, static_cast<int>(from + inserted.size())};
-    edited.text.replace(from, to - from, inserted);
-    return edited;
-}
 
 }  // namespace
 
@@ -202,7 +170,7 @@ void Edited(WidgetId edit, const std::string& text, int selectionStart, int sele
             control.OnEdited(text, selectionStart, selectionEnd);
             return;
         }
-        const vxd::Edited edited = Rebased(pending->before, text, control.EditedText());
+        const EditedText edited = Rebased(pending->before, text, control.EditedText());
         control.OnEdited(edited.text, edited.caret, edited.caret);
         ShowState(edit);
     });
