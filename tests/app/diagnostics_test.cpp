@@ -37,13 +37,9 @@ std::vector<std::string> WriteAndRead(DebugMonitor& monitor, int severity,
 
 // A viewer is a window of its class and a library that says that it wants to see something.
 void OpenViewer() {
-    WNDCLASSA viewer{};
-    viewer.lpfnWndProc = DefWindowProcA;
-    viewer.hInstance = GetModuleHandleA(nullptr);
-    viewer.lpszClassName = "DBWin";
-    RegisterClassA(&viewer);
+    kit::RegisterWindowClass("DBWin", DefWindowProcA);
     CreateWindowExA(0, "DBWin", "Viewer", WS_OVERLAPPEDWINDOW, 0, 0, 100, 100, nullptr, nullptr,
-                    viewer.hInstance, nullptr);
+                    GetModuleHandleA(nullptr), nullptr);
 }
 
 class Trace : public testing::Test {

@@ -43,56 +43,52 @@ double LuminanceOf(COLORREF colour) {
            0.0722 * linear(GetBValue(colour));
 }
 
-TEST(MotionBitmaps, HaveAScaleThatGetsLighterFromCellToCell) {
-    kit::RunAsProgram([] {
-        const Loaded scale(IDB_MOTION_SCALE);
-        EXPECT_TRUE(scale.Has(383, 27));
-        EXPECT_FALSE(scale.Has(384, 0));
-        EXPECT_FALSE(scale.Has(0, 28));
-        double before = 0.1;  // black arrows can be read on all of them
-        for (int cell = 0; cell < 24; ++cell) {
-            const COLORREF colour = scale.At(cell * kCell, 0);
-            EXPECT_GT(LuminanceOf(colour), before + 0.005) << cell;
-            before = LuminanceOf(colour);
-            for (int i = 0; i < kCell * kCell; ++i) {
-                ASSERT_EQ(scale.At(cell * kCell + i % kCell, i / kCell), colour) << cell;
-            }
+PROGRAM_TEST(MotionBitmaps, HaveAScaleThatGetsLighterFromCellToCell) {
+    const Loaded scale(IDB_MOTION_SCALE);
+    EXPECT_TRUE(scale.Has(383, 27));
+    EXPECT_FALSE(scale.Has(384, 0));
+    EXPECT_FALSE(scale.Has(0, 28));
+    double before = 0.1;  // black arrows can be read on all of them
+    for (int cell = 0; cell < 24; ++cell) {
+        const COLORREF colour = scale.At(cell * kCell, 0);
+        EXPECT_GT(LuminanceOf(colour), before + 0.005) << cell;
+        before = LuminanceOf(colour);
+        for (int i = 0; i < kCell * kCell; ++i) {
+            ASSERT_EQ(scale.At(cell * kCell + i % kCell, i / kCell), colour) << cell;
         }
-        EXPECT_GT(GetBValue(scale.At(0, 0)), GetRValue(scale.At(0, 0))) << "cold";
-        EXPECT_LT(GetBValue(scale.At(383, 0)), GetRValue(scale.At(383, 0))) << "hot";
-    });
+    }
+    EXPECT_GT(GetBValue(scale.At(0, 0)), GetRValue(scale.At(0, 0))) << "cold";
+    EXPECT_LT(GetBValue(scale.At(383, 0)), GetRValue(scale.At(383, 0))) << "hot";
 }
 
-TEST(MotionBitmaps, HaveABlackArrowOnWhiteForEachDirection) {
-    kit::RunAsProgram([] {
-        const Loaded arrows(IDB_MOTION_DIRECTIONS);
-        EXPECT_TRUE(arrows.Has(143, 15));
-        EXPECT_FALSE(arrows.Has(144, 15));
-        EXPECT_FALSE(arrows.Has(143, 16));
-        // Where an arrow is heaviest is where it points to.
-        constexpr std::array<POINT, 9> kDirections = {
-            {{0, 0}, {-1, 0}, {1, 0}, {0, -1}, {0, 1}, {-1, -1}, {1, -1}, {1, 1}, {-1, 1}}};
-        int left = 0;
-        for (const POINT& direction : kDirections) {
-            int black = 0;
-            int right = 0;  // twice as far from the middle as the pixels lie, added up
-            int down = 0;
-            for (int i = 0; i < kCell * kCell; ++i) {
-                const COLORREF colour = arrows.At(left + i % kCell, i / kCell);
-                EXPECT_TRUE(colour == RGB(0, 0, 0) || colour == RGB(255, 255, 255));
-                if (colour == RGB(0, 0, 0)) {
-                    ++black;
-                    right += 2 * (i % kCell) - (kCell - 1);
-                    down += 2 * (i / kCell) - (kCell - 1);
-                }
+PROGRAM_TEST(MotionBitmaps, HaveABlackArrowOnWhiteForEachDirection) {
+    const Loaded arrows(IDB_MOTION_DIRECTIONS);
+    EXPECT_TRUE(arrows.Has(143, 15));
+    EXPECT_FALSE(arrows.Has(144, 15));
+    EXPECT_FALSE(arrows.Has(143, 16));
+    // Where an arrow is heaviest is where it points to.
+    constexpr std::array<POINT, 9> kDirections = {
+        {{0, 0}, {-1, 0}, {1, 0}, {0, -1}, {0, 1}, {-1, -1}, {1, -1}, {1, 1}, {-1, 1}}};
+    int left = 0;
+    for (const POINT& direction : kDirections) {
+        int black = 0;
+        int right = 0;  // twice as far from the middle as the pixels lie, added up
+        int down = 0;
+        for (int i = 0; i < kCell * kCell; ++i) {
+            const COLORREF colour = arrows.At(left + i % kCell, i / kCell);
+            EXPECT_TRUE(colour == RGB(0, 0, 0) || colour == RGB(255, 255, 255));
+            if (colour == RGB(0, 0, 0)) {
+                ++black;
+                right += 2 * (i % kCell) - (kCell - 1);
+                down += 2 * (i / kCell) - (kCell - 1);
             }
-            const auto sign = [black](int sum) { return sum > black ? 1 : sum < -black ? -1 : 0; };
-            EXPECT_GT(black, 0);
-            EXPECT_EQ(sign(right), direction.x) << left;
-            EXPECT_EQ(sign(down), direction.y) << left;
-            left += kCell;
         }
-    });
+        const auto sign = [black](int sum) { return sum > black ? 1 : sum < -black ? -1 : 0; };
+        EXPECT_GT(black, 0);
+        EXPECT_EQ(sign(right), direction.x) << left;
+        EXPECT_EQ(sign(down), direction.y) << left;
+        left += kCell;
+    }
 }
 
 }  // namespace

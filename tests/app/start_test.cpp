@@ -137,14 +137,10 @@ TEST(Window, HasItsTitleAndTheSystemsSizeInTheCorner) {
         GetWindowTextA(window, title, sizeof title);
         EXPECT_STREQ(title, "VxD Test Utility");
         // Another window without limits of its own shows what the system chooses.
-        WNDCLASSA plain{};
-        plain.lpfnWndProc = DefWindowProcA;
-        plain.hInstance = GetModuleHandleA(nullptr);
-        plain.lpszClassName = "Plain";
-        RegisterClassA(&plain);
+        kit::RegisterWindowClass("Plain", DefWindowProcA);
         const RECT chosen =
             PlaceOf(CreateWindowExA(0, "Plain", "", WS_OVERLAPPEDWINDOW, 0, 0, CW_USEDEFAULT, 0,
-                                    nullptr, nullptr, plain.hInstance, nullptr));
+                                    nullptr, nullptr, GetModuleHandleA(nullptr), nullptr));
         const RECT place = PlaceOf(window);
         EXPECT_EQ(place.left, 0);
         EXPECT_EQ(place.top, 0);

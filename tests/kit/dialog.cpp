@@ -129,6 +129,22 @@ bool Dialog::IsEnabled(int id) const {
     return OnUserInterface([this, id] { return IsWindowEnabled(GetDlgItem(window_, id)) != 0; });
 }
 
+void Dialog::Focus(int id) const {
+    RunStep([&] { SetFocus(GetDlgItem(window_, id)); });
+}
+
+void Dialog::Enable(int id, bool enable) const {
+    RunStep([&] { EnableWindow(GetDlgItem(window_, id), enable); });
+}
+
+void Dialog::SetText(int id, const char* text) const {
+    RunStep([&] { SetDlgItemTextA(window_, id, text); });
+}
+
+void Dialog::CheckRadio(int first, int last, int id) const {
+    RunStep([&] { CheckRadioButton(window_, first, last, id); });
+}
+
 bool Dialog::IsChecked(int id) const {
     return Send(id, BM_GETCHECK, 0, 0) == BST_CHECKED;
 }

@@ -41,8 +41,14 @@ class Dialog {
     void AltKey(char letter) const;
     void CloseBox() const;
 
+    // What the program does with a control.
+    void Focus(int id) const;
+    void Enable(int id, bool enable) const;
+    void SetText(int id, const char* text) const;
+    void CheckRadio(int first, int last, int id) const;
+    LRESULT Send(int id, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+
   private:
-    LRESULT Send(int id, UINT message, WPARAM wParam, LPARAM lParam) const;
     bool IsCombo(int id) const;
 
     HWND window_;

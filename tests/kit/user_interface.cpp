@@ -1,7 +1,5 @@
 #include "tests/kit/user_interface.h"
 
-#include <gtest/gtest.h>
-
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
@@ -59,13 +57,9 @@ Desk& TheDesk() {
 
 // The window that takes the steps. Never shown, never active.
 HWND MakeStepWindow() {
-    WNDCLASSA windowClass{};
-    windowClass.lpfnWndProc = StepProcedure;
-    windowClass.hInstance = GetModuleHandleA(nullptr);
-    windowClass.lpszClassName = kStepClass;
-    RegisterClassA(&windowClass);
+    RegisterWindowClass(kStepClass, StepProcedure);
     return CreateWindowExA(0, kStepClass, "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
-                           windowClass.hInstance, nullptr);
+                           GetModuleHandleA(nullptr), nullptr);
 }
 
 void ServePrograms() {
@@ -107,6 +101,21 @@ std::future<int> StartProgram(std::function<int()> program) {
     desk.program.emplace(std::move(program));
     desk.changed.notify_one();
     return desk.program->get_future();
+}
+
+void RunAsProgram(const std::function<void()>& body) {
+    StartProgram([&body] {
+        body();
+        return 0;
+    }).get();
+}
+
+ATOM RegisterWindowClass(const char* name, WNDPROC procedure) {
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = procedure;
+    windowClass.hInstance = GetModuleHandleA(nullptr);
+    windowClass.lpszClassName = name;
+    return RegisterClassA(&windowClass);
 }
 
 bool TryStep(const std::function<void()>& run) {

@@ -5,6 +5,8 @@
 // Written in Win32 terms alone, so that the same tests run on every window system.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <functional>
 #include <future>
 #include <type_traits>
@@ -19,6 +21,13 @@ int RunTests();
 
 // Engineer's thread: has the user-interface thread run a program. One program a process.
 std::future<int> StartProgram(std::function<int()> program);
+
+// Engineer's thread: runs a body as the program and waits for its end. One a process.
+void RunAsProgram(const std::function<void()>& body);
+
+// User-interface thread: registers a class that has nothing but its procedure; 0 for one that is
+// registered already.
+ATOM RegisterWindowClass(const char* name, WNDPROC procedure);
 
 // Engineer's thread: runs a step on the user-interface thread behind everything posted so far, and
 // waits for it. A program that has ended takes no steps, which fails the test; one that takes no
@@ -48,3 +57,11 @@ std::invoke_result_t<Step> OnUserInterface(Step step) {
 }
 
 }  // namespace kit
+
+// A test whose body is the program, on the user-interface thread.
+#define PROGRAM_TEST(suite, name)                \
+    static void suite##name##Program();          \
+    TEST(suite, name) {                          \
+        kit::RunAsProgram(suite##name##Program); \
+    }                                            \
+    static void suite##name##Program()

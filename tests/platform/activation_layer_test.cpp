@@ -45,10 +45,7 @@ LRESULT CALLBACK PassingProcedure(HWND window, UINT message, WPARAM wParam, LPAR
 }
 
 HWND MakeWindow(HWND owner) {
-    WNDCLASSA windowClass{};
-    windowClass.lpfnWndProc = PassingProcedure;
-    windowClass.lpszClassName = "Plain";
-    RegisterClassA(&windowClass);
+    kit::RegisterWindowClass("Plain", PassingProcedure);
     return CreateWindowExA(0, "Plain", "", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200, 100, owner,
                            nullptr, nullptr, nullptr);
 }

@@ -30,46 +30,38 @@ std::string TakeTale() {
 }
 
 HWND Make(const char* title, HWND owner = nullptr) {
-    WNDCLASSA windowClass{};
-    windowClass.lpfnWndProc = ActiveProcedure;
-    windowClass.hInstance = GetModuleHandleA(nullptr);
-    windowClass.lpszClassName = "Active";
-    RegisterClassA(&windowClass);
+    kit::RegisterWindowClass("Active", ActiveProcedure);
     return CreateWindowExA(0, "Active", title, WS_POPUP | WS_CAPTION | WS_VISIBLE, 40, 40, 200, 120,
-                           owner, nullptr, windowClass.hInstance, nullptr);
+                           owner, nullptr, GetModuleHandleA(nullptr), nullptr);
 }
 
-TEST(Activation, IsToldOnceToEachOfTwoWindows) {
-    kit::RunAsProgram([] {
-        const HWND first = Make("1");
-        EXPECT_EQ(TakeTale(), "1:active 1:setfocus ");
-        const HWND second = Make("2");
-        EXPECT_EQ(TakeTale(), "1:inactive 2:active 1:killfocus 2:setfocus ");
-        SetFocus(first);
-        EXPECT_EQ(TakeTale(), "2:inactive 1:active 2:killfocus 1:setfocus ");
-        SetFocus(first);
-        EXPECT_EQ(TakeTale(), "") << "it is";
-        DestroyWindow(first);
-        EXPECT_EQ(TakeTale(), "1:inactive 2:active 1:killfocus 2:setfocus ");
-        EXPECT_EQ(GetActiveWindow(), second);
-    });
+PROGRAM_TEST(Activation, IsToldOnceToEachOfTwoWindows) {
+    const HWND first = Make("1");
+    EXPECT_EQ(TakeTale(), "1:active 1:setfocus ");
+    const HWND second = Make("2");
+    EXPECT_EQ(TakeTale(), "1:inactive 2:active 1:killfocus 2:setfocus ");
+    SetFocus(first);
+    EXPECT_EQ(TakeTale(), "2:inactive 1:active 2:killfocus 1:setfocus ");
+    SetFocus(first);
+    EXPECT_EQ(TakeTale(), "") << "it is";
+    DestroyWindow(first);
+    EXPECT_EQ(TakeTale(), "1:inactive 2:active 1:killfocus 2:setfocus ");
+    EXPECT_EQ(GetActiveWindow(), second);
 }
 
-TEST(Activation, GoesFromABoxThatEndsToTheDialogBesideItWhileTheirOwnerIsDisabled) {
-    kit::RunAsProgram([] {
-        const HWND owner = Make("O");
-        const HWND dialog = Make("D", owner);
-        const HWND box = Make("B", owner);
-        EnableWindow(owner, FALSE);
-        TakeTale();
-        DestroyWindow(box);
-        EXPECT_EQ(GetActiveWindow(), dialog);
-        EXPECT_EQ(GetFocus(), dialog);
-        EXPECT_EQ(TakeTale(), "B:inactive D:active B:killfocus D:setfocus ");
-        EnableWindow(owner, TRUE);
-        DestroyWindow(dialog);
-        EXPECT_EQ(GetActiveWindow(), owner);
-    });
+PROGRAM_TEST(Activation, GoesFromABoxThatEndsToTheDialogBesideItWhileTheirOwnerIsDisabled) {
+    const HWND owner = Make("O");
+    const HWND dialog = Make("D", owner);
+    const HWND box = Make("B", owner);
+    EnableWindow(owner, FALSE);
+    TakeTale();
+    DestroyWindow(box);
+    EXPECT_EQ(GetActiveWindow(), dialog);
+    EXPECT_EQ(GetFocus(), dialog);
+    EXPECT_EQ(TakeTale(), "B:inactive D:active B:killfocus D:setfocus ");
+    EnableWindow(owner, TRUE);
+    DestroyWindow(dialog);
+    EXPECT_EQ(GetActiveWindow(), owner);
 }
 
 }  // namespace

@@ -14,17 +14,15 @@ namespace {
 using kit::Code;
 using kit::OnUserInterface;
 
-class Buttons : public testing::Test {
+class Buttons : public kit::RecordedTest {
   protected:
-    LRESULT Send(int id, UINT message, WPARAM wParam = 0) {
-        return OnUserInterface(
-            [&] { return SendDlgItemMessageA(dialog_.Shown().Handle(), id, message, wParam, 0); });
-    }
+    Buttons() : RecordedTest(IDD_BUTTONS, "Buttons") {}
+
     // Those of the radio buttons that are checked.
     std::vector<int> Checked() {
         std::vector<int> checked;
         for (const int id : {IDC_LEFT, IDC_MIDDLE, IDC_RIGHT, IDC_UPPER, IDC_LOWER}) {
-            if (dialog_.Shown().IsChecked(id))
+            if (dialog_->IsChecked(id))
                 checked.push_back(id);
         }
         return checked;
@@ -32,18 +30,16 @@ class Buttons : public testing::Test {
     // What a click makes the dialog tell.
     std::string Click(int id) {
         dialog_.TakeNotifications();
-        PostMessageA(dialog_.Shown().Control(id), BM_CLICK, 0, 0);
+        PostMessageA(dialog_->Control(id), BM_CLICK, 0, 0);
         return dialog_.TakeNotifications();
     }
-
-    kit::RecordedDialog dialog_{IDD_BUTTONS, "Buttons"};
 };
 
 TEST_F(Buttons, CheckingByMessageTellsNobodyAndLeavesTheRestOfTheGroup) {
     dialog_.TakeNotifications();
     OnUserInterface([&] {
-        CheckDlgButton(dialog_.Shown().Handle(), IDC_LEFT, BST_CHECKED);
-        CheckDlgButton(dialog_.Shown().Handle(), IDC_MIDDLE, BST_CHECKED);
+        CheckDlgButton(dialog_->Handle(), IDC_LEFT, BST_CHECKED);
+        CheckDlgButton(dialog_->Handle(), IDC_MIDDLE, BST_CHECKED);
     });
     EXPECT_EQ(Checked(), (std::vector<int>{IDC_LEFT, IDC_MIDDLE}));
     EXPECT_EQ(dialog_.TakeNotifications(), "");
@@ -69,33 +65,30 @@ TEST_F(Buttons, AClickClearsThoseOfItsGroupTooThatDoNotTurnThemselves) {
 TEST_F(Buttons, CheckRadioButtonClearsTheNumbersOfItsRange) {
     Send(IDC_UPPER, BM_SETCHECK, BST_CHECKED);
     Send(IDC_LEFT, BM_SETCHECK, BST_CHECKED);
-    OnUserInterface(
-        [&] { CheckRadioButton(dialog_.Shown().Handle(), IDC_LEFT, IDC_RIGHT, IDC_MIDDLE); });
+    dialog_->CheckRadio(IDC_LEFT, IDC_RIGHT, IDC_MIDDLE);
     EXPECT_EQ(Checked(), (std::vector<int>{IDC_MIDDLE, IDC_UPPER}));
 }
 
 TEST_F(Buttons, TabEntersAGroupAtTheButtonThatIsChecked) {
-    OnUserInterface(
-        [&] { CheckRadioButton(dialog_.Shown().Handle(), IDC_LEFT, IDC_RIGHT, IDC_RIGHT); });
+    dialog_->CheckRadio(IDC_LEFT, IDC_RIGHT, IDC_RIGHT);
     for (int tabs = 0; tabs < 2; ++tabs)
-        dialog_.Shown().Key(VK_TAB);
-    EXPECT_EQ(dialog_.Shown().FocusedId(), IDC_RIGHT);
+        dialog_->Key(VK_TAB);
+    EXPECT_EQ(dialog_->FocusedId(), IDC_RIGHT);
 }
 
 TEST(PlainRadioButtons, KeepTheirStopAndTheirMarkWhenTheyAreClicked) {
     kit::RecordedDialog dialog(IDD_LETTERS, "Letters");
-    dialog.Shown().Press(IDC_PLAIN_RADIO);
-    EXPECT_EQ(dialog.Shown().FocusedId(), IDC_PLAIN_RADIO);
+    dialog->Press(IDC_PLAIN_RADIO);
+    EXPECT_EQ(dialog->FocusedId(), IDC_PLAIN_RADIO);
     OnUserInterface([&] {
-        EXPECT_NE(
-            GetWindowLongPtrA(dialog.Shown().Control(IDC_PLAIN_RADIO), GWL_STYLE) & WS_TABSTOP, 0);
+        EXPECT_NE(GetWindowLongPtrA(dialog->Control(IDC_PLAIN_RADIO), GWL_STYLE) & WS_TABSTOP, 0);
     });
-    EXPECT_FALSE(dialog.Shown().IsChecked(IDC_PLAIN_RADIO));
+    EXPECT_FALSE(dialog->IsChecked(IDC_PLAIN_RADIO));
 }
 
 TEST_F(Buttons, AClickTurnsThoseOnThatTurnThemselves) {
     EXPECT_EQ(Click(IDC_MANUAL), Code(IDC_MANUAL, BN_CLICKED));
-    EXPECT_FALSE(dialog_.Shown().IsChecked(IDC_MANUAL)) << "the program checks it";
+    EXPECT_FALSE(dialog_->IsChecked(IDC_MANUAL)) << "the program checks it";
     for (const LRESULT state : {BST_CHECKED, BST_INDETERMINATE, BST_UNCHECKED}) {
         Click(IDC_THREE);
         EXPECT_EQ(Send(IDC_THREE, BM_GETCHECK), state);
@@ -109,24 +102,23 @@ TEST_F(Buttons, WhatHasNoMarkKeepsNone) {
     }
     Send(IDC_MANUAL, BM_SETCHECK, BST_INDETERMINATE);
     EXPECT_EQ(Send(IDC_MANUAL, BM_GETCHECK), BST_CHECKED) << "it has two states";
-    EXPECT_EQ(
-        OnUserInterface([&] { return IsDlgButtonChecked(dialog_.Shown().Handle(), IDC_MANUAL); }),
-        UINT{BST_CHECKED});
+    EXPECT_EQ(OnUserInterface([&] { return IsDlgButtonChecked(dialog_->Handle(), IDC_MANUAL); }),
+              UINT{BST_CHECKED});
 }
 
 TEST_F(Buttons, AClickMovesTheFocusWhetherAPersonsOrTheProgramsOwn) {
     EXPECT_EQ(Click(IDC_PUSH), Code(IDC_PUSH, BN_CLICKED));
-    EXPECT_EQ(dialog_.Shown().FocusedId(), IDC_PUSH);
-    kit::ClickButton(dialog_.Shown().Control(IDC_MIDDLE));
+    EXPECT_EQ(dialog_->FocusedId(), IDC_PUSH);
+    kit::ClickButton(dialog_->Control(IDC_MIDDLE));
     EXPECT_EQ(dialog_.TakeNotifications(), Code(IDC_MIDDLE, BN_CLICKED));
-    EXPECT_EQ(dialog_.Shown().FocusedId(), IDC_MIDDLE);
+    EXPECT_EQ(dialog_->FocusedId(), IDC_MIDDLE);
     EXPECT_EQ(Checked(), std::vector<int>{IDC_MIDDLE});
 }
 
 TEST_F(Buttons, ADisabledOneTakesMessagesAndNoClicks) {
-    OnUserInterface([&] { EnableWindow(dialog_.Shown().Control(IDC_LEFT), FALSE); });
+    dialog_->Enable(IDC_LEFT, false);
     dialog_.TakeNotifications();
-    kit::ClickButton(dialog_.Shown().Control(IDC_LEFT));
+    kit::ClickButton(dialog_->Control(IDC_LEFT));
     EXPECT_EQ(dialog_.TakeNotifications(), "");
     EXPECT_EQ(Checked(), std::vector<int>{});
     Send(IDC_LEFT, BM_SETCHECK, BST_CHECKED);

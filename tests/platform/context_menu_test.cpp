@@ -42,13 +42,9 @@ LRESULT CALLBACK AskedProcedure(HWND window, UINT message, WPARAM wParam, LPARAM
 }
 
 HWND MakeWindow() {
-    WNDCLASSA windowClass{};
-    windowClass.lpfnWndProc = AskedProcedure;
-    windowClass.hInstance = GetModuleHandleA(nullptr);
-    windowClass.lpszClassName = "Asked";
-    RegisterClassA(&windowClass);
+    kit::RegisterWindowClass("Asked", AskedProcedure);
     const HWND window = CreateWindowExA(0, "Asked", "Asked", WS_OVERLAPPEDWINDOW, 50, 60, 200, 100,
-                                        nullptr, nullptr, windowClass.hInstance, nullptr);
+                                        nullptr, nullptr, GetModuleHandleA(nullptr), nullptr);
     ShowWindow(window, SW_SHOW);
     return window;
 }

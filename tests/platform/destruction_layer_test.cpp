@@ -27,6 +27,7 @@ LRESULT CALLBACK HandlingProcedure(HWND window, UINT message, WPARAM wParam, LPA
 }
 
 HWND MakeShown(HWND parent, const char* className = "Handling", DWORD style = 0) {
+    kit::RegisterWindowClass("Handling", HandlingProcedure);
     style |= WS_VISIBLE | (parent != nullptr ? WS_CHILD : 0);
     return CreateWindowExA(0, className, "", style, 0, 0, 50, 50, parent, nullptr,
                            GetModuleHandleA(nullptr), nullptr);
@@ -39,143 +40,118 @@ void Drain() {
         DispatchMessageA(&message);
 }
 
-void RunOnUserInterface(const std::function<void()>& body) {
-    kit::StartProgram([&body] {
-        WNDCLASSA windowClass{};
-        windowClass.lpfnWndProc = HandlingProcedure;
-        windowClass.lpszClassName = "Handling";
-        RegisterClassA(&windowClass);
-        body();
-        TheHandler() = nullptr;
-        return 0;
-    }).get();
-}
-
-TEST(Destruction, AChildThatGoesTakesItsSiblingOrItsParentAlong) {
+PROGRAM_TEST(Destruction, AChildThatGoesTakesItsSiblingOrItsParentAlong) {
     enum Member { kParent, kFirst, kSecond };
     struct Case {
         Member destroyed;
         Member told;
         Member takenAlong;
     };
-    RunOnUserInterface([] {
-        for (const Case& each : {Case{kParent, kFirst, kSecond}, Case{kParent, kSecond, kFirst},
-                                 Case{kFirst, kFirst, kParent}}) {
-            const HWND parent = MakeShown(nullptr);
-            const std::vector<HWND> family{parent, MakeShown(parent), MakeShown(parent)};
-            TheHandler() = [=](HWND window, UINT message, WPARAM) {
-                if (message == WM_DESTROY && window == family[each.told])
-                    DestroyWindow(family[each.takenAlong]);
-            };
-            EXPECT_TRUE(DestroyWindow(family[each.destroyed]));
-            for (const HWND member : family)
-                EXPECT_FALSE(IsWindow(member)) << "destroyed by member " << each.told;
-        }
-    });
-}
-
-TEST(Destruction, AWindowDestroysItselfOrItsParentAsItLosesTheFocus) {
-    RunOnUserInterface([] {
-        for (const bool all : {false, true}) {
-            for (const auto& lose : std::vector<std::function<void(HWND, HWND)>>{
-                     [](HWND, HWND other) { SetFocus(other); },
-                     [](HWND focused, HWND) { DestroyWindow(focused); },
-                     [](HWND focused, HWND) { ShowWindow(focused, SW_HIDE); },
-                     [](HWND focused, HWND) { EnableWindow(focused, FALSE); },
-                     [](HWND focused, HWND) { DestroyWindow(GetParent(focused)); }}) {
-                const HWND parent = MakeShown(nullptr);
-                const HWND focused = MakeShown(parent);
-                const HWND other = MakeShown(parent);
-                SetFocus(focused);
-                TheHandler() = [&](HWND window, UINT message, WPARAM) {
-                    if (message == WM_KILLFOCUS && window == focused)
-                        DestroyWindow(all ? parent : focused);
-                };
-                lose(focused, other);
-                EXPECT_FALSE(IsWindow(focused));
-                EXPECT_NE(GetFocus(), focused);
-                DestroyWindow(parent);
-            }
-        }
-    });
-}
-
-TEST(Destruction, AWindowThatIsDestroyedWhileItIsMadeIsNotMade) {
-    RunOnUserInterface([] {
-        for (const UINT at : {UINT{WM_NCCREATE}, UINT{WM_CREATE}, UINT{WM_SIZE}, UINT{WM_MOVE},
-                              UINT{WM_GETMINMAXINFO}, UINT{WM_SHOWWINDOW}}) {
-            TheHandler() = [at](HWND window, UINT message, WPARAM) {
-                if (message == at)
-                    DestroyWindow(window);
-            };
-            EXPECT_EQ(MakeShown(nullptr, "Handling", WS_OVERLAPPEDWINDOW), nullptr)
-                << "message " << at;
-            EXPECT_EQ(FindWindowA("Handling", nullptr), nullptr) << "message " << at;
-        }
-    });
-}
-
-TEST(Destruction, AChildOfAWindowThatIsGoingIsRefused) {
-    RunOnUserInterface([] {
-        for (const UINT at : {UINT{WM_DESTROY}, UINT{WM_NCDESTROY}}) {
-            const HWND parent = MakeShown(nullptr);
-            const HWND child = MakeShown(parent);
-            int asked = 0;
-            TheHandler() = [&](HWND window, UINT message, WPARAM) {
-                if (message != at)
-                    return;
-                ++asked;
-                EXPECT_EQ(MakeShown(window), nullptr);
-                EXPECT_EQ(MakeShown(child), nullptr) << "its parent is going";
-            };
-            DestroyWindow(parent);
-            EXPECT_EQ(asked, 2);
-        }
-    });
-}
-
-TEST(Destruction, APopupMenuEndsWithItsWindow) {
-    RunOnUserInterface([] {
-        for (const bool byParent : {false, true}) {
-            const HWND parent = MakeShown(nullptr);
-            const HWND child = MakeShown(parent);
-            TheHandler() = [=](HWND, UINT message, WPARAM) {
-                if (message == WM_APP)
-                    DestroyWindow(byParent ? parent : child);
-            };
-            const HMENU menu = CreatePopupMenu();
-            AppendMenuA(menu, MF_STRING, 41, "only");
-            PostMessageA(parent, WM_APP, 0, 0);
-            EXPECT_EQ(TrackPopupMenu(menu, TPM_RETURNCMD, 0, 0, 0, child, nullptr), 0);
-            EXPECT_FALSE(IsWindow(child));
-            DestroyMenu(menu);
-            TheHandler() = nullptr;
-            DestroyWindow(parent);
-        }
-    });
-}
-
-TEST(Arguments, ANullTextIsAnEmptyOne) {
-    RunOnUserInterface([] {
+    for (const Case& each : {Case{kParent, kFirst, kSecond}, Case{kParent, kSecond, kFirst},
+                             Case{kFirst, kFirst, kParent}}) {
         const HWND parent = MakeShown(nullptr);
-        const HWND list = MakeShown(parent, "ListBox", LBS_NOTIFY);
-        const HWND combo = MakeShown(parent, "ComboBox", CBS_DROPDOWN);
-        const HWND edit = MakeShown(parent, "Edit");
-        for (const UINT message : {LB_ADDSTRING, LB_INSERTSTRING, LB_FINDSTRING, LB_SELECTSTRING,
-                                   LB_FINDSTRINGEXACT, WM_SETTEXT})
-            SendMessageA(list, message, 0, 0);
-        EXPECT_EQ(SendMessageA(list, LB_GETCOUNT, 0, 0), 2);
-        EXPECT_EQ(SendMessageA(list, LB_GETTEXTLEN, 1, 0), 0);
-        for (const UINT message : {CB_ADDSTRING, CB_INSERTSTRING, CB_FINDSTRING, CB_SELECTSTRING,
-                                   CB_FINDSTRINGEXACT, WM_SETTEXT})
-            SendMessageA(combo, message, 0, 0);
-        EXPECT_EQ(SendMessageA(combo, CB_GETCOUNT, 0, 0), 2);
-        SendMessageA(edit, WM_SETTEXT, 0, 0);
-        EXPECT_EQ(GetWindowTextLengthA(edit), 0);
-    });
+        const std::vector<HWND> family{parent, MakeShown(parent), MakeShown(parent)};
+        TheHandler() = [=](HWND window, UINT message, WPARAM) {
+            if (message == WM_DESTROY && window == family[each.told])
+                DestroyWindow(family[each.takenAlong]);
+        };
+        EXPECT_TRUE(DestroyWindow(family[each.destroyed]));
+        for (const HWND member : family)
+            EXPECT_FALSE(IsWindow(member)) << "destroyed by member " << each.told;
+    }
 }
 
-TEST(Destruction, AControlGoesWithItsOwnNotification) {
+PROGRAM_TEST(Destruction, AWindowDestroysItselfOrItsParentAsItLosesTheFocus) {
+    for (const bool all : {false, true}) {
+        for (const auto& lose : std::vector<std::function<void(HWND, HWND)>>{
+                 [](HWND, HWND other) { SetFocus(other); },
+                 [](HWND focused, HWND) { DestroyWindow(focused); },
+                 [](HWND focused, HWND) { ShowWindow(focused, SW_HIDE); },
+                 [](HWND focused, HWND) { EnableWindow(focused, FALSE); },
+                 [](HWND focused, HWND) { DestroyWindow(GetParent(focused)); }}) {
+            const HWND parent = MakeShown(nullptr);
+            const HWND focused = MakeShown(parent);
+            const HWND other = MakeShown(parent);
+            SetFocus(focused);
+            TheHandler() = [&](HWND window, UINT message, WPARAM) {
+                if (message == WM_KILLFOCUS && window == focused)
+                    DestroyWindow(all ? parent : focused);
+            };
+            lose(focused, other);
+            EXPECT_FALSE(IsWindow(focused));
+            EXPECT_NE(GetFocus(), focused);
+            DestroyWindow(parent);
+        }
+    }
+}
+
+PROGRAM_TEST(Destruction, AWindowThatIsDestroyedWhileItIsMadeIsNotMade) {
+    for (const UINT at : {UINT{WM_NCCREATE}, UINT{WM_CREATE}, UINT{WM_SIZE}, UINT{WM_MOVE},
+                          UINT{WM_GETMINMAXINFO}, UINT{WM_SHOWWINDOW}}) {
+        TheHandler() = [at](HWND window, UINT message, WPARAM) {
+            if (message == at)
+                DestroyWindow(window);
+        };
+        EXPECT_EQ(MakeShown(nullptr, "Handling", WS_OVERLAPPEDWINDOW), nullptr) << "message " << at;
+        EXPECT_EQ(FindWindowA("Handling", nullptr), nullptr) << "message " << at;
+    }
+}
+
+PROGRAM_TEST(Destruction, AChildOfAWindowThatIsGoingIsRefused) {
+    for (const UINT at : {UINT{WM_DESTROY}, UINT{WM_NCDESTROY}}) {
+        const HWND parent = MakeShown(nullptr);
+        const HWND child = MakeShown(parent);
+        int asked = 0;
+        TheHandler() = [&](HWND window, UINT message, WPARAM) {
+            if (message != at)
+                return;
+            ++asked;
+            EXPECT_EQ(MakeShown(window), nullptr);
+            EXPECT_EQ(MakeShown(child), nullptr) << "its parent is going";
+        };
+        DestroyWindow(parent);
+        EXPECT_EQ(asked, 2);
+    }
+}
+
+PROGRAM_TEST(Destruction, APopupMenuEndsWithItsWindow) {
+    for (const bool byParent : {false, true}) {
+        const HWND parent = MakeShown(nullptr);
+        const HWND child = MakeShown(parent);
+        TheHandler() = [=](HWND, UINT message, WPARAM) {
+            if (message == WM_APP)
+                DestroyWindow(byParent ? parent : child);
+        };
+        const HMENU menu = CreatePopupMenu();
+        AppendMenuA(menu, MF_STRING, 41, "only");
+        PostMessageA(parent, WM_APP, 0, 0);
+        EXPECT_EQ(TrackPopupMenu(menu, TPM_RETURNCMD, 0, 0, 0, child, nullptr), 0);
+        EXPECT_FALSE(IsWindow(child));
+        DestroyMenu(menu);
+        TheHandler() = nullptr;
+        DestroyWindow(parent);
+    }
+}
+
+PROGRAM_TEST(Arguments, ANullTextIsAnEmptyOne) {
+    const HWND parent = MakeShown(nullptr);
+    const HWND list = MakeShown(parent, "ListBox", LBS_NOTIFY);
+    const HWND combo = MakeShown(parent, "ComboBox", CBS_DROPDOWN);
+    const HWND edit = MakeShown(parent, "Edit");
+    for (const UINT message : {LB_ADDSTRING, LB_INSERTSTRING, LB_FINDSTRING, LB_SELECTSTRING,
+                               LB_FINDSTRINGEXACT, WM_SETTEXT})
+        SendMessageA(list, message, 0, 0);
+    EXPECT_EQ(SendMessageA(list, LB_GETCOUNT, 0, 0), 2);
+    EXPECT_EQ(SendMessageA(list, LB_GETTEXTLEN, 1, 0), 0);
+    for (const UINT message : {CB_ADDSTRING, CB_INSERTSTRING, CB_FINDSTRING, CB_SELECTSTRING,
+                               CB_FINDSTRINGEXACT, WM_SETTEXT})
+        SendMessageA(combo, message, 0, 0);
+    EXPECT_EQ(SendMessageA(combo, CB_GETCOUNT, 0, 0), 2);
+    SendMessageA(edit, WM_SETTEXT, 0, 0);
+    EXPECT_EQ(GetWindowTextLengthA(edit), 0);
+}
+
+PROGRAM_TEST(Destruction, AControlGoesWithItsOwnNotification) {
     struct Kind {
         const char* className;
         DWORD style;
@@ -227,18 +203,16 @@ TEST(Destruction, AControlGoesWithItsOwnNotification) {
         TheHandler() = nullptr;
         return codes;
     };
-    RunOnUserInterface([&] {
-        std::size_t destroyed = 0;
-        for (const Kind& kind : kKinds) {
-            for (const auto& act : actions) {
-                const std::set<int> codes = codesOf(kind, act, -1);
-                for (const int code : codes)
-                    EXPECT_TRUE(codesOf(kind, act, code).contains(code));
-                destroyed += codes.size();
-            }
+    std::size_t destroyed = 0;
+    for (const Kind& kind : kKinds) {
+        for (const auto& act : actions) {
+            const std::set<int> codes = codesOf(kind, act, -1);
+            for (const int code : codes)
+                EXPECT_TRUE(codesOf(kind, act, code).contains(code));
+            destroyed += codes.size();
         }
-        EXPECT_GE(destroyed, 36u);
-    });
+    }
+    EXPECT_GE(destroyed, 36u);
 }
 
 }  // namespace

@@ -28,11 +28,8 @@ TEST(DialogStart, TheFirstTabStopTakesTheFocusWithItsTextSelected) {
     EXPECT_EQ(dialog.TakeNotifications(), "init:201 " + Code(IDC_LINE, EN_UPDATE) + " " +
                                               Code(IDC_LINE, EN_CHANGE) + " " +
                                               Code(IDC_LINE, EN_SETFOCUS));
-    EXPECT_EQ(dialog.Shown().FocusedId(), IDC_LINE);
-    const auto selection = OnUserInterface(
-        [&] { return SendDlgItemMessageA(dialog.Shown().Handle(), IDC_LINE, EM_GETSEL, 0, 0); });
-    EXPECT_EQ(LOWORD(selection), 0);
-    EXPECT_EQ(HIWORD(selection), 5);
+    EXPECT_EQ(dialog->FocusedId(), IDC_LINE);
+    EXPECT_EQ(dialog->Send(IDC_LINE, EM_GETSEL), MAKELONG(0, 5));
 }
 
 TEST(DialogStart, AListTellsThatItTakesTheFocusAfterInitialisation) {
@@ -44,7 +41,7 @@ TEST(DialogStart, AControlThatInitialisationDisablesIsPassedOver) {
     RecordedDialog dialog(IDD_KEYS, "Keys", {.act = [](HWND window) {
                               EnableWindow(GetDlgItem(window, IDC_LINE), FALSE);
                           }});
-    EXPECT_EQ(dialog.Shown().FocusedId(), IDC_PLAIN_LINES);
+    EXPECT_EQ(dialog->FocusedId(), IDC_PLAIN_LINES);
 }
 
 TEST(DialogStart, FocusSetInInitialisationStaysWhenItAnswersFalseAndIsToldOnce) {
@@ -52,7 +49,7 @@ TEST(DialogStart, FocusSetInInitialisationStaysWhenItAnswersFalseAndIsToldOnce) 
                                                  SetFocus(GetDlgItem(window, IDC_NAME));
                                              }});
     EXPECT_EQ(dialog.TakeNotifications(), "init:201 " + Code(IDC_NAME, EN_SETFOCUS));
-    EXPECT_EQ(dialog.Shown().FocusedId(), IDC_NAME);
+    EXPECT_EQ(dialog->FocusedId(), IDC_NAME);
 }
 
 TEST(DialogStart, ARadioButtonThatInitialisationChecksTakesTheFocus) {
@@ -60,18 +57,18 @@ TEST(DialogStart, ARadioButtonThatInitialisationChecksTakesTheFocus) {
                               CheckRadioButton(window, IDC_KIND_A, IDC_KIND_B, IDC_KIND_B);
                           }});
     EXPECT_EQ(dialog.TakeNotifications(), "init:" + std::to_string(IDC_KIND_A));
-    EXPECT_EQ(dialog.Shown().FocusedId(), IDC_KIND_B);
+    EXPECT_EQ(dialog->FocusedId(), IDC_KIND_B);
 }
 
 TEST(DialogStart, WithoutAnyStopTheFirstControlTakesTheFocusAndKeepsIt) {
     RecordedDialog dialog(IDD_NO_STOPS, "No stops");
     EXPECT_EQ(dialog.TakeNotifications(), "init:201 " + Code(IDC_LINE, EN_SETFOCUS));
-    dialog.Shown().Key(VK_TAB);
-    EXPECT_EQ(dialog.Shown().FocusedId(), IDC_LINE);
+    dialog->Key(VK_TAB);
+    EXPECT_EQ(dialog->FocusedId(), IDC_LINE);
     OnUserInterface([&] {
-        const HWND line = dialog.Shown().Control(IDC_LINE);
+        const HWND line = dialog->Control(IDC_LINE);
         for (const BOOL previous : {FALSE, TRUE}) {
-            EXPECT_EQ(GetNextDlgTabItem(dialog.Shown().Handle(), line, previous), line);
+            EXPECT_EQ(GetNextDlgTabItem(dialog->Handle(), line, previous), line);
         }
     });
 }
@@ -92,11 +89,9 @@ INT_PTR CALLBACK HurriedProcedure(HWND dialog, UINT message, WPARAM, LPARAM) {
     return message == WM_INITDIALOG;
 }
 
-TEST(DialogStart, ItIsShownBeforeTheFirstTimerMessage) {
-    kit::RunAsProgram([] {
-        EXPECT_EQ(RunDialog(IDD_BARE, HurriedProcedure),
-                  kit::ExceptOn(WindowSystem::kWine, 2, "shows it behind that message", 1));
-    });
+PROGRAM_TEST(DialogStart, ItIsShownBeforeTheFirstTimerMessage) {
+    EXPECT_EQ(RunDialog(IDD_BARE, HurriedProcedure),
+              kit::ExceptOn(WindowSystem::kWine, 2, "shows it behind that message", 1));
 }
 
 // Ends at once; sets the bool that its parameter points to when it is shown all the same.
@@ -124,15 +119,15 @@ TEST(DialogStart, AMissingTemplateGivesMinusOne) {
 
 TEST(DialogStart, AControlNumberedMinusOneIsFoundLikeAnyOther) {
     RecordedDialog dialog(IDD_KEYS, "Keys");
-    EXPECT_EQ(dialog.Shown().Text(-1), "&Name:") << "the first of them";
-    EXPECT_EQ(dialog.Shown().Control(4711), nullptr);
+    EXPECT_EQ(dialog->Text(-1), "&Name:") << "the first of them";
+    EXPECT_EQ(dialog->Control(4711), nullptr);
 }
 
 TEST(DialogEnd, TheFocusedControlLosesTheFocusAtOnceAndTheDialogGoesAfterwards) {
     RecordedDialog dialog(IDD_KEYS, "Keys", {.life = true});
     dialog.TakeNotifications();
     const std::string told = OnUserInterface([&] {
-        EndDialog(dialog.Shown().Handle(), 3);
+        EndDialog(dialog->Handle(), 3);
         return dialog.TakeNotifications();
     });
     EXPECT_EQ(told, Code(IDC_LINE, EN_KILLFOCUS));
@@ -146,22 +141,20 @@ INT_PTR CALLBACK QuittingProcedure(HWND, UINT message, WPARAM, LPARAM) {
     return message == WM_INITDIALOG;
 }
 
-TEST(DialogEnd, WmQuitEndsTheLoopAndIsPostedAgain) {
-    kit::RunAsProgram([] {
-        RunDialog(IDD_BARE, QuittingProcedure);
-        MSG message;
-        EXPECT_FALSE(GetMessageA(&message, nullptr, 0, 0));
-        EXPECT_EQ(message.wParam, 7u);
-    });
+PROGRAM_TEST(DialogEnd, WmQuitEndsTheLoopAndIsPostedAgain) {
+    RunDialog(IDD_BARE, QuittingProcedure);
+    MSG message;
+    EXPECT_FALSE(GetMessageA(&message, nullptr, 0, 0));
+    EXPECT_EQ(message.wParam, 7u);
 }
 
 TEST(DialogEnd, TheCloseBoxSendsCancelAndTheProgramDecides) {
     RecordedDialog dialog(IDD_KEYS, "Keys");
     dialog.TakeNotifications();
-    dialog.Shown().CloseBox();
+    dialog->CloseBox();
     EXPECT_EQ(dialog.TakeNotifications(), "2");
     dialog.EndOn(IDCANCEL, 5);
-    PostMessageA(dialog.Shown().Handle(), WM_CLOSE, 0, 0);
+    PostMessageA(dialog->Handle(), WM_CLOSE, 0, 0);
     EXPECT_EQ(dialog.Result(), 5);
 }
 
@@ -236,23 +229,17 @@ INT_PTR CALLBACK OwnedProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM
 }
 
 // What waits when a dialog starts comes before it is shown.
-TEST(Owners, AreEnabledBeforeTheDialogIsHiddenAndDestroyedAndBecomeActive) {
-    kit::RunAsProgram([] {
-        WNDCLASSA windowClass{};
-        windowClass.lpfnWndProc = OwnerProcedure;
-        windowClass.hInstance = GetModuleHandleA(nullptr);
-        windowClass.lpszClassName = "Owner";
-        RegisterClassA(&windowClass);
-        const HWND owner = CreateWindowExA(0, "Owner", "Owner", WS_OVERLAPPEDWINDOW, 0, 0, 200, 100,
-                                           nullptr, nullptr, windowClass.hInstance, nullptr);
-        ShowWindow(owner, SW_SHOW);
-        DialogBoxParamA(windowClass.hInstance, MAKEINTRESOURCEA(IDD_BARE), owner, OwnedProcedure,
-                        0);
-        EXPECT_EQ(Story(),
-                  "owner disabled, initialised, not yet shown, shown, owner enabled, hidden, "
-                  "destroyed");
-        EXPECT_EQ(GetActiveWindow(), owner);
-    });
+PROGRAM_TEST(Owners, AreEnabledBeforeTheDialogIsHiddenAndDestroyedAndBecomeActive) {
+    kit::RegisterWindowClass("Owner", OwnerProcedure);
+    const HWND owner = CreateWindowExA(0, "Owner", "Owner", WS_OVERLAPPEDWINDOW, 0, 0, 200, 100,
+                                       nullptr, nullptr, GetModuleHandleA(nullptr), nullptr);
+    ShowWindow(owner, SW_SHOW);
+    DialogBoxParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_BARE), owner, OwnedProcedure,
+                    0);
+    EXPECT_EQ(Story(),
+              "owner disabled, initialised, not yet shown, shown, owner enabled, hidden, "
+              "destroyed");
+    EXPECT_EQ(GetActiveWindow(), owner);
 }
 
 }  // namespace

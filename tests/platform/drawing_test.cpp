@@ -11,7 +11,6 @@ namespace {
 
 using kit::Drain;
 using kit::MakePlainWindow;
-using kit::RunAsProgram;
 
 using Row = std::vector<COLORREF>;
 
@@ -90,64 +89,60 @@ class FrameInWindow {
     HDC dc_ = nullptr;
 };
 
-TEST(Drawing, CopiesAndCombinesCellsOfABitmapInAFrame) {
-    RunAsProgram([] {
-        const FrameInWindow frame;
-        const HDC dc = frame.Dc();
-        const Cells cells(dc);
-        EXPECT_TRUE(BitBlt(dc, 20, 6, 4, 2, cells.Dc(), 2, 0, SRCCOPY));
-        EXPECT_EQ(RowOf(dc, 20, 7, 4), (Row{kGreen, kGreen, kBlue, kBlue}));
-        EXPECT_TRUE(BitBlt(dc, 21, 6, 2, 2, cells.Dc(), 6, 0, SRCAND));
-        EXPECT_EQ(RowOf(dc, 20, 6, 4), (Row{kGreen, RGB(0, 204, 0), RGB(0, 0, 170), kBlue}));
-        // What the source has not got is not drawn.
-        EXPECT_TRUE(BitBlt(dc, 18, 6, 4, 2, cells.Dc(), -2, 0, SRCCOPY));
-        EXPECT_EQ(RowOf(dc, 20, 6, 3), (Row{kRed, kRed, RGB(0, 0, 170)}));
-        EXPECT_TRUE(BitBlt(dc, 19, 7, 4, 2, cells.Dc(), 7, 1, SRCCOPY));
-        EXPECT_EQ(RowOf(dc, 19, 7, 3), (Row{kMixed, kRed, kRed}));
-        // Nor is what lies outside of the frame.
-        EXPECT_TRUE(BitBlt(dc, 57, -1, 8, 2, cells.Dc(), 0, 0, SRCCOPY));
-        EXPECT_EQ(RowOf(dc, 57, 0, 3), (Row{kRed, kRed, kGreen}));
-        EXPECT_EQ(GetPixel(dc, 60, 0), kNoColour);
-        const HDC around = GetDC(frame.Window());
-        EXPECT_EQ(GetPixel(around, 71, 9), kit::kPlainBackground);
-        ReleaseDC(frame.Window(), around);
-        // A copy within one bitmap moves what was there before.
-        EXPECT_TRUE(BitBlt(cells.Dc(), 2, 0, 6, 2, cells.Dc(), 0, 0, SRCCOPY));
-        EXPECT_EQ(RowOf(cells.Dc(), 0, 1, 8),
-                  (Row{kRed, kRed, kRed, kRed, kGreen, kGreen, kBlue, kBlue}));
-    });
+PROGRAM_TEST(Drawing, CopiesAndCombinesCellsOfABitmapInAFrame) {
+    const FrameInWindow frame;
+    const HDC dc = frame.Dc();
+    const Cells cells(dc);
+    EXPECT_TRUE(BitBlt(dc, 20, 6, 4, 2, cells.Dc(), 2, 0, SRCCOPY));
+    EXPECT_EQ(RowOf(dc, 20, 7, 4), (Row{kGreen, kGreen, kBlue, kBlue}));
+    EXPECT_TRUE(BitBlt(dc, 21, 6, 2, 2, cells.Dc(), 6, 0, SRCAND));
+    EXPECT_EQ(RowOf(dc, 20, 6, 4), (Row{kGreen, RGB(0, 204, 0), RGB(0, 0, 170), kBlue}));
+    // What the source has not got is not drawn.
+    EXPECT_TRUE(BitBlt(dc, 18, 6, 4, 2, cells.Dc(), -2, 0, SRCCOPY));
+    EXPECT_EQ(RowOf(dc, 20, 6, 3), (Row{kRed, kRed, RGB(0, 0, 170)}));
+    EXPECT_TRUE(BitBlt(dc, 19, 7, 4, 2, cells.Dc(), 7, 1, SRCCOPY));
+    EXPECT_EQ(RowOf(dc, 19, 7, 3), (Row{kMixed, kRed, kRed}));
+    // Nor is what lies outside of the frame.
+    EXPECT_TRUE(BitBlt(dc, 57, -1, 8, 2, cells.Dc(), 0, 0, SRCCOPY));
+    EXPECT_EQ(RowOf(dc, 57, 0, 3), (Row{kRed, kRed, kGreen}));
+    EXPECT_EQ(GetPixel(dc, 60, 0), kNoColour);
+    const HDC around = GetDC(frame.Window());
+    EXPECT_EQ(GetPixel(around, 71, 9), kit::kPlainBackground);
+    ReleaseDC(frame.Window(), around);
+    // A copy within one bitmap moves what was there before.
+    EXPECT_TRUE(BitBlt(cells.Dc(), 2, 0, 6, 2, cells.Dc(), 0, 0, SRCCOPY));
+    EXPECT_EQ(RowOf(cells.Dc(), 0, 1, 8),
+              (Row{kRed, kRed, kRed, kRed, kGreen, kGreen, kBlue, kBlue}));
 }
 
-TEST(Drawing, ABitmapIsSelectedIntoOneContextAtATime) {
-    RunAsProgram([] {
-        const FrameInWindow frame;
-        const HDC first = CreateCompatibleDC(nullptr);
-        {
-            const Cells cells(frame.Dc());
-            EXPECT_EQ(SelectObject(first, cells.Bitmap()), nullptr) << "another context has it";
-            EXPECT_EQ(SelectObject(frame.Dc(), cells.Bitmap()), nullptr) << "a window's context";
-            EXPECT_EQ(SelectObject(cells.Dc(), cells.Bitmap()), cells.Bitmap());
-            const HBITMAP other = CreateCompatibleBitmap(frame.Dc(), 3, 3);
-            EXPECT_EQ(SelectObject(cells.Dc(), other), cells.Bitmap());
-            EXPECT_EQ(RowOf(cells.Dc(), 0, 2, 4),
-                      (Row{RGB(0, 0, 0), RGB(0, 0, 0), RGB(0, 0, 0), kNoColour}));
-            const HGDIOBJ fromStart = SelectObject(first, cells.Bitmap());
-            EXPECT_NE(fromStart, nullptr);
-            EXPECT_EQ(GetPixel(first, 3, 1), kGreen);
-            EXPECT_EQ(SelectObject(first, fromStart), cells.Bitmap());
-            EXPECT_EQ(SelectObject(cells.Dc(), cells.Bitmap()), other);
-            EXPECT_TRUE(DeleteObject(other));
-            EXPECT_EQ(SelectObject(first, other), nullptr) << "it is gone";
-        }
-        EXPECT_EQ(ReleaseDC(frame.Window(), first), 0) << "no window's";
-        const HBITMAP last = CreateCompatibleBitmap(frame.Dc(), 2, 2);
-        SelectObject(first, last);
-        EXPECT_TRUE(DeleteDC(first));
-        EXPECT_TRUE(DeleteObject(last)) << "its context gave it back";
-        EXPECT_EQ(CreateCompatibleDC(first), nullptr);
-        EXPECT_FALSE(BitBlt(first, 0, 0, 1, 1, frame.Dc(), 0, 0, SRCCOPY));
-        EXPECT_FALSE(BitBlt(frame.Dc(), 0, 0, 1, 1, first, 0, 0, SRCCOPY));
-    });
+PROGRAM_TEST(Drawing, ABitmapIsSelectedIntoOneContextAtATime) {
+    const FrameInWindow frame;
+    const HDC first = CreateCompatibleDC(nullptr);
+    {
+        const Cells cells(frame.Dc());
+        EXPECT_EQ(SelectObject(first, cells.Bitmap()), nullptr) << "another context has it";
+        EXPECT_EQ(SelectObject(frame.Dc(), cells.Bitmap()), nullptr) << "a window's context";
+        EXPECT_EQ(SelectObject(cells.Dc(), cells.Bitmap()), cells.Bitmap());
+        const HBITMAP other = CreateCompatibleBitmap(frame.Dc(), 3, 3);
+        EXPECT_EQ(SelectObject(cells.Dc(), other), cells.Bitmap());
+        EXPECT_EQ(RowOf(cells.Dc(), 0, 2, 4),
+                  (Row{RGB(0, 0, 0), RGB(0, 0, 0), RGB(0, 0, 0), kNoColour}));
+        const HGDIOBJ fromStart = SelectObject(first, cells.Bitmap());
+        EXPECT_NE(fromStart, nullptr);
+        EXPECT_EQ(GetPixel(first, 3, 1), kGreen);
+        EXPECT_EQ(SelectObject(first, fromStart), cells.Bitmap());
+        EXPECT_EQ(SelectObject(cells.Dc(), cells.Bitmap()), other);
+        EXPECT_TRUE(DeleteObject(other));
+        EXPECT_EQ(SelectObject(first, other), nullptr) << "it is gone";
+    }
+    EXPECT_EQ(ReleaseDC(frame.Window(), first), 0) << "no window's";
+    const HBITMAP last = CreateCompatibleBitmap(frame.Dc(), 2, 2);
+    SelectObject(first, last);
+    EXPECT_TRUE(DeleteDC(first));
+    EXPECT_TRUE(DeleteObject(last)) << "its context gave it back";
+    EXPECT_EQ(CreateCompatibleDC(first), nullptr);
+    EXPECT_FALSE(BitBlt(first, 0, 0, 1, 1, frame.Dc(), 0, 0, SRCCOPY));
+    EXPECT_FALSE(BitBlt(frame.Dc(), 0, 0, 1, 1, first, 0, 0, SRCCOPY));
 }
 
 constexpr std::uint32_t PictureOf(COLORREF colour) {
@@ -170,73 +165,68 @@ BITMAPINFO Describe(LONG height) {
     return info;
 }
 
-TEST(Drawing, APictureFillsTheAreaItIsStretchedOver) {
-    RunAsProgram([] {
-        const FrameInWindow frame;
-        const HDC dc = frame.Dc();
-        EXPECT_EQ(SetStretchBltMode(dc, COLORONCOLOR), BLACKONWHITE);
-        EXPECT_EQ(SetStretchBltMode(dc, COLORONCOLOR), COLORONCOLOR);
-        const auto draw = [dc](const RECT& to, LONG height) {
-            const BITMAPINFO info = Describe(height);
-            return StretchDIBits(dc, to.left, to.top, to.right - to.left, to.bottom - to.top, 0, 0,
-                                 2, 2, kPicture.data(), &info, DIB_RGB_COLORS, SRCCOPY);
-        };
-        EXPECT_EQ(draw({4, 4, 6, 6}, -2), 2);
-        EXPECT_EQ(RowOf(dc, 4, 4, 2), (Row{kRed, kGreen}));
-        EXPECT_EQ(RowOf(dc, 4, 5, 2), (Row{kBlue, kMixed}));
-        EXPECT_EQ(draw({4, 4, 8, 10}, 2), 2) << "the lower row comes first";
-        EXPECT_EQ(RowOf(dc, 4, 6, 4), (Row{kBlue, kBlue, kMixed, kMixed}));
-        EXPECT_EQ(RowOf(dc, 4, 7, 4), (Row{kRed, kRed, kGreen, kGreen}));
-        EXPECT_EQ(draw({-2, -2, 2, 2}, -2), 2) << "as much of it as the frame has";
-        EXPECT_EQ(RowOf(dc, 0, 1, 2), (Row{kMixed, kMixed}));
+PROGRAM_TEST(Drawing, APictureFillsTheAreaItIsStretchedOver) {
+    const FrameInWindow frame;
+    const HDC dc = frame.Dc();
+    EXPECT_EQ(SetStretchBltMode(dc, COLORONCOLOR), BLACKONWHITE);
+    EXPECT_EQ(SetStretchBltMode(dc, COLORONCOLOR), COLORONCOLOR);
+    const auto draw = [dc](const RECT& to, LONG height) {
+        const BITMAPINFO info = Describe(height);
+        return StretchDIBits(dc, to.left, to.top, to.right - to.left, to.bottom - to.top, 0, 0, 2,
+                             2, kPicture.data(), &info, DIB_RGB_COLORS, SRCCOPY);
+    };
+    EXPECT_EQ(draw({4, 4, 6, 6}, -2), 2);
+    EXPECT_EQ(RowOf(dc, 4, 4, 2), (Row{kRed, kGreen}));
+    EXPECT_EQ(RowOf(dc, 4, 5, 2), (Row{kBlue, kMixed}));
+    EXPECT_EQ(draw({4, 4, 8, 10}, 2), 2) << "the lower row comes first";
+    EXPECT_EQ(RowOf(dc, 4, 6, 4), (Row{kBlue, kBlue, kMixed, kMixed}));
+    EXPECT_EQ(RowOf(dc, 4, 7, 4), (Row{kRed, kRed, kGreen, kGreen}));
+    EXPECT_EQ(draw({-2, -2, 2, 2}, -2), 2) << "as much of it as the frame has";
+    EXPECT_EQ(RowOf(dc, 0, 1, 2), (Row{kMixed, kMixed}));
 
-        // In memory too.
-        const Cells cells(dc);
-        SetStretchBltMode(cells.Dc(), COLORONCOLOR);
-        const BITMAPINFO info = Describe(-2);
-        EXPECT_EQ(StretchDIBits(cells.Dc(), 2, 0, 2, 2, 0, 0, 2, 2, kPicture.data(), &info,
-                                DIB_RGB_COLORS, SRCCOPY),
-                  2);
-        EXPECT_EQ(RowOf(cells.Dc(), 1, 1, 4), (Row{kRed, kBlue, kMixed, kBlue}));
-    });
+    // In memory too.
+    const Cells cells(dc);
+    SetStretchBltMode(cells.Dc(), COLORONCOLOR);
+    const BITMAPINFO info = Describe(-2);
+    EXPECT_EQ(StretchDIBits(cells.Dc(), 2, 0, 2, 2, 0, 0, 2, 2, kPicture.data(), &info,
+                            DIB_RGB_COLORS, SRCCOPY),
+              2);
+    EXPECT_EQ(RowOf(cells.Dc(), 1, 1, 4), (Row{kRed, kBlue, kMixed, kBlue}));
 }
 
 // The video of a window is drawn like this: again and again on a context that nobody gives back.
-TEST(Drawing, OnAContextOfItsOwnIsThereWithoutARelease) {
-    RunAsProgram([] {
-        WNDCLASSA windowClass{};
-        windowClass.style = CS_OWNDC;
-        windowClass.lpfnWndProc = DefWindowProcA;
-        windowClass.hInstance = GetModuleHandleA(nullptr);
-        windowClass.lpszClassName = "Drawn";
-        ASSERT_NE(RegisterClassA(&windowClass), 0);
-        const HWND window =
-            CreateWindowExA(0, "Drawn", "", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10, 300, 200,
-                            nullptr, nullptr, windowClass.hInstance, nullptr);
-        UpdateWindow(window);
-        const HDC own = GetDC(window);
-        SetStretchBltMode(own, COLORONCOLOR);
-        const BITMAPINFO info = Describe(-2);
-        RECT client{};
-        const auto draw = [&] {
-            GetClientRect(window, &client);
-            return StretchDIBits(own, 0, 0, client.right, client.bottom, 0, 0, 2, 2,
-                                 kPicture.data(), &info, DIB_RGB_COLORS, SRCCOPY);
-        };
-        EXPECT_EQ(draw(), 2);
-        EXPECT_EQ(GetPixel(own, client.right - 1, 0), kGreen);
-        const LONG narrow = client.right;
-        SetWindowPos(window, nullptr, 0, 0, 400, 250, SWP_NOMOVE | SWP_NOZORDER);
-        InvalidateRect(window, nullptr, TRUE);
-        UpdateWindow(window);
-        EXPECT_EQ(GetPixel(own, 0, 0), kRed) << "no brush, so nothing is erased";
-        EXPECT_EQ(draw(), 2);
-        EXPECT_GT(client.right, narrow);
-        EXPECT_EQ(GetPixel(own, client.right - 1, client.bottom - 1), kMixed);
-        EXPECT_EQ(SetStretchBltMode(GetDC(window), COLORONCOLOR), COLORONCOLOR) << "it is kept";
-        DestroyWindow(window);
-        EXPECT_EQ(draw(), 0);
-    });
+PROGRAM_TEST(Drawing, OnAContextOfItsOwnIsThereWithoutARelease) {
+    WNDCLASSA windowClass{};
+    windowClass.style = CS_OWNDC;
+    windowClass.lpfnWndProc = DefWindowProcA;
+    windowClass.hInstance = GetModuleHandleA(nullptr);
+    windowClass.lpszClassName = "Drawn";
+    ASSERT_NE(RegisterClassA(&windowClass), 0);
+    const HWND window = CreateWindowExA(0, "Drawn", "", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10,
+                                        300, 200, nullptr, nullptr, windowClass.hInstance, nullptr);
+    UpdateWindow(window);
+    const HDC own = GetDC(window);
+    SetStretchBltMode(own, COLORONCOLOR);
+    const BITMAPINFO info = Describe(-2);
+    RECT client{};
+    const auto draw = [&] {
+        GetClientRect(window, &client);
+        return StretchDIBits(own, 0, 0, client.right, client.bottom, 0, 0, 2, 2, kPicture.data(),
+                             &info, DIB_RGB_COLORS, SRCCOPY);
+    };
+    EXPECT_EQ(draw(), 2);
+    EXPECT_EQ(GetPixel(own, client.right - 1, 0), kGreen);
+    const LONG narrow = client.right;
+    SetWindowPos(window, nullptr, 0, 0, 400, 250, SWP_NOMOVE | SWP_NOZORDER);
+    InvalidateRect(window, nullptr, TRUE);
+    UpdateWindow(window);
+    EXPECT_EQ(GetPixel(own, 0, 0), kRed) << "no brush, so nothing is erased";
+    EXPECT_EQ(draw(), 2);
+    EXPECT_GT(client.right, narrow);
+    EXPECT_EQ(GetPixel(own, client.right - 1, client.bottom - 1), kMixed);
+    EXPECT_EQ(SetStretchBltMode(GetDC(window), COLORONCOLOR), COLORONCOLOR) << "it is kept";
+    DestroyWindow(window);
+    EXPECT_EQ(draw(), 0);
 }
 
 }  // namespace

@@ -20,37 +20,25 @@ std::string Changed(int id) {
     return Code(id, EN_UPDATE) + " " + Code(id, EN_CHANGE);
 }
 
-class Edits : public testing::Test {
+class Edits : public kit::RecordedTest {
   protected:
-    LRESULT Send(int id, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-        return OnUserInterface([&] {
-            return SendDlgItemMessageA(dialog_.Shown().Handle(), id, message, wParam, lParam);
-        });
-    }
-    void SetText(int id, const char* text) {
-        OnUserInterface([&] { SetDlgItemTextA(dialog_.Shown().Handle(), id, text); });
-    }
+    Edits() : RecordedTest(IDD_KEYS, "Keys") {}
+
+    void SetText(int id, const char* text) { dialog_->SetText(id, text); }
     // Typed where the caret is.
     void Type(int id, const std::string& text) {
         for (const char character : text)
-            PostMessageA(dialog_.Shown().Control(id), WM_CHAR,
-                         static_cast<unsigned char>(character), 0);
+            PostMessageA(dialog_->Control(id), WM_CHAR, static_cast<unsigned char>(character), 0);
     }
-    void Focus(int id) {
-        OnUserInterface([&] { SetFocus(dialog_.Shown().Control(id)); });
-        dialog_.TakeNotifications();
-    }
-
-    kit::RecordedDialog dialog_{IDD_KEYS, "Keys"};
 };
 
 TEST_F(Edits, ProgramTextIgnoresTheLimitAndTypingObeysIt) {
     Send(IDC_LINE, EM_LIMITTEXT, 3);
     SetText(IDC_LINE, "abcdef");
-    EXPECT_EQ(dialog_.Shown().Text(IDC_LINE), "abcdef");
+    EXPECT_EQ(dialog_->Text(IDC_LINE), "abcdef");
     dialog_.TakeNotifications();
-    dialog_.Shown().Type(IDC_LINE, "wxyz");
-    EXPECT_EQ(dialog_.Shown().Text(IDC_LINE), "wxy");
+    dialog_->Type(IDC_LINE, "wxyz");
+    EXPECT_EQ(dialog_->Text(IDC_LINE), "wxy");
     const std::string changed = Changed(IDC_LINE);
     const std::string threeTimes = changed + " " + changed + " " + changed + " ";
     const std::string full = Code(IDC_LINE, EN_MAXTEXT);
@@ -64,12 +52,12 @@ TEST_F(Edits, WhatIsPastedIsCutAtTheLimitAndToldOnce) {
     SetText(IDC_LINE, "abcdef");
     Send(IDC_LINE, EM_SETSEL, 1, 3);
     Focus(IDC_LINE);
-    kit::Paste(dialog_.Shown().Control(IDC_LINE), "UVWXYZ");
-    EXPECT_EQ(dialog_.Shown().Text(IDC_LINE), "aUVdef");
+    kit::Paste(dialog_->Control(IDC_LINE), "UVWXYZ");
+    EXPECT_EQ(dialog_->Text(IDC_LINE), "aUVdef");
     EXPECT_EQ(Send(IDC_LINE, EM_GETSEL), MAKELONG(3, 3));
     EXPECT_EQ(dialog_.TakeNotifications(), Code(IDC_LINE, EN_MAXTEXT) + " " + Changed(IDC_LINE));
-    kit::Paste(dialog_.Shown().Control(IDC_LINE), "z");
-    EXPECT_EQ(dialog_.Shown().Text(IDC_LINE), "aUVdef");
+    kit::Paste(dialog_->Control(IDC_LINE), "z");
+    EXPECT_EQ(dialog_->Text(IDC_LINE), "aUVdef");
     const std::string full = Code(IDC_LINE, EN_MAXTEXT);
     EXPECT_EQ(dialog_.TakeNotifications(),
               kit::ExceptOn(WindowSystem::kWine, full + " " + Changed(IDC_LINE),
@@ -93,7 +81,7 @@ TEST_F(Edits, TypingGoesInPlaceOfTheSelection) {
     SetText(IDC_LINE, "abcdef");
     Send(IDC_LINE, EM_SETSEL, 2, 4);
     Type(IDC_LINE, "XYZ");
-    EXPECT_EQ(dialog_.Shown().Text(IDC_LINE), "abXYZef");
+    EXPECT_EQ(dialog_->Text(IDC_LINE), "abXYZef");
     EXPECT_EQ(Send(IDC_LINE, EM_GETSEL), MAKELONG(5, 5));
     Send(IDC_LINE, EM_SETSEL, 0, -1);
     EXPECT_EQ(Send(IDC_LINE, EM_GETSEL), MAKELONG(0, 7));
@@ -109,7 +97,7 @@ TEST_F(Edits, ACharacterInPlaceOfItsLikeIsAChange) {
     Send(IDC_LINE, EM_SETSEL, 1, 2);
     dialog_.TakeNotifications();
     Type(IDC_LINE, "1");
-    EXPECT_EQ(dialog_.Shown().Text(IDC_LINE), "a1b");
+    EXPECT_EQ(dialog_->Text(IDC_LINE), "a1b");
     EXPECT_EQ(dialog_.TakeNotifications(), Changed(IDC_LINE));
 }
 
@@ -122,8 +110,8 @@ TEST_F(Edits, ALineEndIsOneCharacterForKeys) {
         const bool behind = key == VK_BACK || key == VK_LEFT;
         SetText(IDC_RETURN_LINES, "a\r\nb");
         Send(IDC_RETURN_LINES, EM_SETSEL, behind ? 3 : 1, behind ? 3 : 1);
-        dialog_.Shown().Key(static_cast<WPARAM>(key));
-        EXPECT_EQ(dialog_.Shown().Text(IDC_RETURN_LINES), left) << "key " << key;
+        dialog_->Key(static_cast<WPARAM>(key));
+        EXPECT_EQ(dialog_->Text(IDC_RETURN_LINES), left) << "key " << key;
         EXPECT_EQ(Send(IDC_RETURN_LINES, EM_GETSEL), MAKELONG(caret, caret)) << "key " << key;
     }
 }
@@ -139,13 +127,13 @@ TEST_F(Edits, KeysMoveTheCaretAndDelete) {
                  {VK_DELETE, "ab", 2}, {VK_HOME, "ab", 0},  {VK_LEFT, "ab", 0},
                  {VK_RIGHT, "ab", 1},  {VK_DELETE, "a", 1}};
     for (const auto& step : steps) {
-        dialog_.Shown().Key(step.key);
-        EXPECT_EQ(dialog_.Shown().Text(IDC_LINE), step.text) << step.key;
+        dialog_->Key(step.key);
+        EXPECT_EQ(dialog_->Text(IDC_LINE), step.text) << step.key;
         EXPECT_EQ(Send(IDC_LINE, EM_GETSEL), MAKELONG(step.caret, step.caret)) << step.key;
     }
     dialog_.TakeNotifications();
     Type(IDC_LINE, "\b");
-    EXPECT_EQ(dialog_.Shown().Text(IDC_LINE), "");
+    EXPECT_EQ(dialog_->Text(IDC_LINE), "");
     EXPECT_EQ(dialog_.TakeNotifications(), Changed(IDC_LINE));
     Type(IDC_LINE, "\b");
     EXPECT_EQ(dialog_.TakeNotifications(), "") << "nothing to delete";
@@ -156,12 +144,12 @@ TEST_F(Edits, AReadOnlyOneTakesTextFromTheProgramAlone) {
     SetText(IDC_LINE, "shown");
     Focus(IDC_LINE);
     Type(IDC_LINE, "x\b");
-    dialog_.Shown().Key(VK_DELETE);
-    EXPECT_EQ(dialog_.Shown().Text(IDC_LINE), "shown");
+    dialog_->Key(VK_DELETE);
+    EXPECT_EQ(dialog_->Text(IDC_LINE), "shown");
     EXPECT_EQ(dialog_.TakeNotifications(), "");
     Send(IDC_LINE, EM_SETREADONLY, FALSE);
     Type(IDC_LINE, "x");
-    EXPECT_NE(dialog_.Shown().Text(IDC_LINE), "shown");
+    EXPECT_NE(dialog_->Text(IDC_LINE), "shown");
 }
 
 TEST_F(Edits, StylesRefuseTyping) {
@@ -173,34 +161,34 @@ TEST_F(Edits, StylesRefuseTyping) {
     for (const Case& each : {Case{0, "a1b2"}, Case{ES_READONLY, "before"}, Case{ES_NUMBER, "12"}}) {
         const HWND edit = OnUserInterface([&] {
             return CreateWindowExA(0, "Edit", "before", each.style | WS_CHILD | WS_VISIBLE, 0, 0,
-                                   50, 20, dialog_.Shown().Handle(),
-                                   reinterpret_cast<HMENU>(INT_PTR{kId}), nullptr, nullptr);
+                                   50, 20, dialog_->Handle(), reinterpret_cast<HMENU>(INT_PTR{kId}),
+                                   nullptr, nullptr);
         });
-        dialog_.Shown().Type(kId, "a1b2");
-        EXPECT_EQ(dialog_.Shown().Text(kId), each.left) << "style " << each.style;
+        dialog_->Type(kId, "a1b2");
+        EXPECT_EQ(dialog_->Text(kId), each.left) << "style " << each.style;
         OnUserInterface([edit] { DestroyWindow(edit); });
     }
 }
 
 TEST_F(Edits, ADisabledOneTakesTextFromTheProgram) {
-    OnUserInterface([&] { EnableWindow(dialog_.Shown().Control(IDC_NAME), FALSE); });
+    dialog_->Enable(IDC_NAME, false);
     dialog_.TakeNotifications();
     SetText(IDC_NAME, "grey");
-    EXPECT_EQ(dialog_.Shown().Text(IDC_NAME), "grey");
+    EXPECT_EQ(dialog_->Text(IDC_NAME), "grey");
     EXPECT_EQ(dialog_.TakeNotifications(), Changed(IDC_NAME));
 }
 
 TEST_F(Edits, DisablingTheFocusedOneTakesTheFocusFromIt) {
     Focus(IDC_NAME);
-    OnUserInterface([&] { EnableWindow(dialog_.Shown().Control(IDC_NAME), FALSE); });
+    dialog_->Enable(IDC_NAME, false);
     EXPECT_EQ(dialog_.TakeNotifications(), Code(IDC_NAME, EN_KILLFOCUS));
-    EXPECT_EQ(dialog_.Shown().FocusedId(), 0);
+    EXPECT_EQ(dialog_->FocusedId(), 0);
 }
 
 TEST_F(Edits, LineEndsStayAsTheProgramSetThem) {
     for (const char* text : {"one\r\ntwo", "one\ntwo"}) {
         SetText(IDC_RETURN_LINES, text);
-        EXPECT_EQ(dialog_.Shown().Text(IDC_RETURN_LINES), text);
+        EXPECT_EQ(dialog_->Text(IDC_RETURN_LINES), text);
     }
 }
 
@@ -209,7 +197,7 @@ TEST_F(Edits, ReadingGivesAtMostWhatFits) {
     std::array<char, 8> text;
     text.fill('~');
     const UINT length = OnUserInterface(
-        [&] { return GetDlgItemTextA(dialog_.Shown().Handle(), IDC_LINE, text.data(), 5); });
+        [&] { return GetDlgItemTextA(dialog_->Handle(), IDC_LINE, text.data(), 5); });
     EXPECT_EQ(length, 4u);
     EXPECT_EQ(std::string(text.data(), 6), std::string("abcd\0~", 6));
     EXPECT_EQ(Send(IDC_LINE, WM_GETTEXTLENGTH), 6);
@@ -217,10 +205,10 @@ TEST_F(Edits, ReadingGivesAtMostWhatFits) {
 
 TEST(UpperCaseEdits, ConvertTypingAndProgramText) {
     const kit::RecordedDialog dialog(IDD_LISTS, "Lists");
-    dialog.Shown().Type(IDC_CAPITALS, "c:/vcp");
-    EXPECT_EQ(dialog.Shown().Text(IDC_CAPITALS), "C:/VCP");
-    OnUserInterface([&] { SetDlgItemTextA(dialog.Shown().Handle(), IDC_CAPITALS, "code.bin"); });
-    EXPECT_EQ(dialog.Shown().Text(IDC_CAPITALS), "CODE.BIN");
+    dialog->Type(IDC_CAPITALS, "c:/vcp");
+    EXPECT_EQ(dialog->Text(IDC_CAPITALS), "C:/VCP");
+    dialog->SetText(IDC_CAPITALS, "code.bin");
+    EXPECT_EQ(dialog->Text(IDC_CAPITALS), "CODE.BIN");
 }
 
 }  // namespace

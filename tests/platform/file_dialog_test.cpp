@@ -25,7 +25,7 @@ class FileDialogs : public testing::Test {
         kit::BeginStep([=, this] {
             question_ = {};
             question_.lStructSize = sizeof question_;
-            question_.hwndOwner = owner_.Shown().Handle();
+            question_.hwndOwner = owner_->Handle();
             question_.lpstrFilter = "Codes \0 *.bin;*.out \0All (*.*) \0 *.* \0";
             question_.lpstrFile = file_.data();
             question_.nMaxFile = capacity;
@@ -74,7 +74,7 @@ TEST_F(FileDialogs, GiveThePathTheNameAndWhereItBegins) {
 }
 
 TEST_F(FileDialogs, KeepTheOwnerFromInputWhileTimersTickAndGiveItTheFocusBack) {
-    const HWND owner = owner_.Shown().Handle();
+    const HWND owner = owner_->Handle();
     const HWND focus = kit::OnUserInterface(GetFocus);
     Ask(folders_.Path().string());
     const kit::FileDialog dialog(kTitle);

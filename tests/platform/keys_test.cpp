@@ -19,47 +19,44 @@ std::string Pressed(int id) {
     return Code(id, BN_CLICKED);
 }
 
-class DialogKeys : public testing::Test {
+class DialogKeys : public kit::RecordedTest {
   protected:
-    // As a program does, not as a person.
-    void Focus(int id) {
-        OnUserInterface([&] { SetFocus(dialog_.Shown().Control(id)); });
-    }
+    DialogKeys() : RecordedTest(IDD_KEYS, "Keys") {}
+
     // As a program does that wants the dialog to follow.
     void GoTo(int id) {
         OnUserInterface([&] {
-            SendMessageA(dialog_.Shown().Handle(), WM_NEXTDLGCTL,
-                         reinterpret_cast<WPARAM>(dialog_.Shown().Control(id)), TRUE);
+            SendMessageA(dialog_->Handle(), WM_NEXTDLGCTL,
+                         reinterpret_cast<WPARAM>(dialog_->Control(id)), TRUE);
         });
     }
     // What a key makes the dialog tell.
     std::string Press(WPARAM key) {
         dialog_.TakeNotifications();
-        dialog_.Shown().Key(key);
+        dialog_->Key(key);
         return dialog_.TakeNotifications();
     }
-
-    kit::RecordedDialog dialog_{IDD_KEYS, "Keys"};
 };
 
-class DialogLetters : public testing::Test {
+class DialogLetters : public kit::RecordedTest {
   protected:
+    DialogLetters()
+        : RecordedTest(IDD_LETTERS, "Letters", {.act = [](HWND window) {
+                           CheckRadioButton(window, IDC_KIND_A, IDC_KIND_B, IDC_KIND_B);
+                       }}) {}
+
     // What Alt and a letter make the dialog tell of clicks, and the number of who has the focus.
     std::string Follow(char letter) {
         dialog_.TakeNotifications();
-        dialog_.Shown().AltKey(letter);
+        dialog_->AltKey(letter);
         std::string clicks;
         std::istringstream told(dialog_.TakeNotifications());
         for (std::string each; told >> each;) {
             if (each.ends_with(":0"))
                 clicks += each + " ";
         }
-        return clicks + "focus " + std::to_string(dialog_.Shown().FocusedId());
+        return clicks + "focus " + std::to_string(dialog_->FocusedId());
     }
-
-    kit::RecordedDialog dialog_{IDD_LETTERS, "Letters", {.act = [](HWND window) {
-                                    CheckRadioButton(window, IDC_KIND_A, IDC_KIND_B, IDC_KIND_B);
-                                }}};
 };
 
 std::string FocusOn(int id) {
@@ -70,7 +67,7 @@ TEST_F(DialogLetters, LeadFromALabelToTheNextStopAndPressAButtonThatIsNone) {
     EXPECT_EQ(Follow('f'), FocusOn(IDC_FIELD)) << "over a disabled field and one that is no stop";
     EXPECT_EQ(Follow('k'), FocusOn(IDC_KIND_B)) << "the radio button of the frame that is checked";
     EXPECT_EQ(Follow('u'), Pressed(IDC_UNSTOPPED) + " " + FocusOn(IDC_UNSTOPPED));
-    EXPECT_TRUE(dialog_.Shown().IsChecked(IDC_UNSTOPPED));
+    EXPECT_TRUE(dialog_->IsChecked(IDC_UNSTOPPED));
 }
 
 TEST_F(DialogLetters, ThatSeveralShareMoveTheFocusAndPressTheDefaultButtonAlone) {
@@ -84,8 +81,8 @@ TEST_F(DialogLetters, ThatSeveralShareMoveTheFocusAndPressTheDefaultButtonAlone)
     EXPECT_EQ(Follow('t'), expected(IDC_OTHER_TWIN, IDC_TWIN));
     EXPECT_EQ(Follow('t'), expected(IDC_TWIN, IDC_TWIN)) << "and round";
     EXPECT_EQ(Follow('s'), expected(IDC_SEND, IDC_SEND));
-    OnUserInterface([&] { SetFocus(dialog_.Shown().Control(IDC_FIELD)); });
-    OnUserInterface([&] { EnableWindow(dialog_.Shown().Control(IDC_SEND), FALSE); });
+    dialog_->Focus(IDC_FIELD);
+    dialog_->Enable(IDC_SEND, false);
     EXPECT_EQ(Follow('s'), Pressed(IDOK) + " " + FocusOn(IDOK)) << "no longer shared";
 }
 
@@ -100,8 +97,8 @@ TEST_F(DialogLetters, GroupsGoRoundTheDialogsEnd) {
                  {IDC_SEND, FALSE, IDOK}};
     for (const auto& each : cases) {
         const int found = OnUserInterface([&] {
-            return GetDlgCtrlID(GetNextDlgGroupItem(
-                dialog_.Shown().Handle(), dialog_.Shown().Control(each.from), each.previous));
+            return GetDlgCtrlID(
+                GetNextDlgGroupItem(dialog_->Handle(), dialog_->Control(each.from), each.previous));
         });
         EXPECT_EQ(found, each.expected) << (each.previous ? "before " : "behind ") << each.from;
     }
@@ -116,21 +113,21 @@ TEST_F(DialogKeys, EscapeSendsCancelEvenWithoutACancelButton) {
 TEST_F(DialogKeys, EscapeDoesNothingWhileTheCancelButtonIsDisabled) {
     OnUserInterface([&] {
         CreateWindowExA(0, "Button", "Cancel", WS_CHILD | WS_VISIBLE | WS_DISABLED, 0, 0, 10, 10,
-                        dialog_.Shown().Handle(), reinterpret_cast<HMENU>(INT_PTR{IDCANCEL}),
-                        nullptr, nullptr);
+                        dialog_->Handle(), reinterpret_cast<HMENU>(INT_PTR{IDCANCEL}), nullptr,
+                        nullptr);
     });
     EXPECT_EQ(Press(VK_ESCAPE),
               kit::ExceptOn(WindowSystem::kWine, Pressed(IDCANCEL),
                             "sends the command of a button that cannot be pressed; no dialog of "
                             "the utility has one",
                             std::string()));
-    OnUserInterface([&] { EnableWindow(dialog_.Shown().Control(IDCANCEL), TRUE); });
+    dialog_->Enable(IDCANCEL, true);
     EXPECT_EQ(Press(VK_ESCAPE), Pressed(IDCANCEL));
 }
 
 TEST_F(DialogKeys, EnterPressesTheButtonThatTheProgramMakesTheDefaultOne) {
     OnUserInterface([&] {
-        const HWND dialog = dialog_.Shown().Handle();
+        const HWND dialog = dialog_->Handle();
         SendMessageA(dialog, DM_SETDEFID, IDC_APPLY, 0);
         EXPECT_EQ(SendMessageA(dialog, DM_GETDEFID, 0, 0), MAKELONG(IDC_APPLY, DC_HASDEFID));
     });
@@ -141,14 +138,13 @@ TEST_F(DialogKeys, EnterPressesTheButtonThatTheProgramMakesTheDefaultOne) {
 TEST(BareDialogKeys, EnterWithoutADefaultButtonSendsOk) {
     kit::RecordedDialog dialog(IDD_BARE, "Bare");
     dialog.TakeNotifications();
-    dialog.Shown().Key(VK_RETURN);
+    dialog->Key(VK_RETURN);
     EXPECT_EQ(dialog.TakeNotifications(), "1");
     OnUserInterface([&] {
         CreateWindowExA(0, "Button", "OK", WS_CHILD | WS_VISIBLE | WS_DISABLED, 0, 0, 10, 10,
-                        dialog.Shown().Handle(), reinterpret_cast<HMENU>(INT_PTR{IDOK}), nullptr,
-                        nullptr);
+                        dialog->Handle(), reinterpret_cast<HMENU>(INT_PTR{IDOK}), nullptr, nullptr);
     });
-    dialog.Shown().Key(VK_RETURN);
+    dialog->Key(VK_RETURN);
     EXPECT_EQ(dialog.TakeNotifications(), "") << "an OK that cannot be pressed";
 }
 
@@ -165,83 +161,81 @@ TEST_F(DialogKeys, AButtonThatTheDialogsKeysLeadToIsTheDefaultOneUntilTheyLeaveI
     GoTo(IDC_CHECK);
     EXPECT_EQ(Press(VK_RETURN), Pressed(IDOK));
     Focus(IDOK);
-    dialog_.Shown().Key(VK_TAB);
-    ASSERT_EQ(dialog_.Shown().FocusedId(), IDC_APPLY);
+    dialog_->Key(VK_TAB);
+    ASSERT_EQ(dialog_->FocusedId(), IDC_APPLY);
     EXPECT_EQ(Press(VK_RETURN), Pressed(IDC_APPLY));
-    dialog_.Shown().Key(VK_TAB);
-    ASSERT_EQ(dialog_.Shown().FocusedId(), IDC_LINE);
+    dialog_->Key(VK_TAB);
+    ASSERT_EQ(dialog_->FocusedId(), IDC_LINE);
     EXPECT_EQ(Press(VK_RETURN), Pressed(IDOK));
 }
 
 TEST_F(DialogKeys, EnterInAnEditOfSeveralLinesGoesToTheDefaultButtonAndPressesIt) {
     Focus(IDC_PLAIN_LINES);
     EXPECT_EQ(Press(VK_RETURN), Code(IDC_PLAIN_LINES, EN_KILLFOCUS) + " " + Pressed(IDOK));
-    EXPECT_EQ(dialog_.Shown().FocusedId(), IDOK);
+    EXPECT_EQ(dialog_->FocusedId(), IDOK);
 }
 
 TEST_F(DialogKeys, ADisabledDefaultButtonIsNotPressed) {
-    OnUserInterface([&] { EnableWindow(dialog_.Shown().Control(IDOK), FALSE); });
+    dialog_->Enable(IDOK, false);
     Focus(IDC_LINE);
     EXPECT_EQ(Press(VK_RETURN), "");
 }
 
 TEST_F(DialogKeys, EnterMakesALineOnlyWhereTheEditAsksForIt) {
     for (const int id : {IDC_PLAIN_LINES, IDC_RETURN_LINES}) {
-        dialog_.Shown().Type(id, "ab");
-        dialog_.Shown().Key(VK_RETURN);
+        dialog_->Type(id, "ab");
+        dialog_->Key(VK_RETURN);
     }
-    EXPECT_EQ(dialog_.Shown().Text(IDC_PLAIN_LINES), "ab");
-    EXPECT_EQ(dialog_.Shown().Text(IDC_RETURN_LINES), "ab\r\n");
+    EXPECT_EQ(dialog_->Text(IDC_PLAIN_LINES), "ab");
+    EXPECT_EQ(dialog_->Text(IDC_RETURN_LINES), "ab\r\n");
 }
 
 TEST_F(DialogKeys, TabGoesThroughTheStopsInTemplateOrderAndPassesOverDisabledOnes) {
-    OnUserInterface(
-        [&] { CheckRadioButton(dialog_.Shown().Handle(), IDC_RADIO_A, IDC_RADIO_C, IDC_RADIO_B); });
+    dialog_->CheckRadio(IDC_RADIO_A, IDC_RADIO_C, IDC_RADIO_B);
     for (const int id : {IDC_PLAIN_LINES, IDC_RETURN_LINES, IDC_RADIO_B, IDC_CHECK, IDC_NAME, IDOK,
                          IDC_APPLY, IDC_LINE}) {
-        dialog_.Shown().Key(VK_TAB);
-        EXPECT_EQ(dialog_.Shown().FocusedId(), id);
+        dialog_->Key(VK_TAB);
+        EXPECT_EQ(dialog_->FocusedId(), id);
     }
-    OnUserInterface([&] { SendMessageA(dialog_.Shown().Handle(), WM_NEXTDLGCTL, TRUE, FALSE); });
-    EXPECT_EQ(dialog_.Shown().FocusedId(), IDC_APPLY) << "and back";
+    OnUserInterface([&] { SendMessageA(dialog_->Handle(), WM_NEXTDLGCTL, TRUE, FALSE); });
+    EXPECT_EQ(dialog_->FocusedId(), IDC_APPLY) << "and back";
 }
 
 TEST_F(DialogKeys, TabSelectsTheWholeTextOfTheEditItComesTo) {
-    OnUserInterface([&] { SetDlgItemTextA(dialog_.Shown().Handle(), IDC_NAME, "0x1F"); });
+    dialog_->SetText(IDC_NAME, "0x1F");
     Focus(IDC_CHECK);
-    dialog_.Shown().Key(VK_TAB);
-    PostMessageA(dialog_.Shown().Control(IDC_NAME), WM_CHAR, '7', 0);
-    EXPECT_EQ(dialog_.Shown().Text(IDC_NAME), "7");
+    dialog_->Key(VK_TAB);
+    PostMessageA(dialog_->Control(IDC_NAME), WM_CHAR, '7', 0);
+    EXPECT_EQ(dialog_->Text(IDC_NAME), "7");
 }
 
 TEST_F(DialogKeys, ArrowsMoveTheChoiceInsideAGroupAndAround) {
-    dialog_.Shown().Press(IDC_RADIO_A);
+    dialog_->Press(IDC_RADIO_A);
     for (const int id : {IDC_RADIO_B, IDC_RADIO_C, IDC_RADIO_A}) {
-        dialog_.Shown().Key(VK_DOWN);
-        EXPECT_EQ(dialog_.Shown().FocusedId(), id);
+        dialog_->Key(VK_DOWN);
+        EXPECT_EQ(dialog_->FocusedId(), id);
         for (const int each : {IDC_RADIO_A, IDC_RADIO_B, IDC_RADIO_C})
-            EXPECT_EQ(dialog_.Shown().IsChecked(each), each == id) << "button " << each;
+            EXPECT_EQ(dialog_->IsChecked(each), each == id) << "button " << each;
     }
     EXPECT_NE(Press(VK_UP).find(Pressed(IDC_RADIO_C)), std::string::npos);
-    EXPECT_TRUE(dialog_.Shown().IsChecked(IDC_RADIO_C));
+    EXPECT_TRUE(dialog_->IsChecked(IDC_RADIO_C));
 }
 
 TEST_F(DialogKeys, AnArrowToACheckedRadioButtonTellsNothing) {
-    OnUserInterface(
-        [&] { CheckRadioButton(dialog_.Shown().Handle(), IDC_RADIO_A, IDC_RADIO_C, IDC_RADIO_B); });
+    dialog_->CheckRadio(IDC_RADIO_A, IDC_RADIO_C, IDC_RADIO_B);
     Focus(IDC_RADIO_A);
     EXPECT_EQ(Press(VK_DOWN), "");
-    EXPECT_EQ(dialog_.Shown().FocusedId(), IDC_RADIO_B);
+    EXPECT_EQ(dialog_->FocusedId(), IDC_RADIO_B);
 }
 
 TEST_F(DialogLetters, AnArrowInAGroupOfOneRadioButtonChecksItOnce) {
-    OnUserInterface([&] { SetFocus(dialog_.Shown().Control(IDC_ALONE)); });
+    dialog_->Focus(IDC_ALONE);
     for (const std::string& told : {Pressed(IDC_ALONE), std::string()}) {
         dialog_.TakeNotifications();
-        dialog_.Shown().Key(VK_DOWN);
+        dialog_->Key(VK_DOWN);
         EXPECT_EQ(dialog_.TakeNotifications(), told);
     }
-    EXPECT_TRUE(dialog_.Shown().IsChecked(IDC_ALONE));
+    EXPECT_TRUE(dialog_->IsChecked(IDC_ALONE));
 }
 
 TEST_F(DialogKeys, WithoutAFocusKeysLeadToTheFirstControlAndThoseThatGoBackNowhere) {
@@ -252,16 +246,16 @@ TEST_F(DialogKeys, WithoutAFocusKeysLeadToTheFirstControlAndThoseThatGoBackNowhe
     for (const auto& [key, focused] : cases) {
         OnUserInterface([&] {
             SetFocus(nullptr);
-            EXPECT_EQ(GetNextDlgTabItem(dialog_.Shown().Handle(), nullptr, TRUE), nullptr);
+            EXPECT_EQ(GetNextDlgTabItem(dialog_->Handle(), nullptr, TRUE), nullptr);
         });
-        PostMessageA(dialog_.Shown().Handle(), WM_KEYDOWN, key, 0);
-        EXPECT_EQ(dialog_.Shown().FocusedId(), focused) << "key " << key;
+        PostMessageA(dialog_->Handle(), WM_KEYDOWN, key, 0);
+        EXPECT_EQ(dialog_->FocusedId(), focused) << "key " << key;
     }
 }
 
 // A control that goes gives the focus up to the first stop.
 TEST_F(DialogKeys, AControlThatIsHiddenOrDestroyedHandsTheFocusOn) {
-    OnUserInterface([&] { SetDlgItemTextA(dialog_.Shown().Handle(), IDC_LINE, "text"); });
+    dialog_->SetText(IDC_LINE, "text");
     const struct {
         int id;
         std::function<void(HWND)> go;
@@ -269,45 +263,40 @@ TEST_F(DialogKeys, AControlThatIsHiddenOrDestroyedHandsTheFocusOn) {
                  {IDC_APPLY, [](HWND window) { DestroyWindow(window); }}};
     for (const auto& each : cases) {
         Focus(each.id);
-        dialog_.TakeNotifications();
-        OnUserInterface([&] { each.go(dialog_.Shown().Control(each.id)); });
+        OnUserInterface([&] { each.go(dialog_->Control(each.id)); });
         EXPECT_EQ(dialog_.TakeNotifications(), Code(IDC_LINE, EN_SETFOCUS));
-        EXPECT_EQ(OnUserInterface([&] {
-                      return SendDlgItemMessageA(dialog_.Shown().Handle(), IDC_LINE, EM_GETSEL, 0,
-                                                 0);
-                  }),
-                  MAKELONG(0, 4));
+        EXPECT_EQ(Send(IDC_LINE, EM_GETSEL), MAKELONG(0, 4));
     }
 }
 
 TEST_F(DialogKeys, ArrowsMoveAmongPushButtonsWithoutPressingThem) {
     GoTo(IDOK);
     EXPECT_EQ(Press(VK_RIGHT), "");
-    EXPECT_EQ(dialog_.Shown().FocusedId(), IDC_APPLY);
+    EXPECT_EQ(dialog_->FocusedId(), IDC_APPLY);
     EXPECT_EQ(Press(VK_RIGHT), "");
-    EXPECT_EQ(dialog_.Shown().FocusedId(), IDOK) << "a disabled button is passed over";
+    EXPECT_EQ(dialog_->FocusedId(), IDOK) << "a disabled button is passed over";
 }
 
 TEST_F(DialogKeys, SpacePressesTheFocusedButtonWhenItComesUp) {
     Focus(IDC_CHECK);
     EXPECT_EQ(Press(VK_SPACE), Pressed(IDC_CHECK));
-    EXPECT_TRUE(dialog_.Shown().IsChecked(IDC_CHECK));
+    EXPECT_TRUE(dialog_->IsChecked(IDC_CHECK));
     Focus(IDC_APPLY);
     EXPECT_EQ(Press(VK_SPACE), Pressed(IDC_APPLY));
 }
 
 TEST_F(DialogKeys, MarkedLettersPressButtonsAndLeadFromLabelsToTheirFields) {
-    dialog_.Shown().AltKey('n');
-    EXPECT_EQ(dialog_.Shown().FocusedId(), IDC_NAME);
+    dialog_->AltKey('n');
+    EXPECT_EQ(dialog_->FocusedId(), IDC_NAME);
     dialog_.TakeNotifications();
-    dialog_.Shown().AltKey('p');
+    dialog_->AltKey('p');
     EXPECT_NE(dialog_.TakeNotifications().find(Pressed(IDC_APPLY)), std::string::npos);
-    dialog_.Shown().AltKey('g');
+    dialog_->AltKey('g');
     EXPECT_EQ(dialog_.TakeNotifications(), "") << "a disabled button";
-    dialog_.Shown().AltKey('c');
-    EXPECT_TRUE(dialog_.Shown().IsChecked(IDC_CHECK));
-    dialog_.Shown().AltKey('b');
-    EXPECT_TRUE(dialog_.Shown().IsChecked(IDC_RADIO_B));
+    dialog_->AltKey('c');
+    EXPECT_TRUE(dialog_->IsChecked(IDC_CHECK));
+    dialog_->AltKey('b');
+    EXPECT_TRUE(dialog_->IsChecked(IDC_RADIO_B));
 }
 
 }  // namespace

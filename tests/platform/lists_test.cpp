@@ -25,13 +25,10 @@ std::string NoSpace() {
     return Code(IDC_COMBO, kErrorSpace);
 }
 
-class Lists : public testing::Test {
+class Lists : public kit::RecordedTest {
   protected:
-    LRESULT Send(int id, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-        return OnUserInterface([&] {
-            return SendDlgItemMessageA(dialog_.Shown().Handle(), id, message, wParam, lParam);
-        });
-    }
+    Lists() : RecordedTest(IDD_LISTS, "Lists") {}
+
     LRESULT SendText(int id, UINT message, int wParam, const char* text) {
         return Send(id, message, static_cast<WPARAM>(wParam), reinterpret_cast<LPARAM>(text));
     }
@@ -39,12 +36,6 @@ class Lists : public testing::Test {
         for (const char* row : {"apple", "Banana", "apricot", "cherry"})
             SendText(id, add, 0, row);
     }
-    void Focus(int id) {
-        OnUserInterface([&] { SetFocus(GetDlgItem(dialog_.Shown().Handle(), id)); });
-        dialog_.TakeNotifications();
-    }
-
-    kit::RecordedDialog dialog_{IDD_LISTS, "Lists"};
 };
 
 TEST_F(Lists, SelectingByMessageNotifiesNobodyAndABadRowIsAnError) {
@@ -136,17 +127,17 @@ TEST_F(Lists, KeysMoveTheCaretInAComboBoxsEditAndDelete) {
     SendText(IDC_COMBO, WM_SETTEXT, 0, "abc");
     EXPECT_EQ(Send(IDC_DROP_LIST, CB_GETEDITSEL), CB_ERR) << "a list without an edit";
     Focus(IDC_DROP_LIST);
-    OnUserInterface([&] { SetFocus(dialog_.Shown().Control(IDC_COMBO)); });
+    dialog_->Focus(IDC_COMBO);
     EXPECT_EQ(Send(IDC_COMBO, CB_GETEDITSEL), MAKELONG(0, 3)) << "all is selected by the focus";
     dialog_.TakeNotifications();
-    dialog_.Shown().Key(VK_HOME);
-    dialog_.Shown().Key(VK_RIGHT);
+    dialog_->Key(VK_HOME);
+    dialog_->Key(VK_RIGHT);
     EXPECT_EQ(Send(IDC_COMBO, CB_GETEDITSEL), MAKELONG(1, 1));
-    dialog_.Shown().Key(VK_DELETE);
-    EXPECT_EQ(dialog_.Shown().Text(IDC_COMBO), "ac");
+    dialog_->Key(VK_DELETE);
+    EXPECT_EQ(dialog_->Text(IDC_COMBO), "ac");
     EXPECT_EQ(dialog_.TakeNotifications(), Edited());
-    dialog_.Shown().Key(VK_END);
-    dialog_.Shown().Key(VK_DELETE);
+    dialog_->Key(VK_END);
+    dialog_->Key(VK_DELETE);
     EXPECT_EQ(dialog_.TakeNotifications(), "") << "nothing stands behind";
 }
 
@@ -159,7 +150,7 @@ TEST_F(Lists, RowsThatComeAndGoBeforeTheSelectedOneMoveTheSelection) {
     EXPECT_EQ(Send(IDC_LIST, LB_GETCURSEL), 1);
     EXPECT_EQ(SendText(IDC_LIST, LB_INSERTSTRING, 0, "first"), 0);
     EXPECT_EQ(Send(IDC_LIST, LB_GETCURSEL), 2);
-    EXPECT_EQ(dialog_.Shown().Row(IDC_LIST, 2), "apricot");
+    EXPECT_EQ(dialog_->Row(IDC_LIST, 2), "apricot");
     EXPECT_EQ(SendText(IDC_LIST, LB_INSERTSTRING, 9, "nowhere"), LB_ERR);
     EXPECT_EQ(Send(IDC_LIST, LB_DELETESTRING, 9), LB_ERR);
     Send(IDC_LIST, LB_RESETCONTENT);
@@ -170,35 +161,35 @@ TEST_F(Lists, RowsThatComeAndGoBeforeTheSelectedOneMoveTheSelection) {
 TEST_F(Lists, KeysAndLettersChooseRowsAndTellTheProgram) {
     Fill(IDC_LIST, LB_ADDSTRING);
     Focus(IDC_LIST);
-    dialog_.Shown().Key(VK_DOWN);
-    EXPECT_EQ(dialog_.Shown().SelectedRow(IDC_LIST), 0);
+    dialog_->Key(VK_DOWN);
+    EXPECT_EQ(dialog_->SelectedRow(IDC_LIST), 0);
     EXPECT_EQ(dialog_.TakeNotifications(), Code(IDC_LIST, LBN_SELCHANGE));
-    dialog_.Shown().Key(VK_END);
-    EXPECT_EQ(dialog_.Shown().SelectedRow(IDC_LIST), 3);
-    dialog_.Shown().Key('B');
-    EXPECT_EQ(dialog_.Shown().SelectedRow(IDC_LIST), 1);
+    dialog_->Key(VK_END);
+    EXPECT_EQ(dialog_->SelectedRow(IDC_LIST), 3);
+    dialog_->Key('B');
+    EXPECT_EQ(dialog_->SelectedRow(IDC_LIST), 1);
     Focus(IDC_CAPITALS);
     Focus(IDC_LIST);
-    dialog_.Shown().Key('C');
-    EXPECT_EQ(dialog_.Shown().SelectedRow(IDC_LIST), 3) << "not what begins with both letters";
+    dialog_->Key('C');
+    EXPECT_EQ(dialog_->SelectedRow(IDC_LIST), 3) << "not what begins with both letters";
 }
 
 TEST_F(Lists, SpaceChoosesTheRowThatKeysStandOn) {
     Fill(IDC_LIST, LB_ADDSTRING);
     Focus(IDC_LIST);
-    dialog_.Shown().Key(VK_SPACE);
-    EXPECT_EQ(dialog_.Shown().SelectedRow(IDC_LIST), 0);
+    dialog_->Key(VK_SPACE);
+    EXPECT_EQ(dialog_->SelectedRow(IDC_LIST), 0);
     EXPECT_EQ(dialog_.TakeNotifications(), Code(IDC_LIST, LBN_SELCHANGE));
     Send(IDC_LIST, LB_SETCURSEL, 2);
-    dialog_.Shown().Key(VK_SPACE);
-    EXPECT_EQ(dialog_.Shown().SelectedRow(IDC_LIST), 2);
+    dialog_->Key(VK_SPACE);
+    EXPECT_EQ(dialog_->SelectedRow(IDC_LIST), 2);
     EXPECT_EQ(dialog_.TakeNotifications(), "");
 }
 
 TEST_F(Lists, AClickTakesTheFocusAndChoosesAndADoubleClickIsTold) {
     Fill(IDC_LIST, LB_ADDSTRING);
     Focus(IDC_CAPITALS);
-    const HWND list = dialog_.Shown().Control(IDC_LIST);
+    const HWND list = dialog_->Control(IDC_LIST);
     const std::string chosen = Code(IDC_LIST, LBN_SELCHANGE);
     kit::ClickRow(list, 2);
     EXPECT_EQ(dialog_.TakeNotifications(),
@@ -214,7 +205,7 @@ TEST_F(Lists, AClickTakesTheFocusAndChoosesAndADoubleClickIsTold) {
 
 TEST_F(Lists, ADisabledOneTakesNoClicks) {
     Fill(IDC_LIST, LB_ADDSTRING);
-    const HWND list = dialog_.Shown().Control(IDC_LIST);
+    const HWND list = dialog_->Control(IDC_LIST);
     Focus(IDC_CAPITALS);
     OnUserInterface([list] { EnableWindow(list, FALSE); });
     kit::ClickRow(list, 1);
@@ -226,29 +217,29 @@ TEST_F(Lists, ADisabledOneTakesNoClicks) {
 TEST_F(Lists, AUsersChoiceInADropDownListTellsOkThenChange) {
     Fill(IDC_DROP_LIST, CB_ADDSTRING);
     Focus(IDC_DROP_LIST);
-    dialog_.Shown().Key(VK_DOWN);
+    dialog_->Key(VK_DOWN);
     EXPECT_EQ(dialog_.TakeNotifications(),
               Code(IDC_DROP_LIST, CBN_SELENDOK) + " " + Code(IDC_DROP_LIST, CBN_SELCHANGE));
-    EXPECT_EQ(dialog_.Shown().Text(IDC_DROP_LIST), "apple");
+    EXPECT_EQ(dialog_->Text(IDC_DROP_LIST), "apple");
 }
 
 TEST_F(Lists, AKeyThatStaysOnTheSameRowStillTells) {
     Fill(IDC_LIST, LB_ADDSTRING);
     Send(IDC_LIST, LB_SETCURSEL, 3);
     Focus(IDC_LIST);
-    dialog_.Shown().Key(VK_DOWN);
+    dialog_->Key(VK_DOWN);
     EXPECT_EQ(dialog_.TakeNotifications(), Code(IDC_LIST, LBN_SELCHANGE));
     Fill(IDC_DROP_LIST, CB_ADDSTRING);
     Send(IDC_DROP_LIST, CB_SETCURSEL, 3);
     Focus(IDC_DROP_LIST);
-    dialog_.Shown().Key(VK_DOWN);
+    dialog_->Key(VK_DOWN);
     EXPECT_EQ(dialog_.TakeNotifications(),
               Code(IDC_DROP_LIST, CBN_SELENDOK) + " " + Code(IDC_DROP_LIST, CBN_SELCHANGE));
 }
 
 TEST_F(Lists, KeysInAnEmptyListChooseNothing) {
     Focus(IDC_LIST);
-    dialog_.Shown().Key(VK_DOWN);
+    dialog_->Key(VK_DOWN);
     EXPECT_EQ(dialog_.TakeNotifications(), "");
     EXPECT_EQ(Send(IDC_LIST, LB_GETCURSEL), LB_ERR);
 }
@@ -267,12 +258,12 @@ TEST_F(Lists, DroppingAndClosingAreTold) {
 
 TEST_F(Lists, TypingIntoAComboBoxIsToldAndObeysItsLimit) {
     Send(IDC_COMBO, CB_LIMITTEXT, 3);
-    dialog_.Shown().Type(IDC_COMBO, "");
+    dialog_->Type(IDC_COMBO, "");
     dialog_.TakeNotifications();
     for (const char character : {'a', 'b', 'c', 'd'})
         OnUserInterface(
             [&] { SendMessageA(GetFocus(), WM_CHAR, static_cast<WPARAM>(character), 0); });
-    EXPECT_EQ(dialog_.Shown().Text(IDC_COMBO), "abc");
+    EXPECT_EQ(dialog_->Text(IDC_COMBO), "abc");
     const std::string threeTimes = Edited() + " " + Edited() + " " + Edited();
     EXPECT_EQ(dialog_.TakeNotifications(),
               kit::ExceptOn(WindowSystem::kWine, threeTimes + " " + NoSpace() + " " + Edited(),
@@ -284,11 +275,11 @@ TEST_F(Lists, TypingIntoAComboBoxIsToldAndObeysItsLimit) {
 TEST_F(Lists, WhatIsPastedIntoAComboBoxObeysItsLimit) {
     Send(IDC_COMBO, CB_LIMITTEXT, 3);
     Focus(IDC_COMBO);
-    kit::Paste(dialog_.Shown().Control(IDC_COMBO), "abcd");
-    EXPECT_EQ(dialog_.Shown().Text(IDC_COMBO), "abc");
+    kit::Paste(dialog_->Control(IDC_COMBO), "abcd");
+    EXPECT_EQ(dialog_->Text(IDC_COMBO), "abc");
     dialog_.TakeNotifications();
-    kit::Paste(dialog_.Shown().Control(IDC_COMBO), "x");
-    EXPECT_EQ(dialog_.Shown().Text(IDC_COMBO), "abc");
+    kit::Paste(dialog_->Control(IDC_COMBO), "x");
+    EXPECT_EQ(dialog_->Text(IDC_COMBO), "abc");
     EXPECT_EQ(dialog_.TakeNotifications(),
               kit::ExceptOn(WindowSystem::kWine, NoSpace() + " " + Edited(),
                             "takes a text that does not fit for a lack of memory and a change",
@@ -298,24 +289,24 @@ TEST_F(Lists, WhatIsPastedIntoAComboBoxObeysItsLimit) {
 TEST_F(Lists, TypingIntoAComboBoxLeavesNoRowSelected) {
     Fill(IDC_COMBO, CB_ADDSTRING);
     Send(IDC_COMBO, CB_SETCURSEL, 1);
-    dialog_.Shown().Type(IDC_COMBO, "x");
+    dialog_->Type(IDC_COMBO, "x");
     EXPECT_EQ(Send(IDC_COMBO, CB_GETCURSEL), CB_ERR);
-    dialog_.Shown().Type(IDC_COMBO, "Banana");
+    dialog_->Type(IDC_COMBO, "Banana");
     EXPECT_EQ(Send(IDC_COMBO, CB_GETCURSEL), CB_ERR) << "not even by a row's whole text";
 }
 
 TEST_F(Lists, AComboBoxsEditTakesAnyTextAndShowsTheRowThatIsSelected) {
     Fill(IDC_COMBO, CB_ADDSTRING);
     dialog_.TakeNotifications();
-    OnUserInterface([&] { SetDlgItemTextA(dialog_.Shown().Handle(), IDC_COMBO, "own words"); });
+    dialog_->SetText(IDC_COMBO, "own words");
     EXPECT_EQ(dialog_.TakeNotifications(), "");
-    EXPECT_EQ(dialog_.Shown().Text(IDC_COMBO), "own words");
+    EXPECT_EQ(dialog_->Text(IDC_COMBO), "own words");
     Focus(IDC_COMBO);
     Send(IDC_COMBO, CB_SETCURSEL, 1);
-    EXPECT_EQ(dialog_.Shown().Text(IDC_COMBO), "Banana");
+    EXPECT_EQ(dialog_->Text(IDC_COMBO), "Banana");
     EXPECT_EQ(Send(IDC_COMBO, CB_GETEDITSEL), MAKELONG(0, 6)) << "ready to be typed over";
     Send(IDC_COMBO, CB_SETCURSEL, static_cast<WPARAM>(-1));
-    EXPECT_EQ(dialog_.Shown().Text(IDC_COMBO), "");
+    EXPECT_EQ(dialog_->Text(IDC_COMBO), "");
     EXPECT_EQ(SendText(IDC_DROP_LIST, WM_SETTEXT, 0, "no edit"), CB_ERR);
 }
 
@@ -334,18 +325,18 @@ TEST_F(Lists, EmptyingAComboBoxEmptiesItsEdit) {
     for (const int id : {IDC_COMBO, IDC_SIMPLE}) {
         Fill(id, CB_ADDSTRING);
         Send(id, CB_SETCURSEL, 1);
-        ASSERT_EQ(dialog_.Shown().Text(id), "Banana");
+        ASSERT_EQ(dialog_->Text(id), "Banana");
         Send(id, CB_RESETCONTENT);
-        EXPECT_EQ(dialog_.Shown().Text(id), "") << id;
-        EXPECT_EQ(dialog_.Shown().Rows(id), 0) << id;
+        EXPECT_EQ(dialog_->Text(id), "") << id;
+        EXPECT_EQ(dialog_->Rows(id), 0) << id;
     }
 }
 
 TEST_F(Lists, ASortedListPutsRowsInOrderIgnoringCase) {
     Fill(IDC_SORTED, LB_ADDSTRING);
     std::string order;
-    for (int row = 0; row < dialog_.Shown().Rows(IDC_SORTED); ++row)
-        order += dialog_.Shown().Row(IDC_SORTED, row) + " ";
+    for (int row = 0; row < dialog_->Rows(IDC_SORTED); ++row)
+        order += dialog_->Row(IDC_SORTED, row) + " ";
     EXPECT_EQ(order, "apple apricot Banana cherry ");
 }
 

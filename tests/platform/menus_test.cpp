@@ -64,24 +64,22 @@ TEST(Menus, ItemsAreAppended) {
     EXPECT_TRUE(DestroyMenu(popup));
 }
 
-TEST(Menus, ABarTakesItsHeightFromTheClientArea) {
-    kit::RunAsProgram([] {
-        const HWND window = kit::MakePlainWindow();
-        RECT before;
-        GetClientRect(window, &before);
-        EXPECT_EQ(GetMenu(window), nullptr);
-        const HMENU bar = LoadBar();
-        EXPECT_TRUE(SetMenu(window, bar));
-        EXPECT_EQ(GetMenu(window), bar);
-        RECT after;
-        GetClientRect(window, &after);
-        EXPECT_LT(after.bottom, before.bottom);
-        EXPECT_EQ(after.right, before.right);
-        EXPECT_TRUE(SetMenu(window, nullptr));
-        GetClientRect(window, &after);
-        EXPECT_EQ(after.bottom, before.bottom);
-        EXPECT_EQ(GetMenuItemCount(bar), 3) << "a bar that is taken off lives on";
-    });
+PROGRAM_TEST(Menus, ABarTakesItsHeightFromTheClientArea) {
+    const HWND window = kit::MakePlainWindow();
+    RECT before;
+    GetClientRect(window, &before);
+    EXPECT_EQ(GetMenu(window), nullptr);
+    const HMENU bar = LoadBar();
+    EXPECT_TRUE(SetMenu(window, bar));
+    EXPECT_EQ(GetMenu(window), bar);
+    RECT after;
+    GetClientRect(window, &after);
+    EXPECT_LT(after.bottom, before.bottom);
+    EXPECT_EQ(after.right, before.right);
+    EXPECT_TRUE(SetMenu(window, nullptr));
+    GetClientRect(window, &after);
+    EXPECT_EQ(after.bottom, before.bottom);
+    EXPECT_EQ(GetMenuItemCount(bar), 3) << "a bar that is taken off lives on";
 }
 
 }  // namespace

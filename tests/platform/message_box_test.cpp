@@ -18,7 +18,7 @@ class MessageBoxes : public testing::Test {
     kit::Dialog Open(UINT style) {
         kit::BeginStep([=, this] {
             answer_ = kStaysOpen;
-            answer_ = MessageBoxA(owner_.Shown().Handle(), "Text", "Title", style);
+            answer_ = MessageBoxA(owner_->Handle(), "Text", "Title", style);
         });
         return kit::WaitForDialog("Title");
     }
@@ -89,13 +89,13 @@ TEST_F(MessageBoxes, KeysLeadToTheOtherButtonAndLettersPressOne) {
 }
 
 TEST_F(MessageBoxes, WithoutATitleSayError) {
-    kit::BeginStep([this] { answer_ = MessageBoxA(owner_.Shown().Handle(), "Text", nullptr, 0); });
+    kit::BeginStep([this] { answer_ = MessageBoxA(owner_->Handle(), "Text", nullptr, 0); });
     kit::WaitForDialog("Error").Key(VK_RETURN);
     EXPECT_EQ(Answer(), IDOK);
 }
 
 TEST_F(MessageBoxes, WithoutAnOwnerLeaveOtherWindowsAloneUnlessTheyAreToShutThemOut) {
-    const HWND other = owner_.Shown().Handle();
+    const HWND other = owner_->Handle();
     for (const auto& [style, enabled] : {std::pair{UINT{MB_OK}, true}, {MB_TASKMODAL, false}}) {
         kit::BeginStep([style = style] { MessageBoxA(nullptr, "Text", "Title", style); });
         const kit::Dialog box = kit::WaitForDialog("Title");
@@ -108,7 +108,7 @@ TEST_F(MessageBoxes, WithoutAnOwnerLeaveOtherWindowsAloneUnlessTheyAreToShutThem
 
 TEST_F(MessageBoxes, AreAsWideAsTheirTitleNeeds) {
     const auto widthWith = [this](const char* title) {
-        kit::BeginStep([=, this] { MessageBoxA(owner_.Shown().Handle(), "Text", title, MB_OK); });
+        kit::BeginStep([=, this] { MessageBoxA(owner_->Handle(), "Text", title, MB_OK); });
         const kit::Dialog box = kit::WaitForDialog(title);
         RECT rect{};
         GetWindowRect(box.Handle(), &rect);

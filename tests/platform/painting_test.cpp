@@ -10,7 +10,6 @@ namespace {
 
 using kit::Drain;
 using kit::MakePlainWindow;
-using kit::RunAsProgram;
 using kit::Told;
 
 COLORREF ColourAt(HWND window, int x, int y) {
@@ -20,84 +19,78 @@ COLORREF ColourAt(HWND window, int x, int y) {
     return colour;
 }
 
-TEST(Painting, ComesAgainUntilTheUpdateRegionIsTaken) {
-    RunAsProgram([] {
-        const HWND window = MakePlainWindow();
-        ShowWindow(window, SW_SHOW);
-        Drain();
-        RECT part{5, 6, 25, 16};
-        InvalidateRect(window, &part, FALSE);
-        MSG message;
-        EXPECT_TRUE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE));
-        EXPECT_EQ(message.message, static_cast<UINT>(WM_PAINT));
-        EXPECT_TRUE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE));
-        EXPECT_EQ(message.message, static_cast<UINT>(WM_PAINT));
-        PAINTSTRUCT paint;
-        const HDC dc = BeginPaint(window, &paint);
-        EXPECT_EQ(paint.rcPaint.left, 5);
-        EXPECT_EQ(paint.rcPaint.bottom, 16);
-        // Only what waits to be painted is drawn on.
-        const HBRUSH brush = CreateSolidBrush(RGB(200, 100, 50));
-        RECT all{0, 0, 200, 100};
-        FillRect(dc, &all, brush);
-        DeleteObject(brush);
-        EndPaint(window, &paint);
-        EXPECT_FALSE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE));
-        EXPECT_EQ(ColourAt(window, 10, 10), RGB(200, 100, 50));
-        EXPECT_EQ(ColourAt(window, 40, 40), kit::kPlainBackground) << "the class's background";
-    });
+PROGRAM_TEST(Painting, ComesAgainUntilTheUpdateRegionIsTaken) {
+    const HWND window = MakePlainWindow();
+    ShowWindow(window, SW_SHOW);
+    Drain();
+    RECT part{5, 6, 25, 16};
+    InvalidateRect(window, &part, FALSE);
+    MSG message;
+    EXPECT_TRUE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE));
+    EXPECT_EQ(message.message, static_cast<UINT>(WM_PAINT));
+    EXPECT_TRUE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE));
+    EXPECT_EQ(message.message, static_cast<UINT>(WM_PAINT));
+    PAINTSTRUCT paint;
+    const HDC dc = BeginPaint(window, &paint);
+    EXPECT_EQ(paint.rcPaint.left, 5);
+    EXPECT_EQ(paint.rcPaint.bottom, 16);
+    // Only what waits to be painted is drawn on.
+    const HBRUSH brush = CreateSolidBrush(RGB(200, 100, 50));
+    RECT all{0, 0, 200, 100};
+    FillRect(dc, &all, brush);
+    DeleteObject(brush);
+    EndPaint(window, &paint);
+    EXPECT_FALSE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE));
+    EXPECT_EQ(ColourAt(window, 10, 10), RGB(200, 100, 50));
+    EXPECT_EQ(ColourAt(window, 40, 40), kit::kPlainBackground) << "the class's background";
 }
 
-TEST(Painting, UpdatingPaintsAtOnceAndOnlyWhatIsDamaged) {
-    RunAsProgram([] {
-        const HWND window = MakePlainWindow();
-        InvalidateRect(window, nullptr, TRUE);
-        UpdateWindow(window);
-        EXPECT_TRUE(Told().empty()) << "a hidden window is not painted";
-        ShowWindow(window, SW_SHOW);
-        UpdateWindow(window);
-        Drain();
-        Told().clear();
-        UpdateWindow(window);
-        EXPECT_TRUE(Told().empty()) << "nothing is damaged";
-        InvalidateRect(window, nullptr, FALSE);
-        UpdateWindow(window);
-        EXPECT_EQ(Told(), std::vector<UINT>{WM_PAINT});
-        EXPECT_TRUE(Drain().empty());
-    });
+PROGRAM_TEST(Painting, UpdatingPaintsAtOnceAndOnlyWhatIsDamaged) {
+    const HWND window = MakePlainWindow();
+    InvalidateRect(window, nullptr, TRUE);
+    UpdateWindow(window);
+    EXPECT_TRUE(Told().empty()) << "a hidden window is not painted";
+    ShowWindow(window, SW_SHOW);
+    UpdateWindow(window);
+    Drain();
+    Told().clear();
+    UpdateWindow(window);
+    EXPECT_TRUE(Told().empty()) << "nothing is damaged";
+    InvalidateRect(window, nullptr, FALSE);
+    UpdateWindow(window);
+    EXPECT_EQ(Told(), std::vector<UINT>{WM_PAINT});
+    EXPECT_TRUE(Drain().empty());
 }
 
-TEST(Painting, DamageAddsUpAndIsErasedWhenAnyOfItAsksForThat) {
-    RunAsProgram([] {
-        const HWND window = MakePlainWindow();
-        ShowWindow(window, SW_SHOW);
-        UpdateWindow(window);
-        Drain();
-        const HBRUSH brush = CreateSolidBrush(RGB(200, 100, 50));
-        const RECT all{0, 0, 200, 100};
-        const HDC dc = GetDC(window);
-        FillRect(dc, &all, brush);
-        ReleaseDC(window, dc);
-        DeleteObject(brush);
-        const RECT kept{10, 10, 20, 20};
-        InvalidateRect(window, &kept, FALSE);
-        PAINTSTRUCT paint;
-        BeginPaint(window, &paint);
-        EndPaint(window, &paint);
-        EXPECT_EQ(ColourAt(window, 15, 15), RGB(200, 100, 50));
-        const RECT other{30, 10, 40, 30};
-        InvalidateRect(window, &kept, TRUE);
-        InvalidateRect(window, &other, FALSE);
-        BeginPaint(window, &paint);
-        EXPECT_EQ(paint.rcPaint.left, 10);
-        EXPECT_EQ(paint.rcPaint.right, 40);
-        EXPECT_EQ(paint.rcPaint.bottom, 30);
-        EXPECT_FALSE(paint.fErase) << "the class's brush has erased";
-        EndPaint(window, &paint);
-        EXPECT_EQ(ColourAt(window, 15, 15), kit::kPlainBackground);
-        EXPECT_EQ(ColourAt(window, 35, 15), kit::kPlainBackground);
-        EXPECT_EQ(ColourAt(window, 5, 5), RGB(200, 100, 50));
-    });
+PROGRAM_TEST(Painting, DamageAddsUpAndIsErasedWhenAnyOfItAsksForThat) {
+    const HWND window = MakePlainWindow();
+    ShowWindow(window, SW_SHOW);
+    UpdateWindow(window);
+    Drain();
+    const HBRUSH brush = CreateSolidBrush(RGB(200, 100, 50));
+    const RECT all{0, 0, 200, 100};
+    const HDC dc = GetDC(window);
+    FillRect(dc, &all, brush);
+    ReleaseDC(window, dc);
+    DeleteObject(brush);
+    const RECT kept{10, 10, 20, 20};
+    InvalidateRect(window, &kept, FALSE);
+    PAINTSTRUCT paint;
+    BeginPaint(window, &paint);
+    EndPaint(window, &paint);
+    EXPECT_EQ(ColourAt(window, 15, 15), RGB(200, 100, 50));
+    const RECT other{30, 10, 40, 30};
+    InvalidateRect(window, &kept, TRUE);
+    InvalidateRect(window, &other, FALSE);
+    BeginPaint(window, &paint);
+    EXPECT_EQ(paint.rcPaint.left, 10);
+    EXPECT_EQ(paint.rcPaint.right, 40);
+    EXPECT_EQ(paint.rcPaint.bottom, 30);
+    EXPECT_FALSE(paint.fErase) << "the class's brush has erased";
+    EndPaint(window, &paint);
+    EXPECT_EQ(ColourAt(window, 15, 15), kit::kPlainBackground);
+    EXPECT_EQ(ColourAt(window, 35, 15), kit::kPlainBackground);
+    EXPECT_EQ(ColourAt(window, 5, 5), RGB(200, 100, 50));
 }
 
 void FillWith(HWND window, const HDC dc, COLORREF colour) {
@@ -108,69 +101,62 @@ void FillWith(HWND window, const HDC dc, COLORREF colour) {
     DeleteObject(brush);
 }
 
-TEST(Painting, OnAControlLastsUntilTheControlIsPaintedAnew) {
-    RunAsProgram([] {
-        const HWND window = MakePlainWindow();
-        const HWND label = CreateWindowExA(0, "Static", "first", WS_CHILD | WS_VISIBLE, 10, 10, 60,
-                                           20, window, nullptr, nullptr, nullptr);
-        ShowWindow(window, SW_SHOW);
-        UpdateWindow(window);
-        Drain();
-        constexpr COLORREF kDrawn = RGB(10, 200, 30);
-        const auto draw = [label] {
-            const HDC dc = GetDC(label);
-            FillWith(label, dc, kDrawn);
-            ReleaseDC(label, dc);
-            return ColourAt(label, 50, 15);
-        };
-        EXPECT_EQ(draw(), kDrawn);
-        SetWindowTextA(label, "second");
-        EXPECT_NE(ColourAt(label, 50, 15), kDrawn);
-        EXPECT_EQ(draw(), kDrawn);
-        InvalidateRect(label, nullptr, TRUE);
-        UpdateWindow(label);
-        EXPECT_NE(ColourAt(label, 50, 15), kDrawn);
-    });
+PROGRAM_TEST(Painting, OnAControlLastsUntilTheControlIsPaintedAnew) {
+    const HWND window = MakePlainWindow();
+    const HWND label = CreateWindowExA(0, "Static", "first", WS_CHILD | WS_VISIBLE, 10, 10, 60, 20,
+                                       window, nullptr, nullptr, nullptr);
+    ShowWindow(window, SW_SHOW);
+    UpdateWindow(window);
+    Drain();
+    constexpr COLORREF kDrawn = RGB(10, 200, 30);
+    const auto draw = [label] {
+        const HDC dc = GetDC(label);
+        FillWith(label, dc, kDrawn);
+        ReleaseDC(label, dc);
+        return ColourAt(label, 50, 15);
+    };
+    EXPECT_EQ(draw(), kDrawn);
+    SetWindowTextA(label, "second");
+    EXPECT_NE(ColourAt(label, 50, 15), kDrawn);
+    EXPECT_EQ(draw(), kDrawn);
+    InvalidateRect(label, nullptr, TRUE);
+    UpdateWindow(label);
+    EXPECT_NE(ColourAt(label, 50, 15), kDrawn);
 }
 
-TEST(Painting, AWindowOfItsOwnContextKeepsOneForItsLife) {
-    RunAsProgram([] {
-        WNDCLASSA windowClass{};
-        windowClass.style = CS_OWNDC;
-        windowClass.lpfnWndProc = DefWindowProcA;
-        windowClass.hInstance = GetModuleHandleA(nullptr);
-        windowClass.hbrBackground = CreateSolidBrush(kit::kPlainBackground);
-        windowClass.lpszClassName = "Owning";
-        ASSERT_NE(RegisterClassA(&windowClass), 0);
-        const HWND window =
-            CreateWindowExA(0, "Owning", "", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10, 200, 100,
-                            nullptr, nullptr, windowClass.hInstance, nullptr);
-        UpdateWindow(window);
-        const HDC own = GetDC(window);
-        FillWith(window, own, RGB(10, 200, 30));
-        EXPECT_EQ(GetDC(window), own);
-        ReleaseDC(window, own);
-        EXPECT_EQ(GetPixel(own, 5, 5), RGB(10, 200, 30)) << "releasing it does nothing";
-        const RECT part{0, 0, 20, 20};
-        InvalidateRect(window, &part, TRUE);
-        PAINTSTRUCT paint;
-        EXPECT_EQ(BeginPaint(window, &paint), own);
-        EndPaint(window, &paint);
-        EXPECT_EQ(GetPixel(own, 5, 5), kit::kPlainBackground);
-        EXPECT_EQ(GetPixel(own, 50, 50), RGB(10, 200, 30));
-        FillWith(window, own, RGB(70, 80, 90));
-        EXPECT_EQ(GetPixel(own, 50, 50), RGB(70, 80, 90)) << "it reaches all of the window again";
-    });
+PROGRAM_TEST(Painting, AWindowOfItsOwnContextKeepsOneForItsLife) {
+    WNDCLASSA windowClass{};
+    windowClass.style = CS_OWNDC;
+    windowClass.lpfnWndProc = DefWindowProcA;
+    windowClass.hInstance = GetModuleHandleA(nullptr);
+    windowClass.hbrBackground = CreateSolidBrush(kit::kPlainBackground);
+    windowClass.lpszClassName = "Owning";
+    ASSERT_NE(RegisterClassA(&windowClass), 0);
+    const HWND window = CreateWindowExA(0, "Owning", "", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10,
+                                        200, 100, nullptr, nullptr, windowClass.hInstance, nullptr);
+    UpdateWindow(window);
+    const HDC own = GetDC(window);
+    FillWith(window, own, RGB(10, 200, 30));
+    EXPECT_EQ(GetDC(window), own);
+    ReleaseDC(window, own);
+    EXPECT_EQ(GetPixel(own, 5, 5), RGB(10, 200, 30)) << "releasing it does nothing";
+    const RECT part{0, 0, 20, 20};
+    InvalidateRect(window, &part, TRUE);
+    PAINTSTRUCT paint;
+    EXPECT_EQ(BeginPaint(window, &paint), own);
+    EndPaint(window, &paint);
+    EXPECT_EQ(GetPixel(own, 5, 5), kit::kPlainBackground);
+    EXPECT_EQ(GetPixel(own, 50, 50), RGB(10, 200, 30));
+    FillWith(window, own, RGB(70, 80, 90));
+    EXPECT_EQ(GetPixel(own, 50, 50), RGB(70, 80, 90)) << "it reaches all of the window again";
 }
 
-TEST(Painting, OutsideTheClientAreaThereIsNoColour) {
-    RunAsProgram([] {
-        const HWND window = MakePlainWindow();
-        ShowWindow(window, SW_SHOW);
-        UpdateWindow(window);
-        EXPECT_EQ(ColourAt(window, -1, 5), 0xFFFFFFFFu);
-        EXPECT_EQ(ColourAt(window, 5, 2000), 0xFFFFFFFFu);
-    });
+PROGRAM_TEST(Painting, OutsideTheClientAreaThereIsNoColour) {
+    const HWND window = MakePlainWindow();
+    ShowWindow(window, SW_SHOW);
+    UpdateWindow(window);
+    EXPECT_EQ(ColourAt(window, -1, 5), 0xFFFFFFFFu);
+    EXPECT_EQ(ColourAt(window, 5, 2000), 0xFFFFFFFFu);
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "tests/platform/plain_window.h"
 
-#include "tests/kit/user_interface.h"
-
 namespace kit {
 namespace {
 
@@ -14,13 +12,6 @@ LRESULT CALLBACK TellingProcedure(HWND window, UINT message, WPARAM wParam, LPAR
 }
 
 }  // namespace
-
-void RunAsProgram(const std::function<void()>& body) {
-    StartProgram([&body] {
-        body();
-        return 0;
-    }).get();
-}
 
 HWND MakePlainWindow() {
     WNDCLASSA windowClass{};

@@ -1,10 +1,10 @@
 // A program of the test's own with a window that writes down what it is told.
 #pragma once
 
-#include <functional>
 #include <vector>
 
 #include "platform/win32.h"
+#include "tests/kit/user_interface.h"
 
 namespace kit {
 
@@ -13,10 +13,7 @@ inline constexpr UINT kFirstMessage = WM_APP + 10;
 inline constexpr UINT kDoubleMessage = kFirstMessage + 5;
 inline constexpr COLORREF kPlainBackground = RGB(1, 2, 3);
 
-// Engineer's thread: runs a body as the program and waits for its end. One a process.
-void RunAsProgram(const std::function<void()>& body);
-
-// The rest belongs to the user-interface thread.
+// All belongs to the user-interface thread.
 
 // A window of 200 by 100 at 10, 10, not shown.
 HWND MakePlainWindow();

@@ -22,136 +22,119 @@ using kit::MakePlainWindow;
 using kit::RunAsProgram;
 using kit::Told;
 
-TEST(Queue, PostedMessagesKeepTheirOrderAndQuitComesAfterThemAndBeforePainting) {
-    RunAsProgram([] {
-        const HWND window = MakePlainWindow();
-        ShowWindow(window, SW_SHOW);
-        Drain();
-        InvalidateRect(window, nullptr, TRUE);
-        PostQuitMessage(3);
-        PostMessageA(window, kFirstMessage, 0, 0);
-        PostMessageA(window, kFirstMessage + 1, 0, 0);
-        std::vector<UINT> order;
+PROGRAM_TEST(Queue, PostedMessagesKeepTheirOrderAndQuitComesAfterThemAndBeforePainting) {
+    const HWND window = MakePlainWindow();
+    ShowWindow(window, SW_SHOW);
+    Drain();
+    InvalidateRect(window, nullptr, TRUE);
+    PostQuitMessage(3);
+    PostMessageA(window, kFirstMessage, 0, 0);
+    PostMessageA(window, kFirstMessage + 1, 0, 0);
+    std::vector<UINT> order;
+    MSG message;
+    while (GetMessageA(&message, nullptr, 0, 0)) {
+        order.push_back(message.message);
+        DispatchMessageA(&message);
+    }
+    EXPECT_EQ(order, (std::vector<UINT>{kFirstMessage, kFirstMessage + 1}));
+    EXPECT_EQ(message.wParam, 3u);
+    EXPECT_EQ(Drain(), (std::vector<UINT>{WM_PAINT}));
+}
+
+PROGRAM_TEST(Queue, PaintingComesAfterPostedMessagesAndTimersComeLast) {
+    const HWND window = MakePlainWindow();
+    ShowWindow(window, SW_SHOW);
+    Drain();
+    SetTimer(window, 1, 200, nullptr);
+    Sleep(250);
+    InvalidateRect(window, nullptr, TRUE);
+    PostMessageA(window, kFirstMessage, 0, 0);
+    EXPECT_EQ(Drain(), (std::vector<UINT>{kFirstMessage, WM_PAINT, WM_TIMER}));
+}
+
+PROGRAM_TEST(Queue, MissedTimerPeriodsFallTogetherAndOnlyWhatIsPostedOutlivesTheTimer) {
+    const HWND window = MakePlainWindow();
+    SetTimer(window, 1, 10, nullptr);
+    SetTimer(window, 1, 200, nullptr);
+    Sleep(650);
+    EXPECT_EQ(Drain(), (std::vector<UINT>{WM_TIMER}));
+    PostMessageA(window, WM_TIMER, 1, 0);
+    EXPECT_TRUE(KillTimer(window, 1));
+    EXPECT_FALSE(KillTimer(window, 1)) << "setting again has replaced the first";
+    Sleep(250);
+    EXPECT_EQ(Drain(), (std::vector<UINT>{WM_TIMER})) << "the posted one";
+}
+
+PROGRAM_TEST(Queue, ATimerThatIsAlwaysDueKeepsNoOtherWaiting) {
+    const HWND window = MakePlainWindow();
+    for (const UINT_PTR id : {1, 2, 3})
+        SetTimer(window, id, 10, nullptr);
+    std::set<WPARAM> served;
+    for (int taken = 0; taken < 6; ++taken) {
+        Sleep(30);  // longer than every period
         MSG message;
-        while (GetMessageA(&message, nullptr, 0, 0)) {
-            order.push_back(message.message);
-            DispatchMessageA(&message);
-        }
-        EXPECT_EQ(order, (std::vector<UINT>{kFirstMessage, kFirstMessage + 1}));
-        EXPECT_EQ(message.wParam, 3u);
-        EXPECT_EQ(Drain(), (std::vector<UINT>{WM_PAINT}));
-    });
+        GetMessageA(&message, nullptr, WM_TIMER, WM_TIMER);
+        served.insert(message.wParam);
+    }
+    EXPECT_EQ(served, (std::set<WPARAM>{1, 2, 3}));
 }
 
-TEST(Queue, PaintingComesAfterPostedMessagesAndTimersComeLast) {
-    RunAsProgram([] {
-        const HWND window = MakePlainWindow();
-        ShowWindow(window, SW_SHOW);
-        Drain();
-        SetTimer(window, 1, 200, nullptr);
-        Sleep(250);
-        InvalidateRect(window, nullptr, TRUE);
-        PostMessageA(window, kFirstMessage, 0, 0);
-        EXPECT_EQ(Drain(), (std::vector<UINT>{kFirstMessage, WM_PAINT, WM_TIMER}));
-    });
+PROGRAM_TEST(Queue, WhatIsMeantForAWindowThatIsGoneIsDropped) {
+    const HWND window = MakePlainWindow();
+    PostMessageA(window, kFirstMessage, 0, 0);
+    SetTimer(window, 1, 10, nullptr);
+    DestroyWindow(window);
+    Sleep(20);
+    EXPECT_TRUE(Drain().empty());
+    EXPECT_FALSE(PostMessageA(window, kFirstMessage, 0, 0));
+    EXPECT_FALSE(IsWindow(window));
+    const HWND next = MakePlainWindow();
+    EXPECT_NE(next, window) << "an old handle must not reach a new window";
+    EXPECT_EQ(SendMessageA(window, kDoubleMessage, 4, 0), 0);
 }
 
-TEST(Queue, MissedTimerPeriodsFallTogetherAndOnlyWhatIsPostedOutlivesTheTimer) {
-    RunAsProgram([] {
-        const HWND window = MakePlainWindow();
-        SetTimer(window, 1, 10, nullptr);
-        SetTimer(window, 1, 200, nullptr);
-        Sleep(650);
-        EXPECT_EQ(Drain(), (std::vector<UINT>{WM_TIMER}));
-        PostMessageA(window, WM_TIMER, 1, 0);
-        EXPECT_TRUE(KillTimer(window, 1));
-        EXPECT_FALSE(KillTimer(window, 1)) << "setting again has replaced the first";
-        Sleep(250);
-        EXPECT_EQ(Drain(), (std::vector<UINT>{WM_TIMER})) << "the posted one";
-    });
+PROGRAM_TEST(Queue, RefusesMoreThanTenThousandPostedMessages) {
+    const HWND window = MakePlainWindow();
+    int taken = 0;
+    while (taken < 20000 && PostMessageA(window, kFirstMessage, 0, 0))
+        ++taken;
+    EXPECT_EQ(taken, kit::ExceptOn(WindowSystem::kWine, 20000,
+                                   "takes as many as there is memory for", 10000));
 }
 
-TEST(Queue, ATimerThatIsAlwaysDueKeepsNoOtherWaiting) {
-    RunAsProgram([] {
-        const HWND window = MakePlainWindow();
-        for (const UINT_PTR id : {1, 2, 3})
-            SetTimer(window, id, 10, nullptr);
-        std::set<WPARAM> served;
-        for (int taken = 0; taken < 6; ++taken) {
-            Sleep(30);  // longer than every period
-            MSG message;
-            GetMessageA(&message, nullptr, WM_TIMER, WM_TIMER);
-            served.insert(message.wParam);
-        }
-        EXPECT_EQ(served, (std::set<WPARAM>{1, 2, 3}));
+PROGRAM_TEST(Queue, WhatOtherThreadsSendComesBeforeWhatIsPosted) {
+    const HWND window = MakePlainWindow();
+    PostMessageA(window, kFirstMessage, 0, 0);
+    std::atomic<bool> sends{false};
+    std::thread other([&] {
+        sends = true;
+        SendMessageA(window, kDoubleMessage, 1, 0);
     });
+    while (!sends)
+        Sleep(1);
+    Sleep(50);
+    EXPECT_TRUE(Told().empty()) << "a sent message waits until messages are retrieved";
+    MSG message;
+    EXPECT_TRUE(GetMessageA(&message, nullptr, 0, 0));
+    EXPECT_EQ(message.message, kFirstMessage);
+    EXPECT_EQ(Told(), std::vector<UINT>{kDoubleMessage});
+    other.join();
 }
 
-TEST(Queue, WhatIsMeantForAWindowThatIsGoneIsDropped) {
-    RunAsProgram([] {
-        const HWND window = MakePlainWindow();
-        PostMessageA(window, kFirstMessage, 0, 0);
-        SetTimer(window, 1, 10, nullptr);
-        DestroyWindow(window);
-        Sleep(20);
-        EXPECT_TRUE(Drain().empty());
-        EXPECT_FALSE(PostMessageA(window, kFirstMessage, 0, 0));
-        EXPECT_FALSE(IsWindow(window));
-        const HWND next = MakePlainWindow();
-        EXPECT_NE(next, window) << "an old handle must not reach a new window";
-        EXPECT_EQ(SendMessageA(window, kDoubleMessage, 4, 0), 0);
-    });
-}
-
-TEST(Queue, RefusesMoreThanTenThousandPostedMessages) {
-    RunAsProgram([] {
-        const HWND window = MakePlainWindow();
-        int taken = 0;
-        while (taken < 20000 && PostMessageA(window, kFirstMessage, 0, 0))
-            ++taken;
-        EXPECT_EQ(taken, kit::ExceptOn(WindowSystem::kWine, 20000,
-                                       "takes as many as there is memory for", 10000));
-    });
-}
-
-TEST(Queue, WhatOtherThreadsSendComesBeforeWhatIsPosted) {
-    RunAsProgram([] {
-        const HWND window = MakePlainWindow();
-        PostMessageA(window, kFirstMessage, 0, 0);
-        std::atomic<bool> sends{false};
-        std::thread other([&] {
-            sends = true;
-            SendMessageA(window, kDoubleMessage, 1, 0);
-        });
-        while (!sends)
-            Sleep(1);
-        Sleep(50);
-        EXPECT_TRUE(Told().empty()) << "a sent message waits until messages are retrieved";
-        MSG message;
-        EXPECT_TRUE(GetMessageA(&message, nullptr, 0, 0));
-        EXPECT_EQ(message.message, kFirstMessage);
-        EXPECT_EQ(Told(), std::vector<UINT>{kDoubleMessage});
-        other.join();
-    });
-}
-
-TEST(Queue, LookingLeavesAMessageThereAndARangeTakesOnlyItsOwn) {
-    RunAsProgram([] {
-        const HWND window = MakePlainWindow();
-        PostMessageA(window, kFirstMessage, 7, 8);
-        PostMessageA(window, kFirstMessage + 1, 0, 0);
-        MSG message;
-        EXPECT_TRUE(
-            PeekMessageA(&message, window, kFirstMessage + 1, kFirstMessage + 1, PM_NOREMOVE));
-        EXPECT_EQ(message.message, kFirstMessage + 1);
-        EXPECT_TRUE(PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE));
-        EXPECT_EQ(message.message, kFirstMessage);
-        EXPECT_EQ(message.hwnd, window);
-        EXPECT_EQ(message.wParam, 7u);
-        EXPECT_EQ(message.lParam, 8);
-        EXPECT_EQ(Drain(), (std::vector<UINT>{kFirstMessage, kFirstMessage + 1}));
-        EXPECT_FALSE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE));
-    });
+PROGRAM_TEST(Queue, LookingLeavesAMessageThereAndARangeTakesOnlyItsOwn) {
+    const HWND window = MakePlainWindow();
+    PostMessageA(window, kFirstMessage, 7, 8);
+    PostMessageA(window, kFirstMessage + 1, 0, 0);
+    MSG message;
+    EXPECT_TRUE(PeekMessageA(&message, window, kFirstMessage + 1, kFirstMessage + 1, PM_NOREMOVE));
+    EXPECT_EQ(message.message, kFirstMessage + 1);
+    EXPECT_TRUE(PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE));
+    EXPECT_EQ(message.message, kFirstMessage);
+    EXPECT_EQ(message.hwnd, window);
+    EXPECT_EQ(message.wParam, 7u);
+    EXPECT_EQ(message.lParam, 8);
+    EXPECT_EQ(Drain(), (std::vector<UINT>{kFirstMessage, kFirstMessage + 1}));
+    EXPECT_FALSE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE));
 }
 
 TEST(Queue, OtherThreadsSendAndWaitAndPostInOrder) {
@@ -204,17 +187,15 @@ TEST(Queue, AThreadThatWaitsForAnAnswerDoesNotKeepTheProcessFromEnding) {
     EXPECT_EXIT(kit::StartProgram(end).get(), testing::ExitedWithCode(kEnded), "");
 }
 
-TEST(Timers, WithoutAWindowAreSetAgainUnderTheirNumber) {
-    RunAsProgram([] {
-        constexpr UINT kLong = 100'000;
-        const UINT_PTR first = SetTimer(nullptr, 5, kLong, nullptr);
-        const UINT_PTR second = SetTimer(nullptr, 5, kLong, nullptr);
-        EXPECT_NE(first, second) << "a number that is none of a timer's is not taken";
-        EXPECT_EQ(SetTimer(nullptr, first, kLong, nullptr), first);
-        EXPECT_TRUE(KillTimer(nullptr, first));
-        EXPECT_FALSE(KillTimer(nullptr, first));
-        EXPECT_TRUE(KillTimer(nullptr, second));
-    });
+PROGRAM_TEST(Timers, WithoutAWindowAreSetAgainUnderTheirNumber) {
+    constexpr UINT kLong = 100'000;
+    const UINT_PTR first = SetTimer(nullptr, 5, kLong, nullptr);
+    const UINT_PTR second = SetTimer(nullptr, 5, kLong, nullptr);
+    EXPECT_NE(first, second) << "a number that is none of a timer's is not taken";
+    EXPECT_EQ(SetTimer(nullptr, first, kLong, nullptr), first);
+    EXPECT_TRUE(KillTimer(nullptr, first));
+    EXPECT_FALSE(KillTimer(nullptr, first));
+    EXPECT_TRUE(KillTimer(nullptr, second));
 }
 
 }  // namespace

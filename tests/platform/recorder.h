@@ -1,8 +1,11 @@
 // A dialog of the test's own that writes down what its procedure is told.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/win32.h"
@@ -29,7 +32,7 @@ class RecordedDialog {
     RecordedDialog(int templateId, const std::string& caption, Opening opening);
     ~RecordedDialog();
 
-    const Dialog& Shown() const { return dialog_; }
+    const Dialog* operator->() const { return &dialog_; }
     // What came so far, separated by blanks, and forgets it: "init:id" with the control that is to
     // take the focus, "id:code" for what a control tells, and "id" for a command that comes from
     // no control.
@@ -41,6 +44,24 @@ class RecordedDialog {
 
   private:
     Dialog dialog_{nullptr};
+};
+
+// A test on one recorded dialog.
+class RecordedTest : public testing::Test {
+  protected:
+    RecordedTest(int templateId, const std::string& caption, RecordedDialog::Opening opening = {})
+        : dialog_(templateId, caption, std::move(opening)) {}
+
+    LRESULT Send(int id, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        return dialog_->Send(id, message, wParam, lParam);
+    }
+    // Gives a control the focus as a program does; what that tells is forgotten.
+    void Focus(int id) {
+        dialog_->Focus(id);
+        dialog_.TakeNotifications();
+    }
+
+    RecordedDialog dialog_;
 };
 
 }  // namespace kit

@@ -29,7 +29,7 @@ std::string Describe(HWND control) {
 std::string Controls(const kit::RecordedDialog& dialog) {
     return OnUserInterface([&] {
         std::string all;
-        for (HWND child = GetWindow(dialog.Shown().Handle(), GW_CHILD); child != nullptr;
+        for (HWND child = GetWindow(dialog->Handle(), GW_CHILD); child != nullptr;
              child = GetWindow(child, GW_HWNDNEXT))
             all += Describe(child);
         return all;

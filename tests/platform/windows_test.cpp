@@ -34,16 +34,8 @@ LRESULT CALLBACK LivingProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
-ATOM Register(const char* className, WNDPROC procedure) {
-    WNDCLASSA windowClass{};
-    windowClass.lpfnWndProc = procedure;
-    windowClass.hInstance = GetModuleHandleA(nullptr);
-    windowClass.lpszClassName = className;
-    return RegisterClassA(&windowClass);
-}
-
 HWND MakeLiving(const char* title, DWORD style, HWND parent = nullptr) {
-    Register("Life", LivingProcedure);
+    kit::RegisterWindowClass("Life", LivingProcedure);
     return CreateWindowExA(0, "Life", title, style, 20, 20, 160, 120, parent, nullptr,
                            GetModuleHandleA(nullptr), nullptr);
 }
@@ -57,166 +49,146 @@ struct Family {
     Family() { ShowWindow(parent, SW_SHOW); }
 };
 
-TEST(Windows, AreToldOfTheirMakingShowingAndEndInOrder) {
-    kit::RunAsProgram([] {
-        const HWND parent = MakeLiving("P", WS_OVERLAPPEDWINDOW);
-        EXPECT_EQ(TakeLife(), "P:nccreate P:create");
-        ShowWindow(parent, SW_SHOW);
-        EXPECT_EQ(TakeLife(), "P:show P:setfocus P:size P:move");
-        MakeLiving("C", WS_CHILD | WS_VISIBLE, parent);
-        EXPECT_EQ(TakeLife(), "C:nccreate C:create C:size C:move C:show");
-        SetWindowPos(parent, nullptr, 0, 0, 180, 140, SWP_NOMOVE | SWP_NOZORDER);
-        EXPECT_EQ(TakeLife(), "P:size");
-        SetWindowPos(parent, nullptr, 40, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-        EXPECT_EQ(TakeLife(), "P:move");
-        SetWindowPos(parent, nullptr, 40, 40, 180, 140, SWP_NOZORDER);
-        EXPECT_EQ(TakeLife(), "") << "nothing changes";
-        DestroyWindow(parent);
-        EXPECT_EQ(TakeLife(), "P:killfocus P:destroy C:destroy C:ncdestroy P:ncdestroy");
-    });
+PROGRAM_TEST(Windows, AreToldOfTheirMakingShowingAndEndInOrder) {
+    const HWND parent = MakeLiving("P", WS_OVERLAPPEDWINDOW);
+    EXPECT_EQ(TakeLife(), "P:nccreate P:create");
+    ShowWindow(parent, SW_SHOW);
+    EXPECT_EQ(TakeLife(), "P:show P:setfocus P:size P:move");
+    MakeLiving("C", WS_CHILD | WS_VISIBLE, parent);
+    EXPECT_EQ(TakeLife(), "C:nccreate C:create C:size C:move C:show");
+    SetWindowPos(parent, nullptr, 0, 0, 180, 140, SWP_NOMOVE | SWP_NOZORDER);
+    EXPECT_EQ(TakeLife(), "P:size");
+    SetWindowPos(parent, nullptr, 40, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    EXPECT_EQ(TakeLife(), "P:move");
+    SetWindowPos(parent, nullptr, 40, 40, 180, 140, SWP_NOZORDER);
+    EXPECT_EQ(TakeLife(), "") << "nothing changes";
+    DestroyWindow(parent);
+    EXPECT_EQ(TakeLife(), "P:killfocus P:destroy C:destroy C:ncdestroy P:ncdestroy");
 }
 
-TEST(Windows, TheFocusLeavesOneBeforeTheOtherTakesIt) {
-    kit::RunAsProgram([] {
-        const auto [parent, first, second] = Family();
-        SetFocus(first);
-        TakeLife();
-        EXPECT_EQ(SetFocus(second), first);
-        EXPECT_EQ(TakeLife(), "1:killfocus 2:setfocus");
-        EXPECT_EQ(GetFocus(), second);
-        SetFocus(second);
-        EXPECT_EQ(TakeLife(), "") << "it has it";
-        EnableWindow(first, FALSE);
-        TakeLife();
-        SetFocus(first);
-        EXPECT_EQ(TakeLife(), "") << "a disabled window takes none";
-        EXPECT_EQ(GetFocus(), second);
-        EXPECT_EQ(SetFocus(nullptr), second);
-        EXPECT_EQ(TakeLife(), "2:killfocus");
-        EXPECT_EQ(GetFocus(), nullptr);
-    });
+PROGRAM_TEST(Windows, TheFocusLeavesOneBeforeTheOtherTakesIt) {
+    const auto [parent, first, second] = Family();
+    SetFocus(first);
+    TakeLife();
+    EXPECT_EQ(SetFocus(second), first);
+    EXPECT_EQ(TakeLife(), "1:killfocus 2:setfocus");
+    EXPECT_EQ(GetFocus(), second);
+    SetFocus(second);
+    EXPECT_EQ(TakeLife(), "") << "it has it";
+    EnableWindow(first, FALSE);
+    TakeLife();
+    SetFocus(first);
+    EXPECT_EQ(TakeLife(), "") << "a disabled window takes none";
+    EXPECT_EQ(GetFocus(), second);
+    EXPECT_EQ(SetFocus(nullptr), second);
+    EXPECT_EQ(TakeLife(), "2:killfocus");
+    EXPECT_EQ(GetFocus(), nullptr);
 }
 
-TEST(Windows, HidingOrDestroyingTheFocusedOneGivesTheFocusToItsParent) {
-    kit::RunAsProgram([] {
-        const auto [parent, first, second] = Family();
-        SetFocus(first);
-        ShowWindow(first, SW_HIDE);
-        EXPECT_EQ(GetFocus(), parent);
-        SetFocus(second);
-        DestroyWindow(second);
-        EXPECT_EQ(GetFocus(), parent);
-    });
+PROGRAM_TEST(Windows, HidingOrDestroyingTheFocusedOneGivesTheFocusToItsParent) {
+    const auto [parent, first, second] = Family();
+    SetFocus(first);
+    ShowWindow(first, SW_HIDE);
+    EXPECT_EQ(GetFocus(), parent);
+    SetFocus(second);
+    DestroyWindow(second);
+    EXPECT_EQ(GetFocus(), parent);
 }
 
-TEST(Windows, EnablingTellsOnlyWhatChanges) {
-    kit::RunAsProgram([] {
-        const HWND window = MakeLiving("W", WS_OVERLAPPEDWINDOW);
-        TakeLife();
-        EXPECT_FALSE(EnableWindow(window, TRUE)) << "it was not disabled";
-        EXPECT_EQ(TakeLife(), "");
-        EXPECT_FALSE(EnableWindow(window, FALSE));
-        EXPECT_EQ(TakeLife(), "W:enable");
-        EXPECT_TRUE(EnableWindow(window, TRUE));
-        EXPECT_EQ(TakeLife(), "W:enable");
-    });
+PROGRAM_TEST(Windows, EnablingTellsOnlyWhatChanges) {
+    const HWND window = MakeLiving("W", WS_OVERLAPPEDWINDOW);
+    TakeLife();
+    EXPECT_FALSE(EnableWindow(window, TRUE)) << "it was not disabled";
+    EXPECT_EQ(TakeLife(), "");
+    EXPECT_FALSE(EnableWindow(window, FALSE));
+    EXPECT_EQ(TakeLife(), "W:enable");
+    EXPECT_TRUE(EnableWindow(window, TRUE));
+    EXPECT_EQ(TakeLife(), "W:enable");
 }
 
-TEST(Windows, AreFoundByClassAndTitleInAnyCase) {
-    kit::RunAsProgram([] {
-        const HWND window = MakeLiving("Wanted", WS_OVERLAPPEDWINDOW);
-        EXPECT_EQ(FindWindowA("life", nullptr), window) << "also when it is not shown";
-        EXPECT_EQ(FindWindowA("Life", "wanted"), window);
-        EXPECT_EQ(FindWindowA("Life", "other"), nullptr);
-        EXPECT_EQ(FindWindowA("No such class", nullptr), nullptr);
+PROGRAM_TEST(Windows, AreFoundByClassAndTitleInAnyCase) {
+    const HWND window = MakeLiving("Wanted", WS_OVERLAPPEDWINDOW);
+    EXPECT_EQ(FindWindowA("life", nullptr), window) << "also when it is not shown";
+    EXPECT_EQ(FindWindowA("Life", "wanted"), window);
+    EXPECT_EQ(FindWindowA("Life", "other"), nullptr);
+    EXPECT_EQ(FindWindowA("No such class", nullptr), nullptr);
+    DestroyWindow(window);
+    EXPECT_EQ(FindWindowA("Life", nullptr), nullptr);
+}
+
+PROGRAM_TEST(Windows, ShowingAndVisibilityGoByTheParentsToo) {
+    const HWND parent = MakeLiving("P", WS_OVERLAPPEDWINDOW);
+    const HWND child = MakeLiving("C", WS_CHILD | WS_VISIBLE, parent);
+    EXPECT_FALSE(IsWindowVisible(child));
+    EXPECT_FALSE(ShowWindow(parent, SW_SHOW)) << "it was hidden";
+    EXPECT_TRUE(IsWindowVisible(child));
+    EXPECT_TRUE(ShowWindow(parent, SW_HIDE)) << "it was shown";
+    EXPECT_FALSE(IsWindowVisible(child));
+}
+
+PROGRAM_TEST(Windows, TopmostIsAStyleThatPlacingSetsAndClears) {
+    const HWND window = MakeLiving("W", WS_OVERLAPPEDWINDOW);
+    const auto isTopmost = [window] {
+        return (GetWindowLongPtrA(window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+    };
+    EXPECT_FALSE(isTopmost());
+    SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    EXPECT_TRUE(isTopmost());
+    SetWindowPos(window, HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    EXPECT_FALSE(isTopmost());
+}
+
+PROGRAM_TEST(Windows, OwnedOnesGoWithTheirOwner) {
+    const HWND owner = MakeLiving("O", WS_OVERLAPPEDWINDOW);
+    const HWND other = MakeLiving("W", WS_OVERLAPPEDWINDOW);
+    const HWND owned = MakeLiving("1", WS_POPUP, owner);
+    const HWND ownedByOwned = MakeLiving("2", WS_POPUP, owned);
+    EXPECT_EQ(GetWindow(owned, GW_OWNER), owner);
+    DestroyWindow(owner);
+    EXPECT_FALSE(IsWindow(owned) || IsWindow(ownedByOwned));
+    EXPECT_TRUE(IsWindow(other));
+}
+
+PROGRAM_TEST(Windows, OverlappedOnesHaveACaptionAndAreNoSmallerThanItsFrame) {
+    struct Case {
+        DWORD style;
+        bool isOverlapped;
+    };
+    for (const auto& [style, isOverlapped] :
+         {Case{WS_OVERLAPPED, true}, Case{WS_OVERLAPPED | WS_SYSMENU, true}, Case{WS_POPUP, false},
+          Case{WS_POPUP | WS_SYSMENU, false}}) {
+        kit::RegisterWindowClass("Life", LivingProcedure);
+        const HWND window = CreateWindowExA(0, "Life", "W", style, 20, 20, 1, 1, nullptr, nullptr,
+                                            GetModuleHandleA(nullptr), nullptr);
+        const auto size = [window] {
+            RECT rect;
+            GetWindowRect(window, &rect);
+            return std::pair(rect.right - rect.left, rect.bottom - rect.top);
+        };
+        const LONG_PTR kept = GetWindowLongPtrA(window, GWL_STYLE);
+        EXPECT_EQ((kept & WS_CAPTION) == WS_CAPTION, isOverlapped) << style;
+        const auto least =
+            isOverlapped ? std::pair<LONG, LONG>(112, 27) : std::pair<LONG, LONG>(1, 1);
+        EXPECT_EQ(size(), (std::pair<LONG, LONG>(least))) << style;
+        SetWindowPos(window, nullptr, 0, 0, 300, 200, SWP_NOMOVE | SWP_NOZORDER);
+        EXPECT_EQ(size(), (std::pair<LONG, LONG>(300, 200))) << style;
+        SetWindowPos(window, nullptr, 0, 0, 2, 2, SWP_NOMOVE | SWP_NOZORDER);
+        EXPECT_EQ(size() == (std::pair<LONG, LONG>(2, 2)), !isOverlapped) << style;
         DestroyWindow(window);
-        EXPECT_EQ(FindWindowA("Life", nullptr), nullptr);
-    });
+    }
 }
 
-TEST(Windows, ShowingAndVisibilityGoByTheParentsToo) {
-    kit::RunAsProgram([] {
-        const HWND parent = MakeLiving("P", WS_OVERLAPPEDWINDOW);
-        const HWND child = MakeLiving("C", WS_CHILD | WS_VISIBLE, parent);
-        EXPECT_FALSE(IsWindowVisible(child));
-        EXPECT_FALSE(ShowWindow(parent, SW_SHOW)) << "it was hidden";
-        EXPECT_TRUE(IsWindowVisible(child));
-        EXPECT_TRUE(ShowWindow(parent, SW_HIDE)) << "it was shown";
-        EXPECT_FALSE(IsWindowVisible(child));
-    });
-}
-
-TEST(Windows, TopmostIsAStyleThatPlacingSetsAndClears) {
-    kit::RunAsProgram([] {
-        const HWND window = MakeLiving("W", WS_OVERLAPPEDWINDOW);
-        const auto isTopmost = [window] {
-            return (GetWindowLongPtrA(window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
-        };
-        EXPECT_FALSE(isTopmost());
-        SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
-        EXPECT_TRUE(isTopmost());
-        SetWindowPos(window, HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
-        EXPECT_FALSE(isTopmost());
-    });
-}
-
-TEST(Windows, OwnedOnesGoWithTheirOwner) {
-    kit::RunAsProgram([] {
-        const HWND owner = MakeLiving("O", WS_OVERLAPPEDWINDOW);
-        const HWND other = MakeLiving("W", WS_OVERLAPPEDWINDOW);
-        const HWND owned = MakeLiving("1", WS_POPUP, owner);
-        const HWND ownedByOwned = MakeLiving("2", WS_POPUP, owned);
-        EXPECT_EQ(GetWindow(owned, GW_OWNER), owner);
-        DestroyWindow(owner);
-        EXPECT_FALSE(IsWindow(owned) || IsWindow(ownedByOwned));
-        EXPECT_TRUE(IsWindow(other));
-    });
-}
-
-TEST(Windows, OverlappedOnesHaveACaptionAndAreNoSmallerThanItsFrame) {
-    kit::RunAsProgram([] {
-        struct Case {
-            DWORD style;
-            bool isOverlapped;
-        };
-        for (const auto& [style, isOverlapped] :
-             {Case{WS_OVERLAPPED, true}, Case{WS_OVERLAPPED | WS_SYSMENU, true},
-              Case{WS_POPUP, false}, Case{WS_POPUP | WS_SYSMENU, false}}) {
-            Register("Life", LivingProcedure);
-            const HWND window = CreateWindowExA(0, "Life", "W", style, 20, 20, 1, 1, nullptr,
-                                                nullptr, GetModuleHandleA(nullptr), nullptr);
-            const auto size = [window] {
-                RECT rect;
-                GetWindowRect(window, &rect);
-                return std::pair(rect.right - rect.left, rect.bottom - rect.top);
-            };
-            const LONG_PTR kept = GetWindowLongPtrA(window, GWL_STYLE);
-            EXPECT_EQ((kept & WS_CAPTION) == WS_CAPTION, isOverlapped) << style;
-            const auto least =
-                isOverlapped ? std::pair<LONG, LONG>(112, 27) : std::pair<LONG, LONG>(1, 1);
-            EXPECT_EQ(size(), (std::pair<LONG, LONG>(least))) << style;
-            SetWindowPos(window, nullptr, 0, 0, 300, 200, SWP_NOMOVE | SWP_NOZORDER);
-            EXPECT_EQ(size(), (std::pair<LONG, LONG>(300, 200))) << style;
-            SetWindowPos(window, nullptr, 0, 0, 2, 2, SWP_NOMOVE | SWP_NOZORDER);
-            EXPECT_EQ(size() == (std::pair<LONG, LONG>(2, 2)), !isOverlapped) << style;
-            DestroyWindow(window);
-        }
-    });
-}
-
-TEST(Windows, KeepTheStyleAndTheDataThatTheProgramGivesThem) {
-    kit::RunAsProgram([] {
-        const HWND window = MakeLiving("P", WS_OVERLAPPEDWINDOW);
-        const HWND child = MakeLiving("C", WS_CHILD | WS_VISIBLE, window);
-        EXPECT_EQ(GetWindowLongPtrA(window, GWLP_USERDATA), 0);
-        EXPECT_EQ(SetWindowLongPtrA(window, GWLP_USERDATA, 1234), 0);
-        EXPECT_EQ(SetWindowLongPtrA(window, GWLP_USERDATA, -1), 1234);
-        EXPECT_EQ(GetWindowLongPtrA(window, GWLP_USERDATA), -1);
-        const LONG_PTR style = GetWindowLongPtrA(child, GWL_STYLE);
-        EXPECT_EQ(SetWindowLongPtrA(child, GWL_STYLE, style | WS_TABSTOP | WS_DISABLED), style);
-        EXPECT_EQ(GetWindowLongPtrA(child, GWL_STYLE), style | WS_TABSTOP | WS_DISABLED);
-        EXPECT_FALSE(IsWindowEnabled(child));
-    });
+PROGRAM_TEST(Windows, KeepTheStyleAndTheDataThatTheProgramGivesThem) {
+    const HWND window = MakeLiving("P", WS_OVERLAPPEDWINDOW);
+    const HWND child = MakeLiving("C", WS_CHILD | WS_VISIBLE, window);
+    EXPECT_EQ(GetWindowLongPtrA(window, GWLP_USERDATA), 0);
+    EXPECT_EQ(SetWindowLongPtrA(window, GWLP_USERDATA, 1234), 0);
+    EXPECT_EQ(SetWindowLongPtrA(window, GWLP_USERDATA, -1), 1234);
+    EXPECT_EQ(GetWindowLongPtrA(window, GWLP_USERDATA), -1);
+    const LONG_PTR style = GetWindowLongPtrA(child, GWL_STYLE);
+    EXPECT_EQ(SetWindowLongPtrA(child, GWL_STYLE, style | WS_TABSTOP | WS_DISABLED), style);
+    EXPECT_EQ(GetWindowLongPtrA(child, GWL_STYLE), style | WS_TABSTOP | WS_DISABLED);
+    EXPECT_FALSE(IsWindowEnabled(child));
 }
 
 LRESULT CALLBACK LimitingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -226,22 +198,20 @@ LRESULT CALLBACK LimitingProcedure(HWND window, UINT message, WPARAM wParam, LPA
     return 0;
 }
 
-TEST(Windows, TheProgramsLimitBoundsTheSize) {
-    kit::RunAsProgram([] {
-        ASSERT_NE(Register("Limited", LimitingProcedure), 0);
-        EXPECT_EQ(Register("Limited", LimitingProcedure), 0) << "a class is registered once";
-        const HWND window =
-            CreateWindowExA(0, "Limited", "", WS_OVERLAPPEDWINDOW, 0, 0, CW_USEDEFAULT, 0, nullptr,
-                            nullptr, GetModuleHandleA(nullptr), nullptr);
-        const auto resize = [window](int width, int height) {
-            SetWindowPos(window, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
-            RECT rect;
-            GetWindowRect(window, &rect);
-            return std::pair(rect.right - rect.left, rect.bottom - rect.top);
-        };
-        EXPECT_EQ(resize(2000, 2000), (std::pair<LONG, LONG>(300, 120)));
-        EXPECT_EQ(resize(150, 80).first, 150) << "smaller is free";
-    });
+PROGRAM_TEST(Windows, TheProgramsLimitBoundsTheSize) {
+    ASSERT_NE(kit::RegisterWindowClass("Limited", LimitingProcedure), 0);
+    EXPECT_EQ(kit::RegisterWindowClass("Limited", LimitingProcedure), 0)
+        << "a class is registered once";
+    const HWND window = CreateWindowExA(0, "Limited", "", WS_OVERLAPPEDWINDOW, 0, 0, CW_USEDEFAULT,
+                                        0, nullptr, nullptr, GetModuleHandleA(nullptr), nullptr);
+    const auto resize = [window](int width, int height) {
+        SetWindowPos(window, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
+        RECT rect;
+        GetWindowRect(window, &rect);
+        return std::pair(rect.right - rect.left, rect.bottom - rect.top);
+    };
+    EXPECT_EQ(resize(2000, 2000), (std::pair<LONG, LONG>(300, 120)));
+    EXPECT_EQ(resize(150, 80).first, 150) << "smaller is free";
 }
 
 }  // namespace
