@@ -223,27 +223,13 @@ TEST_F(AkmRegisters, AreTheFirmwaresOwnWithASwitchOnEachOfTheirBits) {
     for (uint32_t number = 0x10; number <= 0x15; ++number) {
         vdapi_AKM_WriteRegister(number, 0);
     }
-    // In the switches' order; together they set all the bits that are wired.
-    constexpr std::array<std::pair<uint32_t, uint32_t>, 17> kWired{{{0x10, 0x10},
-                                                                    {0x10, 0x18},
-                                                                    {0x10, 0x19},
-                                                                    {0x11, 0x20},
-                                                                    {0x11, 0x30},
-                                                                    {0x11, 0x38},
-                                                                    {0x11, 0x3C},
-                                                                    {0x12, 0x10},
-                                                                    {0x12, 0x18},
-                                                                    {0x13, 0x10},
-                                                                    {0x13, 0x18},
-                                                                    {0x14, 0x10},
-                                                                    {0x14, 0x18},
-                                                                    {0x14, 0x1C},
-                                                                    {0x15, 0x10},
-                                                                    {0x15, 0x18},
-                                                                    {0x15, 0x1C}}};
-    for (uint32_t number = 0; number < kWired.size(); ++number) {
+    // Register and value in the switches' order; together they set all the bits that are wired.
+    constexpr uint32_t kWired[]{0x1010, 0x1018, 0x1019, 0x1120, 0x1130, 0x1138,
+                                0x113C, 0x1210, 0x1218, 0x1310, 0x1318, 0x1410,
+                                0x1418, 0x141C, 0x1510, 0x1518, 0x151C};
+    for (uint32_t number = 0; number < std::size(kWired); ++number) {
         EXPECT_EQ(vdapi_AKM_SetSwitch(number, 2), VXD_SUCCESS);
-        EXPECT_EQ(read(kWired[number].first), kWired[number].second) << number;
+        EXPECT_EQ(read(kWired[number] >> 8), kWired[number] & 0xFF) << number;
     }
     EXPECT_EQ(vdapi_AKM_SetSwitch(5, 0), VXD_SUCCESS);
     EXPECT_EQ(read(0x11), 0x34);

@@ -10,6 +10,7 @@ namespace {
 
 using kit::Drain;
 using kit::MakePlainWindow;
+using kit::ShowPlainWindow;
 using kit::Told;
 
 COLORREF ColourAt(HWND window, int x, int y) {
@@ -20,9 +21,7 @@ COLORREF ColourAt(HWND window, int x, int y) {
 }
 
 PROGRAM_TEST(Painting, ComesAgainUntilTheUpdateRegionIsTaken) {
-    const HWND window = MakePlainWindow();
-    ShowWindow(window, SW_SHOW);
-    Drain();
+    const HWND window = ShowPlainWindow();
     RECT part{5, 6, 25, 16};
     InvalidateRect(window, &part, FALSE);
     MSG message;
@@ -63,10 +62,7 @@ PROGRAM_TEST(Painting, UpdatingPaintsAtOnceAndOnlyWhatIsDamaged) {
 }
 
 PROGRAM_TEST(Painting, DamageAddsUpAndIsErasedWhenAnyOfItAsksForThat) {
-    const HWND window = MakePlainWindow();
-    ShowWindow(window, SW_SHOW);
-    UpdateWindow(window);
-    Drain();
+    const HWND window = ShowPlainWindow();
     const HBRUSH brush = CreateSolidBrush(RGB(200, 100, 50));
     const RECT all{0, 0, 200, 100};
     const HDC dc = GetDC(window);

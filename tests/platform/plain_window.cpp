@@ -25,6 +25,13 @@ HWND MakePlainWindow() {
                            nullptr, windowClass.hInstance, nullptr);
 }
 
+HWND ShowPlainWindow() {
+    const HWND window = MakePlainWindow();
+    ShowWindow(window, SW_SHOW);
+    Drain();
+    return window;
+}
+
 std::vector<UINT>& Told() {
     static std::vector<UINT> told;
     return told;

@@ -17,6 +17,8 @@ inline constexpr COLORREF kPlainBackground = RGB(1, 2, 3);
 
 // A window of 200 by 100 at 10, 10, not shown.
 HWND MakePlainWindow();
+// The same, shown and painted.
+HWND ShowPlainWindow();
 // The messages from WM_APP on, WM_PAINT and WM_TIMER, in the order the window got them.
 std::vector<UINT>& Told();
 // Dispatches all messages there are; gives their order.

@@ -20,12 +20,11 @@ using kit::kDoubleMessage;
 using kit::kFirstMessage;
 using kit::MakePlainWindow;
 using kit::RunAsProgram;
+using kit::ShowPlainWindow;
 using kit::Told;
 
 PROGRAM_TEST(Queue, PostedMessagesKeepTheirOrderAndQuitComesAfterThemAndBeforePainting) {
-    const HWND window = MakePlainWindow();
-    ShowWindow(window, SW_SHOW);
-    Drain();
+    const HWND window = ShowPlainWindow();
     InvalidateRect(window, nullptr, TRUE);
     PostQuitMessage(3);
     PostMessageA(window, kFirstMessage, 0, 0);
@@ -42,9 +41,7 @@ PROGRAM_TEST(Queue, PostedMessagesKeepTheirOrderAndQuitComesAfterThemAndBeforePa
 }
 
 PROGRAM_TEST(Queue, PaintingComesAfterPostedMessagesAndTimersComeLast) {
-    const HWND window = MakePlainWindow();
-    ShowWindow(window, SW_SHOW);
-    Drain();
+    const HWND window = ShowPlainWindow();
     SetTimer(window, 1, 200, nullptr);
     Sleep(250);
     InvalidateRect(window, nullptr, TRUE);
