@@ -48,6 +48,7 @@ void OpenAndClose(benchmark::State& state, const Measured& dialog) {
             state.SkipWithError("does not open");
     }
     vdapi_Terminate();
+    measured = {};
     std::filesystem::remove_all(settings);
 }
 
@@ -96,7 +97,9 @@ void RegisterDialogBenchmarks() {
 }
 
 void DialogIsSeen() {
-    const HWND dialog = FindWindowA(nullptr, measured.caption);
+    const HWND dialog = measured.open != nullptr ? FindWindowA(nullptr, measured.caption) : nullptr;
+    if (dialog == nullptr)
+        return;
     if (measured.press != 0)
         PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(measured.press), 0);
     const bool hasOk = GetDlgItem(dialog, IDOK) != nullptr;
