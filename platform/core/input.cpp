@@ -138,8 +138,8 @@ void QueueForControl(WidgetId id, Action action) {
 }
 
 // The same for a row of a list, if it is still there.
-void QueueForRow(WidgetId list, int row, void (Control::*action)(int row)) {
-    QueueForControl(list, [pending = theRows.Add({list, row}), action](Control& control) {
+void QueueForRow(WidgetId list, int row, void (BuiltInControl::*action)(int row)) {
+    QueueForControl(list, [pending = theRows.Add({list, row}), action](BuiltInControl& control) {
         if (pending->row >= 0) {
             (control.*action)(pending->row);
         } else {
@@ -151,7 +151,7 @@ void QueueForRow(WidgetId list, int row, void (Control::*action)(int row)) {
 }  // namespace
 
 void Clicked(WidgetId button) {
-    QueueForControl(button, [](Control& control) { control.OnClicked(); });
+    QueueForControl(button, [](BuiltInControl& control) { control.OnClicked(); });
 }
 
 bool Waits() {
@@ -165,7 +165,7 @@ void Edited(WidgetId edit, const std::string& text, int selectionStart, int sele
     const auto earlier = theEdits.Of(edit, &PendingEdit::edit);
     const auto pending = theEdits.Add(
         {edit, earlier.empty() ? window->control->EditedText() : earlier.back()->after, text});
-    QueueForControl(edit, [=](Control& control) {
+    QueueForControl(edit, [=](BuiltInControl& control) {
         if (!pending->overtaken) {
             control.OnEdited(text, selectionStart, selectionEnd);
             return;
@@ -178,7 +178,7 @@ void Edited(WidgetId edit, const std::string& text, int selectionStart, int sele
 
 void SelectionMoved(WidgetId edit, int start, int end) {
     // A person's move is the later one, even where the program's is shown by now.
-    QueueForControl(edit, [=, pending = theSelections.Add({edit})](Control& control) {
+    QueueForControl(edit, [=, pending = theSelections.Add({edit})](BuiltInControl& control) {
         control.OnSelectionMoved(start, end);
         if (pending->overtaken) {
             control.ShowState();
@@ -247,19 +247,19 @@ void RowChosen(WidgetId list, int row) {
         thePress->row = theRows.Add({list, row});
         return;
     }
-    QueueForRow(list, row, &Control::OnRowChosen);
+    QueueForRow(list, row, &BuiltInControl::OnRowChosen);
 }
 
 void RowDoubleClicked(WidgetId list, int row) {
-    QueueForRow(list, row, &Control::OnRowDoubleClicked);
+    QueueForRow(list, row, &BuiltInControl::OnRowDoubleClicked);
 }
 
 void Dropped(WidgetId combo, bool dropped) {
-    QueueForControl(combo, [dropped](Control& control) { control.OnDropped(dropped); });
+    QueueForControl(combo, [dropped](BuiltInControl& control) { control.OnDropped(dropped); });
 }
 
 void Scrolled(WidgetId bar, std::uint32_t code, int position) {
-    QueueForControl(bar, [=](Control& control) { control.OnScrolled(code, position); });
+    QueueForControl(bar, [=](BuiltInControl& control) { control.OnScrolled(code, position); });
 }
 
 void Focused(WidgetId id) {
@@ -335,7 +335,7 @@ namespace {
 
 // The Menu key, or Shift+F10 in its place, asks a control's parents for a menu, but where the
 // control's own widget has one of what can be done with its text.
-bool AsksForMenu(const Control& control, const KeyPress& key) {
+bool AsksForMenu(const BuiltInControl& control, const KeyPress& key) {
     switch (control.Kind()) {
         case WidgetKind::kLineEdit:
         case WidgetKind::kTextEdit:

@@ -58,8 +58,8 @@ HICON SignOf(UINT style) {
     }
 }
 
-DialogControl Control(const char* className, int id, std::uint32_t style, const Rect& units,
-                      std::string title) {
+DialogControl BoxControl(const char* className, int id, std::uint32_t style, const Rect& units,
+                         std::string title) {
     DialogControl control;
     control.className = className;
     control.id = id;
@@ -101,14 +101,14 @@ DialogTemplate LayOut(const std::string& text, const char* title, UINT style) {
     made.height = kMargin + bodyHeight + kMargin + kButtonHeight + kMargin;
     if (hasIcon)
         made.controls.push_back(
-            Control("Static", kIconId, SS_ICON, {kMargin, kMargin, kIconUnits, kIconUnits}, {}));
-    made.controls.push_back(
-        Control("Static", kTextId, SS_LEFT | SS_NOPREFIX,
-                {textLeft, kMargin + (bodyHeight - textHeight) / 2, textWidth, textHeight}, text));
+            BoxControl("Static", kIconId, SS_ICON, {kMargin, kMargin, kIconUnits, kIconUnits}, {}));
+    made.controls.push_back(BoxControl(
+        "Static", kTextId, SS_LEFT | SS_NOPREFIX,
+        {textLeft, kMargin + (bodyHeight - textHeight) / 2, textWidth, textHeight}, text));
     int x = (made.width - buttonsWidth) / 2;
     for (const ButtonChoice& button : buttons) {
         const bool first = &button == &buttons.front();
-        made.controls.push_back(Control(
+        made.controls.push_back(BoxControl(
             "Button", button.id, WS_TABSTOP | (first ? WS_GROUP | BS_DEFPUSHBUTTON : BS_PUSHBUTTON),
             {x, made.height - kMargin - kButtonHeight, kButtonWidth, kButtonHeight},
             button.caption));

@@ -18,9 +18,9 @@ namespace vxd {
 struct Window;
 
 // What a built-in control keeps and how it answers. One object lives as long as its window.
-class Control {
+class BuiltInControl {
   public:
-    virtual ~Control() = default;
+    virtual ~BuiltInControl() = default;
     virtual LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) = 0;
     // The kind of widget that shows the control.
     virtual WidgetKind Kind() const = 0;
@@ -56,7 +56,7 @@ struct WindowClass {
     std::string menuName;  // empty where the class names its menu by number or has none
     WORD menuNumber = 0;
     // Makes the control's state; null for classes of the program's own and for dialogs.
-    std::unique_ptr<Control> (*makeControl)(Window& window) = nullptr;
+    std::unique_ptr<BuiltInControl> (*makeControl)(Window& window) = nullptr;
 };
 
 // What only dialog boxes keep.
@@ -94,7 +94,7 @@ struct Window {
     bool destroying = false;
     bool placed = false;        // is told of new places by WM_SIZE and WM_MOVE
     bool placementDue = false;  // will be told of its first place when it is shown
-    std::unique_ptr<Control> control;
+    std::unique_ptr<BuiltInControl> control;
     std::unique_ptr<DialogState> dialog;
 
     WidgetId Number() const { return HandleNumber(handle); }

@@ -55,7 +55,7 @@ const WindowClass* FindClass(LPCSTR name) {
     return nullptr;
 }
 
-void RegisterControl(const char* name, std::unique_ptr<Control> (*make)(Window& window)) {
+void RegisterControl(const char* name, std::unique_ptr<BuiltInControl> (*make)(Window& window)) {
     auto windowClass = std::make_unique<WindowClass>();
     windowClass->name = name;
     windowClass->procedure = ControlProcedure;

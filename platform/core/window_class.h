@@ -11,7 +11,7 @@ namespace vxd {
 const WindowClass* FindClass(LPCSTR name);
 
 // The classes of the built-in controls and of dialog boxes register themselves by these.
-void RegisterControl(const char* name, std::unique_ptr<Control> (*make)(Window& window));
+void RegisterControl(const char* name, std::unique_ptr<BuiltInControl> (*make)(Window& window));
 void RegisterBuiltInClasses();
 // The procedure of all built-in controls: hands the message to the control's object.
 LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);

@@ -130,7 +130,7 @@ class Button : public BasicControl {
 
 }  // namespace
 
-std::unique_ptr<Control> MakeButton(Window& window) {
+std::unique_ptr<BuiltInControl> MakeButton(Window& window) {
     return std::make_unique<Button>(window);
 }
 

@@ -274,7 +274,7 @@ class ComboBox : public BasicControl {
 
 }  // namespace
 
-std::unique_ptr<Control> MakeComboBox(Window& window) {
+std::unique_ptr<BuiltInControl> MakeComboBox(Window& window) {
     return std::make_unique<ComboBox>(window);
 }
 

@@ -5,7 +5,7 @@
 
 namespace vxd {
 
-class BasicControl : public Control {
+class BasicControl : public BuiltInControl {
   public:
     explicit BasicControl(Window& window) : window_(window) {}
 
@@ -29,11 +29,11 @@ class BasicControl : public Control {
     Window& window_;
 };
 
-std::unique_ptr<Control> MakeStatic(Window& window);
-std::unique_ptr<Control> MakeButton(Window& window);
-std::unique_ptr<Control> MakeEdit(Window& window);
-std::unique_ptr<Control> MakeListBox(Window& window);
-std::unique_ptr<Control> MakeScrollBar(Window& window);
-std::unique_ptr<Control> MakeComboBox(Window& window);
+std::unique_ptr<BuiltInControl> MakeStatic(Window& window);
+std::unique_ptr<BuiltInControl> MakeButton(Window& window);
+std::unique_ptr<BuiltInControl> MakeEdit(Window& window);
+std::unique_ptr<BuiltInControl> MakeListBox(Window& window);
+std::unique_ptr<BuiltInControl> MakeScrollBar(Window& window);
+std::unique_ptr<BuiltInControl> MakeComboBox(Window& window);
 
 }  // namespace vxd

@@ -195,7 +195,7 @@ class Edit : public BasicControl {
 
 }  // namespace
 
-std::unique_ptr<Control> MakeEdit(Window& window) {
+std::unique_ptr<BuiltInControl> MakeEdit(Window& window) {
     return std::make_unique<Edit>(window);
 }
 

@@ -105,7 +105,7 @@ class ListBox : public BasicControl {
 
 }  // namespace
 
-std::unique_ptr<Control> MakeListBox(Window& window) {
+std::unique_ptr<BuiltInControl> MakeListBox(Window& window) {
     return std::make_unique<ListBox>(window);
 }
 

@@ -98,7 +98,7 @@ class ScrollBar : public BasicControl {
 
 }  // namespace
 
-std::unique_ptr<Control> MakeScrollBar(Window& window) {
+std::unique_ptr<BuiltInControl> MakeScrollBar(Window& window) {
     return std::make_unique<ScrollBar>(window);
 }
 

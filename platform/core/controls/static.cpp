@@ -55,7 +55,7 @@ class Static : public BasicControl {
 
 }  // namespace
 
-std::unique_ptr<Control> MakeStatic(Window& window) {
+std::unique_ptr<BuiltInControl> MakeStatic(Window& window) {
     return std::make_unique<Static>(window);
 }
 
