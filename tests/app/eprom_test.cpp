@@ -2,7 +2,9 @@
 #include <array>
 #include <chrono>
 #include <thread>
+#include <utility>
 
+#include "driver/shared_words.h"
 #include "res/resource.h"
 #include "tests/app/dialog_test.h"
 
@@ -70,6 +72,22 @@ TEST_F(Eprom, WritesTheLowBytesOfItsFieldsAndReadsNothingBack) {
     EXPECT_EQ(contents[0x20], 0xA1) << "the rest stays";
     EXPECT_TRUE(IsInFront());
     EXPECT_EQ(Stored("Length"), "(none)") << "nothing is remembered before the end";
+}
+
+// A transfer may end before its call returns, so a flag that is raised behind the call stays up.
+TEST_F(Eprom, RaisesTheFlagBeforeTheBoardIsCalled) {
+    for (const auto& [operation, button] : {std::pair{"vdapi_EPROM_Read", IDC_EPROM_READ},
+                                            std::pair{"vdapi_EPROM_Write", IDC_EPROM_WRITE}}) {
+        dialog_.Press(button);
+        board::SlowDown(operation, 500ms);
+        board::ForgetCalls();
+        PostMessageA(dialog_.Control(IDC_EPROM_APPLY), BM_CLICK, 0, 0);
+        while (GetSharedWords().EpromPendingFlag == 0 && board::Calls().empty())
+            std::this_thread::sleep_for(1ms);
+        EXPECT_TRUE(board::Calls().empty()) << operation;
+        kit::Settle();
+        board::SlowDown(operation, {});
+    }
 }
 
 TEST_F(Eprom, RemembersFieldsAndOperationHoweverItIsClosed) {
