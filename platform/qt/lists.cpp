@@ -22,9 +22,9 @@ namespace {
 // A list of which a person chooses one row: with the mouse when the button comes up, with the keys
 // at once. The second click of two tells of nothing but the double click. Assistive tools select a
 // row without any of these.
-class RowList : public QListWidget {
+class ListView : public QListWidget {
   public:
-    RowList(QWidget* parent, WidgetId id, Report& report)
+    ListView(QWidget* parent, WidgetId id, Report& report)
         : QListWidget(parent), id_(id), report_(report) {
         setUniformItemSizes(true);
         setFocusPolicy(Qt::ClickFocus);
@@ -131,7 +131,7 @@ class RowList : public QListWidget {
 class ListBox : public Control {
   public:
     ListBox(const WidgetSetup& setup, QWidget& parent, Report& report)
-        : Control(setup, std::make_unique<RowList>(&parent, setup.id, report)) {
+        : Control(setup, std::make_unique<ListView>(&parent, setup.id, report)) {
         SetScrollBars(List(), setup.style);
     }
 
@@ -141,7 +141,7 @@ class ListBox : public Control {
     void SelectRow(int row) override { List().Select(row); }
 
   private:
-    RowList& List() const { return static_cast<RowList&>(NativeWidget()); }
+    ListView& List() const { return static_cast<ListView&>(NativeWidget()); }
 };
 
 // Lists drop down below their box and scroll, in every style: some of the utility's have a hundred
@@ -329,7 +329,7 @@ class EditOverList : public QWidget {
     }
 
     QLineEdit& Edit() { return edit_; }
-    RowList& List() { return list_; }
+    ListView& List() { return list_; }
 
     bool eventFilter(QObject* object, QEvent* event) override {
         if (object == &edit_ && event->type() == QEvent::KeyPress) {
@@ -355,7 +355,7 @@ class EditOverList : public QWidget {
 
   private:
     QLineEdit edit_;
-    RowList list_;
+    ListView list_;
 };
 
 class SimpleCombo : public Control {
