@@ -13,7 +13,7 @@ ResultCode Aec::SetMode(uint32_t code) {
 }
 
 ResultCode InitializeAec(State& state) {
-    const ResultCode code = TakeStep(state, Service::Aec, kInitialize);
+    const ResultCode code = TakeStep(state, Service::kAec, kInitialize);
     if (code == VXD_SUCCESS) {
         state.hardware.aec = {};
     }

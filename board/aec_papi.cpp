@@ -12,10 +12,10 @@ uint32_t WINAPI vdapi_AEC_Initialize() {
 }
 
 uint32_t WINAPI vdapi_AEC_Terminate() {
-    return OnBoard({"vdapi_AEC_Terminate"}, TakeStep<Service::Aec, kTerminate>);
+    return OnBoard({"vdapi_AEC_Terminate"}, TakeStep<Service::kAec, kTerminate>);
 }
 
 uint32_t WINAPI vdapi_AEC_SetMode(uint32_t code) {
-    return OnService(Service::Aec, {"vdapi_AEC_SetMode", {code}},
+    return OnService(Service::kAec, {"vdapi_AEC_SetMode", {code}},
                      [=](State& state) { return state.hardware.aec.SetMode(code); });
 }

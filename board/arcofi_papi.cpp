@@ -11,7 +11,7 @@
 using namespace board;
 
 uint32_t WINAPI vdapi_ARCOFI_Read(uint32_t id, uint8_t* buffer) {
-    return OnService(Service::Arcofi, {"vdapi_ARCOFI_Read", {id, buffer}}, [=](State& state) {
+    return OnService(Service::kArcofi, {"vdapi_ARCOFI_Read", {id, buffer}}, [=](State& state) {
         const ResultCode code = state.hardware.arcofi.Read(id, buffer);
         for (size_t i = 0; code == VXD_SUCCESS && i < Arcofi::ByteCount(id); ++i) {
             state.Give(buffer[i], buffer[i]);
@@ -21,7 +21,7 @@ uint32_t WINAPI vdapi_ARCOFI_Read(uint32_t id, uint8_t* buffer) {
 }
 
 uint32_t WINAPI vdapi_ARCOFI_Write(uint32_t id, const uint8_t* buffer) {
-    return OnService(Service::Arcofi,
+    return OnService(Service::kArcofi,
                      {"vdapi_ARCOFI_Write", {id, buffer}, BytesAt(buffer, Arcofi::ByteCount(id))},
                      [=](State& state) { return state.hardware.arcofi.Write(id, buffer); });
 }

@@ -28,7 +28,7 @@ ResultCode SendBas(State& state, int32_t commandCount, int32_t repeatCount, cons
 
 ResultCode TerminateBas(State& state) {
     state.services.bas = {};
-    return TakeStep(state, Service::Bas, kTerminate);
+    return TakeStep(state, Service::kBas, kTerminate);
 }
 
 }  // namespace board

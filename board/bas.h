@@ -1,7 +1,7 @@
 // The BAS service, which sends commands in the bit-rate allocation signal of a call. Nobody is at
 // the other end: the commands are kept as they were sent.
 //
-// It has a life cycle (Service::Bas); while it is down, sending answers VXD_CONFIGURATION_NOT_SET.
+// It has a life cycle (Service::kBas); while it is down, sending answers VXD_CONFIGURATION_NOT_SET.
 #pragma once
 
 #include <cstdint>

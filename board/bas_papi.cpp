@@ -17,7 +17,7 @@ constexpr size_t kBasBytes = 6;
 }  // namespace
 
 uint32_t WINAPI vdapi_BAS_Initialize() {
-    return OnBoard({"vdapi_BAS_Initialize"}, TakeStep<Service::Bas, kInitialize>);
+    return OnBoard({"vdapi_BAS_Initialize"}, TakeStep<Service::kBas, kInitialize>);
 }
 
 uint32_t WINAPI vdapi_BAS_Terminate() {
@@ -27,7 +27,7 @@ uint32_t WINAPI vdapi_BAS_Terminate() {
 uint32_t WINAPI vdapi_BAS_Write(int32_t commandCount, int32_t repeatCount, const uint8_t* data,
                                 int32_t length) {
     return OnService(
-        Service::Bas,
+        Service::kBas,
         {"vdapi_BAS_Write", {commandCount, repeatCount, data, length}, BytesAt(data, kBasBytes)},
         [=](State& state) { return SendBas(state, commandCount, repeatCount, data, length); });
 }

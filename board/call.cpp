@@ -13,11 +13,11 @@ std::string Hexadecimal(const char* format, unsigned value) {
 
 std::string Describe(const Argument& argument) {
     switch (argument.kind) {
-        case Argument::Kind::Text:
+        case Argument::Kind::kText:
             return '"' + argument.text + '"';
-        case Argument::Kind::Address:
+        case Argument::Kind::kAddress:
             return argument.value ? "address" : "none";
-        case Argument::Kind::Value:
+        case Argument::Kind::kValue:
             break;
     }
     return Hexadecimal("0x%X", argument.value);

@@ -11,13 +11,14 @@
 namespace board {
 
 struct Argument {
-    enum class Kind { Value, Text, Address };
+    enum class Kind { kValue, kText, kAddress };
 
-    Argument(uint32_t argument) : kind(Kind::Value), value(argument) {}
-    Argument(int32_t argument) : kind(Kind::Value), value(static_cast<uint32_t>(argument)) {}
-    Argument(const char* argument) : kind(Kind::Text), text(argument ? argument : "") {}
+    Argument(uint32_t argument) : kind(Kind::kValue), value(argument) {}
+    Argument(int32_t argument) : kind(Kind::kValue), value(static_cast<uint32_t>(argument)) {}
+    Argument(const char* argument) : kind(Kind::kText), text(argument ? argument : "") {}
     Argument(const void* argument)
-        : kind(Kind::Address), value(static_cast<uint32_t>(reinterpret_cast<uintptr_t>(argument))) {
+        : kind(Kind::kAddress),
+          value(static_cast<uint32_t>(reinterpret_cast<uintptr_t>(argument))) {
         // Only an absent address reads as 0, also where another one's low half is 0.
         if (argument && value == 0) {
             value = 1;

@@ -10,16 +10,16 @@
 using namespace board;
 
 uint32_t WINAPI vdapi_CAM_Digit_Initialize() {
-    return OnBoard({"vdapi_CAM_Digit_Initialize"}, TakeStep<Service::DigitalCamera, kInitialize>);
+    return OnBoard({"vdapi_CAM_Digit_Initialize"}, TakeStep<Service::kDigitalCamera, kInitialize>);
 }
 
 uint32_t WINAPI vdapi_CAM_Digit_Terminate() {
-    return OnBoard({"vdapi_CAM_Digit_Terminate"}, TakeStep<Service::DigitalCamera, kTerminate>);
+    return OnBoard({"vdapi_CAM_Digit_Terminate"}, TakeStep<Service::kDigitalCamera, kTerminate>);
 }
 
 uint32_t WINAPI vdapi_CAM_Digit_Read(uint32_t registerId, uint8_t* value) {
     return OnService(
-        Service::DigitalCamera, {"vdapi_CAM_Digit_Read", {registerId, value}}, [=](State& state) {
+        Service::kDigitalCamera, {"vdapi_CAM_Digit_Read", {registerId, value}}, [=](State& state) {
             return ReadInto(state, value, [&](uint32_t& read) {
                 return state.hardware.i2cBus.Read(kDigitalCamera, CameraRegister(registerId), read);
             });
@@ -28,22 +28,22 @@ uint32_t WINAPI vdapi_CAM_Digit_Read(uint32_t registerId, uint8_t* value) {
 
 uint32_t WINAPI vdapi_CAM_Digit_Write(uint32_t registerId, uint32_t value) {
     return OnService(
-        Service::DigitalCamera, {"vdapi_CAM_Digit_Write", {registerId, value}}, [=](State& state) {
+        Service::kDigitalCamera, {"vdapi_CAM_Digit_Write", {registerId, value}}, [=](State& state) {
             return state.hardware.i2cBus.Write(kDigitalCamera, CameraRegister(registerId), value);
         });
 }
 
 uint32_t WINAPI vdapi_CAM_ACIF_Initialize() {
-    return OnBoard({"vdapi_CAM_ACIF_Initialize"}, TakeStep<Service::AnalogCamera, kInitialize>);
+    return OnBoard({"vdapi_CAM_ACIF_Initialize"}, TakeStep<Service::kAnalogCamera, kInitialize>);
 }
 
 uint32_t WINAPI vdapi_CAM_ACIF_Terminate() {
-    return OnBoard({"vdapi_CAM_ACIF_Terminate"}, TakeStep<Service::AnalogCamera, kTerminate>);
+    return OnBoard({"vdapi_CAM_ACIF_Terminate"}, TakeStep<Service::kAnalogCamera, kTerminate>);
 }
 
 uint32_t WINAPI vdapi_CAM_ACIF_Read(uint32_t registerId, uint8_t* value) {
     return OnService(
-        Service::AnalogCamera, {"vdapi_CAM_ACIF_Read", {registerId, value}}, [=](State& state) {
+        Service::kAnalogCamera, {"vdapi_CAM_ACIF_Read", {registerId, value}}, [=](State& state) {
             return ReadInto(state, value, [&](uint32_t& read) {
                 return state.hardware.i2cBus.Read(kVideoDecoder, CameraRegister(registerId), read);
             });
@@ -52,7 +52,7 @@ uint32_t WINAPI vdapi_CAM_ACIF_Read(uint32_t registerId, uint8_t* value) {
 
 uint32_t WINAPI vdapi_CAM_ACIF_Write(uint32_t registerId, uint32_t value) {
     return OnService(
-        Service::AnalogCamera, {"vdapi_CAM_ACIF_Write", {registerId, value}}, [=](State& state) {
+        Service::kAnalogCamera, {"vdapi_CAM_ACIF_Write", {registerId, value}}, [=](State& state) {
             return state.hardware.i2cBus.Write(kVideoDecoder, CameraRegister(registerId), value);
         });
 }

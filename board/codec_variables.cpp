@@ -124,13 +124,13 @@ CodecVariables CodecVariablesAtPowerOn() {
 
 ResultCode ReadCodecVariable(State& state, const char* name, uint32_t unitSize, int32_t count,
                              void* buffer) {
-    EndTransfer(state, StatusWord::VcpGet);
+    EndTransfer(state, StatusWord::kVcpGet);
     return Read(state, name, unitSize, count, buffer);
 }
 
 ResultCode WriteCodecVariable(State& state, const char* name, uint32_t unitSize, int32_t count,
                               const void* buffer) {
-    EndTransfer(state, StatusWord::VcpSet);
+    EndTransfer(state, StatusWord::kVcpSet);
     return Write(state, name, unitSize, count, buffer);
 }
 

@@ -65,7 +65,7 @@ ResultCode Start(State& state, uint32_t length, First first, Last last) {
     eeprom.busyUntil = now + duration;
     state.schedule.After(duration, [last = std::move(last)](State& later) {
         last();
-        ClearStatusWord<uint16_t>(later, StatusWord::EpromPending);
+        ClearStatusWord<uint16_t>(later, StatusWord::kEpromPending);
     });
     return VXD_SUCCESS;
 }

@@ -23,19 +23,19 @@ inline ResultCode WriteTo(Registers& registers, uint32_t number, uint32_t value,
     return code == VXD_SUCCESS ? registers.Read(number, response) : code;
 }
 
-template <Registers Firmware::*Member>
+template <Registers Firmware::*kMember>
 ResultCode Read(State& state, const FirmwareParameters& parameters, FirmwareResponses& responses) {
-    return (state.firmware.*Member).Read(parameters.first, responses.first);
+    return (state.firmware.*kMember).Read(parameters.first, responses.first);
 }
 
-template <Registers Firmware::*Member>
+template <Registers Firmware::*kMember>
 ResultCode Write(State& state, const FirmwareParameters& parameters, FirmwareResponses& responses) {
-    return WriteTo(state.firmware.*Member, parameters.first, parameters.second, responses.first);
+    return WriteTo(state.firmware.*kMember, parameters.first, parameters.second, responses.first);
 }
 
-template <uint32_t Firmware::*Member>
+template <uint32_t Firmware::*kMember>
 ResultCode Set(State& state, const FirmwareParameters& parameters, FirmwareResponses& responses) {
-    state.firmware.*Member = parameters.first;
+    state.firmware.*kMember = parameters.first;
     responses.first = parameters.first;
     return VXD_SUCCESS;
 }

@@ -21,18 +21,18 @@ uint32_t UnitBytes(const AddressSpace& space, uint32_t unitSize) {
     return unitSize == 0 ? space.WidestUnit() : unitSize;
 }
 
-template <AddressSpace Hardware::*Member>
+template <AddressSpace Hardware::*kMember>
 ResultCode ReadUnit(State& state, const Parameters& parameters, Responses& responses) {
-    const AddressSpace& space = state.hardware.*Member;
+    const AddressSpace& space = state.hardware.*kMember;
     return space.Read(parameters.first, UnitBytes(space, parameters.second), responses.first);
 }
 
-template <AddressSpace Hardware::*Member>
+template <AddressSpace Hardware::*kMember>
 ResultCode WriteUnit(State& state, const Parameters& parameters, Responses& responses) {
-    AddressSpace& space = state.hardware.*Member;
+    AddressSpace& space = state.hardware.*kMember;
     const ResultCode code =
         space.Write(parameters.first, UnitBytes(space, parameters.second), parameters.third);
-    return code == VXD_SUCCESS ? ReadUnit<Member>(state, parameters, responses) : code;
+    return code == VXD_SUCCESS ? ReadUnit<kMember>(state, parameters, responses) : code;
 }
 
 // --- I2C ---
@@ -144,9 +144,9 @@ ResultCode TestLine(State& state, const Parameters& parameters, Responses& respo
     return code;
 }
 
-template <bool Active>
+template <bool kActive>
 ResultCode SetLine(State& state, const Parameters& parameters, Responses& responses) {
-    const ResultCode code = state.auxiliaryDevice.SetLine(parameters.first, Active);
+    const ResultCode code = state.auxiliaryDevice.SetLine(parameters.first, kActive);
     return code == VXD_SUCCESS ? TestLine(state, parameters, responses) : code;
 }
 

@@ -29,18 +29,18 @@ ResultCode UpdateVersion(State& state, const Parameters& parameters, Responses& 
 
 // --- Audio parameters ---
 
-template <uint32_t Parameter>
+template <uint32_t kParameter>
 ResultCode SetAudioParameter(State& state, const Parameters& parameters, Responses& responses) {
-    return WriteTo(state.firmware.audioParameters, Parameter, parameters.first, responses.first);
+    return WriteTo(state.firmware.audioParameters, kParameter, parameters.first, responses.first);
 }
 
 // --- Debug levels of the firmware's modules ---
 
-template <uint32_t Level>
+template <uint32_t kLevel>
 ResultCode SetAllLevels(State& state, const Parameters&, Responses&) {
     Registers& levels = state.firmware.moduleDebugLevels;
     for (uint32_t module = 0; module <= levels.last; ++module) {
-        levels.Write(module, Level);
+        levels.Write(module, kLevel);
     }
     return VXD_SUCCESS;
 }
@@ -57,9 +57,9 @@ ResultCode GiveBack(State&, const Parameters& parameters, Responses& responses) 
     return VXD_SUCCESS;
 }
 
-template <uint32_t Number>
+template <uint32_t kNumber>
 ResultCode Count(State& state, const Parameters&, Responses& responses) {
-    responses.first = ++state.firmware.timesSent[Number];
+    responses.first = ++state.firmware.timesSent[kNumber];
     return VXD_SUCCESS;
 }
 

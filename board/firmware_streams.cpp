@@ -13,9 +13,9 @@ using Responses = FirmwareResponses;
 constexpr size_t kStreamCapacity = 64;
 
 // A command that does with a stream what the library's operation does.
-template <ResultCode (*Run)(State&, uint32_t)>
+template <ResultCode (*kRun)(State&, uint32_t)>
 ResultCode OnStream(State& state, const Parameters& parameters, Responses&) {
-    return Run(state, parameters.first);
+    return kRun(state, parameters.first);
 }
 
 ResultCode GetStreamInfo(State& state, const Parameters& parameters, Responses& responses) {
@@ -28,13 +28,13 @@ ResultCode GetStreamInfo(State& state, const Parameters& parameters, Responses& 
 }
 
 // Wraps a command that wants an open stream.
-template <ResultCode (*Run)(Stream&, const Parameters&, Responses&)>
+template <ResultCode (*kRun)(Stream&, const Parameters&, Responses&)>
 ResultCode OnOpenStream(State& state, const Parameters& parameters, Responses& responses) {
     Stream* stream = FindStream(state, parameters.first);
     if (!stream) {
         return VXD_INVALID_PARAMETER;
     }
-    return stream->open ? Run(*stream, parameters, responses) : VXD_ILLEGAL_OPERATION;
+    return stream->open ? kRun(*stream, parameters, responses) : VXD_ILLEGAL_OPERATION;
 }
 
 ResultCode Resynchronise(Stream& stream, const Parameters&, Responses& responses) {

@@ -17,18 +17,18 @@ constexpr uint32_t kMostI2cItems = 256;
 }  // namespace
 
 uint32_t WINAPI vdapi_I2C_Initialize() {
-    return OnBoard({"vdapi_I2C_Initialize"}, TakeStep<Service::I2c, kInitialize>);
+    return OnBoard({"vdapi_I2C_Initialize"}, TakeStep<Service::kI2c, kInitialize>);
 }
 
 uint32_t WINAPI vdapi_I2C_Terminate() {
-    return OnBoard({"vdapi_I2C_Terminate"}, TakeStep<Service::I2c, kTerminate>);
+    return OnBoard({"vdapi_I2C_Terminate"}, TakeStep<Service::kI2c, kTerminate>);
 }
 
 uint32_t WINAPI vdapi_I2C_Transfer(const uint16_t* items, uint32_t count, uint32_t* result) {
     // More items than any transfer has can only be a mistake, and are not looked at.
     const std::span<const uint16_t> known(items, items && count <= kMostI2cItems ? count : 0);
     return OnService(
-        Service::I2c,
+        Service::kI2c,
         {"vdapi_I2C_Transfer", {items, count, result}, BytesAt(items, known.size_bytes())},
         [=](State& state) {
             const ResultCode code = state.hardware.i2cBus.Transfer(known, result);

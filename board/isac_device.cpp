@@ -8,9 +8,9 @@ namespace board {
 std::optional<Service> IsacDevice(uint32_t device) {
     switch (device) {
         case 13:
-            return Service::IsacMonitor;
+            return Service::kIsacMonitor;
         case 14:
-            return Service::IsacIsdn;
+            return Service::kIsacIsdn;
     }
     return std::nullopt;
 }
@@ -18,7 +18,7 @@ std::optional<Service> IsacDevice(uint32_t device) {
 ResultCode InitializeIsacDevice(State& state, const IsacInitializeBlock& block) {
     const std::optional<Service> service = IsacDevice(block.device.value);
     if (!service ||
-        !state.registrations.IsGiven(Client::Isac, block.device.value, block.registration)) {
+        !state.registrations.IsGiven(Client::kIsac, block.device.value, block.registration)) {
         return VXD_INVALID_PARAMETER;
     }
     const ResultCode result = TakeStep(state, *service, kInitialize);
@@ -31,14 +31,14 @@ ResultCode InitializeIsacDevice(State& state, const IsacInitializeBlock& block) 
 ResultCode TerminateIsacDevice(State& state, const DeviceBlock& block) {
     const ResultCode result = TakeDeviceStep<IsacDevice, kTerminate>(state, block);
     if (!IsIom2Driven(state)) {
-        TakeStep(state, Service::Iom2, kDeactivate);
+        TakeStep(state, Service::kIom2, kDeactivate);
     }
     return result;
 }
 
 bool IsIom2Driven(const State& state) {
-    return NeedUp(state, Service::IsacMonitor) == VXD_SUCCESS ||
-           NeedUp(state, Service::IsacIsdn) == VXD_SUCCESS;
+    return NeedUp(state, Service::kIsacMonitor) == VXD_SUCCESS ||
+           NeedUp(state, Service::kIsacIsdn) == VXD_SUCCESS;
 }
 
 }  // namespace board

@@ -28,7 +28,7 @@ bool IsIom2Driven(const State& state);
 // Activates or deactivates the IOM-2 bus.
 template <Step kStep>
 ResultCode TakeIom2Step(State& state) {
-    return IsIom2Driven(state) ? TakeStep(state, Service::Iom2, kStep) : VXD_CONFIGURATION_NOT_SET;
+    return IsIom2Driven(state) ? TakeStep(state, Service::kIom2, kStep) : VXD_CONFIGURATION_NOT_SET;
 }
 
 }  // namespace board

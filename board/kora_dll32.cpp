@@ -68,7 +68,7 @@ uint32_t WINAPI KORA_DLL_Terminate() {
 
 uint32_t WINAPI KORA_DLL_GetIsacHandle(uint32_t device) {
     return Give({"KORA_DLL_GetIsacHandle", {device}}, [=](State& state) {
-        return IsacDevice(device) ? state.registrations.Give(Client::Isac, device) : 0;
+        return IsacDevice(device) ? state.registrations.Give(Client::kIsac, device) : 0;
     });
 }
 
@@ -78,13 +78,13 @@ uint32_t WINAPI KORA_DLL_GetMonitorHandle(uint32_t device, HWND window) {
             return 0;
         }
         state.monitor.window = window;
-        return state.registrations.Give(Client::Monitor, device);
+        return state.registrations.Give(Client::kMonitor, device);
     });
 }
 
 uint32_t WINAPI KORA_DLL_GetSeqHandle(uint32_t reserved) {
     return Give({"KORA_DLL_GetSeqHandle", {reserved}}, [=](State& state) {
-        return reserved == 0 ? state.registrations.Give(Client::Sequencer, 0) : 0;
+        return reserved == 0 ? state.registrations.Give(Client::kSequencer, 0) : 0;
     });
 }
 

@@ -5,8 +5,8 @@
 namespace board {
 
 ResultCode LifeCycle::TurnOn(Position& position) {
-    return std::exchange(position, Position::On) == Position::On ? VXD_OPERATION_ALREADY_DONE
-                                                                 : VXD_SUCCESS;
+    return std::exchange(position, Position::kOn) == Position::kOn ? VXD_OPERATION_ALREADY_DONE
+                                                                   : VXD_SUCCESS;
 }
 
 ResultCode LifeCycle::Initialize() {
@@ -14,9 +14,9 @@ ResultCode LifeCycle::Initialize() {
 }
 
 ResultCode LifeCycle::Terminate() {
-    active_ = Position::Off;
-    return std::exchange(up_, Position::Off) == Position::Off ? VXD_CONFIGURATION_NOT_SET
-                                                              : VXD_SUCCESS;
+    active_ = Position::kOff;
+    return std::exchange(up_, Position::kOff) == Position::kOff ? VXD_CONFIGURATION_NOT_SET
+                                                                : VXD_SUCCESS;
 }
 
 ResultCode LifeCycle::Reset() {
@@ -35,17 +35,17 @@ ResultCode LifeCycle::Deactivate() {
     if (!IsUp()) {
         return VXD_CONFIGURATION_NOT_SET;
     }
-    return std::exchange(active_, Position::Off) == Position::Off ? VXD_ILLEGAL_OPERATION
-                                                                  : VXD_SUCCESS;
+    return std::exchange(active_, Position::kOff) == Position::kOff ? VXD_ILLEGAL_OPERATION
+                                                                    : VXD_SUCCESS;
 }
 
 const char* LifeCycle::Describe() const {
     switch (up_) {
-        case Position::OnSincePowerOn:
+        case Position::kOnSincePowerOn:
             return "up since power-on";
-        case Position::On:
+        case Position::kOn:
             return "initialised";
-        case Position::Off:
+        case Position::kOff:
             break;
     }
     return "down";
@@ -76,33 +76,33 @@ void ResetArcofi(State& state) {
 }  // namespace
 
 constexpr std::array<ServiceEntry, kServiceCount> kServices{{
-    {Service::Pci, Module::Core, "PCI bus", false},
-    {Service::Vpic, Module::Vpic, "VPIC", false, [](State& state) { state.hardware.vpic = {}; }},
-    {Service::Sequencer, Module::Seq, "sequencer", false,
+    {Service::kPci, Module::kCore, "PCI bus", false},
+    {Service::kVpic, Module::kVpic, "VPIC", false, [](State& state) { state.hardware.vpic = {}; }},
+    {Service::kSequencer, Module::kSeq, "sequencer", false,
      [](State& state) { state.services.sequencer = {}; }},
-    {Service::IsacMonitor, Module::Isac, "device 13", false, ResetFirstIsac},
-    {Service::IsacIsdn, Module::Isac, "device 14", false, ResetFirstIsac},
-    {Service::Iom2, Module::Iom2, "IOM-2 bus", true},
-    {Service::MonitorArcofi, Module::Iom2, "monitor device 3", true},
-    {Service::MonitorSbcx, Module::Iom2, "monitor device 12", true},
-    {Service::Arcofi, Module::Arcofi, "ARCOFI", true, ResetArcofi},
-    {Service::Saec, Module::Arcofi, "echo canceller", false,
+    {Service::kIsacMonitor, Module::kIsac, "device 13", false, ResetFirstIsac},
+    {Service::kIsacIsdn, Module::kIsac, "device 14", false, ResetFirstIsac},
+    {Service::kIom2, Module::kIom2, "IOM-2 bus", true},
+    {Service::kMonitorArcofi, Module::kIom2, "monitor device 3", true},
+    {Service::kMonitorSbcx, Module::kIom2, "monitor device 12", true},
+    {Service::kArcofi, Module::kArcofi, "ARCOFI", true, ResetArcofi},
+    {Service::kSaec, Module::kArcofi, "echo canceller", false,
      [](State& state) { state.hardware.saec = {}; }},
-    {Service::Aec, Module::Arcofi, "echo-cancelling DSP", false},
-    {Service::I2c, Module::I2c, "I2C bus", false},
-    {Service::DigitalCamera, Module::Camera, "digital camera", false,
+    {Service::kAec, Module::kArcofi, "echo-cancelling DSP", false},
+    {Service::kI2c, Module::kI2c, "I2C bus", false},
+    {Service::kDigitalCamera, Module::kCamera, "digital camera", false,
      [](State& state) { state.hardware.i2cBus.Reset(kDigitalCamera); }},
-    {Service::AnalogCamera, Module::Acif, "analog camera", false},
-    {Service::Eprom, Module::Eprom, "EEPROM", false},
-    {Service::Stream, Module::Stream, "stream service", false},
-    {Service::Bt85x, Module::Bt85x, "video encoder", false, ResetVideoEncoder},
-    {Service::Mbe, Module::Mbe, "message channel", true},
-    {Service::AnnexD, Module::AnnexD, "still images", false},
-    {Service::Vpp, Module::Vpp, "post-processing", true},
-    {Service::Lsd, Module::Lsd, "channel", false},
-    {Service::Hsd, Module::Hsd, "channel", false},
-    {Service::Mlp, Module::Mlp, "channel", false},
-    {Service::Bas, Module::Stream, "BAS", false},
+    {Service::kAnalogCamera, Module::kAcif, "analog camera", false},
+    {Service::kEprom, Module::kEprom, "EEPROM", false},
+    {Service::kStream, Module::kStream, "stream service", false},
+    {Service::kBt85x, Module::kBt85x, "video encoder", false, ResetVideoEncoder},
+    {Service::kMbe, Module::kMbe, "message channel", true},
+    {Service::kAnnexD, Module::kAnnexD, "still images", false},
+    {Service::kVpp, Module::kVpp, "post-processing", true},
+    {Service::kLsd, Module::kLsd, "channel", false},
+    {Service::kHsd, Module::kHsd, "channel", false},
+    {Service::kMlp, Module::kMlp, "channel", false},
+    {Service::kBas, Module::kStream, "BAS", false},
 }};
 
 ResultCode NeedUp(const State& state, Service service) {

@@ -30,19 +30,19 @@ class LifeCycle {
     ResultCode Activate();
     ResultCode Deactivate();
 
-    bool IsUp() const { return up_ != Position::Off; }
-    bool IsActive() const { return active_ != Position::Off; }
+    bool IsUp() const { return up_ != Position::kOff; }
+    bool IsActive() const { return active_ != Position::kOff; }
 
     // "down", "up since power-on" or "initialised".
     const char* Describe() const;
 
   private:
-    enum class Position { Off, OnSincePowerOn, On };
+    enum class Position { kOff, kOnSincePowerOn, kOn };
 
     static ResultCode TurnOn(Position& position);
 
-    Position up_ = Position::OnSincePowerOn;
-    Position active_ = Position::OnSincePowerOn;
+    Position up_ = Position::kOnSincePowerOn;
+    Position active_ = Position::kOnSincePowerOn;
 };
 
 // Whoever registers can do so once, and unregister only then.
@@ -56,30 +56,30 @@ inline ResultCode Unregister(bool& registered) {
 // What has a life cycle, but for the auxiliary device, which keeps its own
 // (board/auxiliary_device.h).
 enum class Service {
-    Pci,   // can only be initialised
-    Vpic,  // comes up again with the driver or the whole board only
-    Sequencer,
-    IsacMonitor,    // ISAC device 13
-    IsacIsdn,       // ISAC device 14
-    Iom2,           // can be activated while an ISAC device is up
-    MonitorArcofi,  // monitor device 3
-    MonitorSbcx,    // monitor device 12
-    Arcofi,
-    Saec,
-    Aec,
-    I2c,
-    DigitalCamera,
-    AnalogCamera,
-    Eprom,
-    Stream,
-    Bt85x,
-    Mbe,  // active while it has an outgoing stream
-    AnnexD,
-    Vpp,
-    Lsd,
-    Hsd,
-    Mlp,
-    Bas,
+    kPci,   // can only be initialised
+    kVpic,  // comes up again with the driver or the whole board only
+    kSequencer,
+    kIsacMonitor,    // ISAC device 13
+    kIsacIsdn,       // ISAC device 14
+    kIom2,           // can be activated while an ISAC device is up
+    kMonitorArcofi,  // monitor device 3
+    kMonitorSbcx,    // monitor device 12
+    kArcofi,
+    kSaec,
+    kAec,
+    kI2c,
+    kDigitalCamera,
+    kAnalogCamera,
+    kEprom,
+    kStream,
+    kBt85x,
+    kMbe,  // active while it has an outgoing stream
+    kAnnexD,
+    kVpp,
+    kLsd,
+    kHsd,
+    kMlp,
+    kBas,
 };
 
 struct ServiceEntry {
@@ -90,7 +90,7 @@ struct ServiceEntry {
     void (*reset)(State& state) = nullptr;  // what else Reset makes as at power-on
 };
 
-inline constexpr size_t kServiceCount = static_cast<size_t>(Service::Bas) + 1;
+inline constexpr size_t kServiceCount = static_cast<size_t>(Service::kBas) + 1;
 // In the order of the services.
 extern const std::array<ServiceEntry, kServiceCount> kServices;
 

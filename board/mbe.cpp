@@ -19,7 +19,7 @@ ResultCode InitializeMbe(State& state, uint32_t channel, uint32_t capacity) {
     if (channel != kOnlyChannel || capacity == 0 || capacity > Mbe::kMostBytes) {
         return VXD_INVALID_PARAMETER;
     }
-    const ResultCode code = TakeStep(state, Service::Mbe, kInitialize);
+    const ResultCode code = TakeStep(state, Service::kMbe, kInitialize);
     if (code == VXD_SUCCESS) {
         state.services.mbe.capacity = capacity;
     }
@@ -28,7 +28,7 @@ ResultCode InitializeMbe(State& state, uint32_t channel, uint32_t capacity) {
 
 ResultCode TerminateMbe(State& state) {
     state.services.mbe = {};
-    return TakeStep(state, Service::Mbe, kTerminate);
+    return TakeStep(state, Service::kMbe, kTerminate);
 }
 
 ResultCode WriteMbe(State& state, const char* text, uint32_t channel, uint32_t length,
@@ -37,7 +37,7 @@ ResultCode WriteMbe(State& state, const char* text, uint32_t channel, uint32_t l
     if (!text || channel != kTextChannel) {
         return VXD_INVALID_PARAMETER;
     }
-    if (!state.services.lifeCycles[Service::Mbe].IsActive()) {
+    if (!state.services.lifeCycles[Service::kMbe].IsActive()) {
         return VXD_ILLEGAL_OPERATION;
     }
     if (length > mbe.capacity) {

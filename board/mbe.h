@@ -1,7 +1,7 @@
 // The MBE message channel of a call, looped: what is sent is received.
 //
-// It has a life cycle (Service::Mbe), in which an outgoing stream is what makes it active. While it
-// is down, everything answers VXD_CONFIGURATION_NOT_SET.
+// It has a life cycle (Service::kMbe), in which an outgoing stream is what makes it active. While
+// it is down, everything answers VXD_CONFIGURATION_NOT_SET.
 #pragma once
 
 #include <cstdint>

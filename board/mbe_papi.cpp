@@ -19,18 +19,18 @@ uint32_t WINAPI vdapi_MBE_Terminate() {
 }
 
 uint32_t WINAPI vdapi_MBE_RegisterOutgoingStream() {
-    return OnBoard({"vdapi_MBE_RegisterOutgoingStream"}, TakeStep<Service::Mbe, kActivate>);
+    return OnBoard({"vdapi_MBE_RegisterOutgoingStream"}, TakeStep<Service::kMbe, kActivate>);
 }
 
 uint32_t WINAPI vdapi_MBE_Read(void* buffer, uint16_t* length, uint32_t* reserved) {
-    return OnService(Service::Mbe, {"vdapi_MBE_Read", {buffer, length, reserved}},
+    return OnService(Service::kMbe, {"vdapi_MBE_Read", {buffer, length, reserved}},
                      [=](State& state) { return ReadMbe(state, buffer, length, reserved); });
 }
 
 uint32_t WINAPI vdapi_MBE_Write(const char* text, uint32_t channel, uint32_t length,
                                 uint32_t terminator) {
     return OnService(
-        Service::Mbe, {"vdapi_MBE_Write", {text, channel, length, terminator}}, [=](State& state) {
+        Service::kMbe, {"vdapi_MBE_Write", {text, channel, length, terminator}}, [=](State& state) {
             return WriteMbe(state, text, channel, length, static_cast<uint8_t>(terminator));
         });
 }

@@ -23,8 +23,8 @@ struct Device {
 };
 
 constexpr auto kDevices = std::to_array<Device>({
-    {3, Service::MonitorArcofi, 0x82},
-    {12, Service::MonitorSbcx, 0x41},
+    {3, Service::kMonitorArcofi, 0x82},
+    {12, Service::kMonitorSbcx, 0x41},
 });
 
 bool IsActive(const State& state, const Device& device) {
@@ -41,7 +41,7 @@ std::optional<Service> MonitorDevice(uint32_t device) {
 ResultCode InitializeMonitorDevice(State& state, const MonitorInitializeBlock& block) {
     const std::optional<Service> service = MonitorDevice(block.device.value);
     if (!service ||
-        !state.registrations.IsGiven(Client::Monitor, block.device.value, block.registration)) {
+        !state.registrations.IsGiven(Client::kMonitor, block.device.value, block.registration)) {
         return VXD_INVALID_PARAMETER;
     }
     const ResultCode result = TakeStep(state, *service, kInitialize);

@@ -130,7 +130,7 @@ ResultCode ReadPciConfig(State& state, PciReadConfigBlock& block) {
 }
 
 ResultCode SimulatePciInterrupt(State& state) {
-    if (NeedUp(state, Service::Vpic) != VXD_SUCCESS) {
+    if (NeedUp(state, Service::kVpic) != VXD_SUCCESS) {
         return VXD_IRQ_ERROR;
     }
     ++state.services.boardInterrupts;

@@ -6,7 +6,7 @@
 
 namespace board {
 
-enum class Client : uint32_t { Sequencer = 1, Isac, Monitor };
+enum class Client : uint32_t { kSequencer = 1, kIsac, kMonitor };
 
 class Registrations {
   public:

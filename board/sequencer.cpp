@@ -12,7 +12,7 @@ constexpr uint16_t kLastDevice = 6;
 // Lets `work` use the sequencer while it is up.
 template <typename Work>
 ResultCode OnSequencer(State& state, Work work) {
-    const ResultCode result = NeedUp(state, Service::Sequencer);
+    const ResultCode result = NeedUp(state, Service::kSequencer);
     return result == VXD_SUCCESS ? work(state.services.sequencer) : result;
 }
 
@@ -27,7 +27,7 @@ ResultCode CrossCriticalSection(State& state, bool inside) {
 }  // namespace
 
 ResultCode TerminateSequencer(State& state) {
-    const ResultCode result = TakeStep(state, Service::Sequencer, kTerminate);
+    const ResultCode result = TakeStep(state, Service::kSequencer, kTerminate);
     if (result == VXD_SUCCESS) {
         state.services.sequencer = {};
     }
@@ -36,7 +36,7 @@ ResultCode TerminateSequencer(State& state) {
 
 ResultCode RegisterSequencer(State& state, const SequencerRegisterBlock& block) {
     return OnSequencer(state, [&](Sequencer& sequencer) {
-        return state.registrations.IsGiven(Client::Sequencer, 0, block.registration)
+        return state.registrations.IsGiven(Client::kSequencer, 0, block.registration)
                    ? Register(sequencer.registered)
                    : VXD_INVALID_PARAMETER;
     });
@@ -77,7 +77,7 @@ ResultCode LeaveAtomicSection(State& state, const AtomBlock& block) {
 
 ResultCode SimulateInterrupts(State& state, const InterruptBlock& block) {
     const bool known = block.mask >> Sequencer::kInterruptSources == 0;
-    if (!known || NeedUp(state, Service::Sequencer) != VXD_SUCCESS) {
+    if (!known || NeedUp(state, Service::kSequencer) != VXD_SUCCESS) {
         return VXD_IRQ_ERROR;
     }
     for (size_t source = 0; source < Sequencer::kInterruptSources; ++source) {

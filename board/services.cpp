@@ -15,7 +15,7 @@ ResultCode SelectArcofiChannel(State& state, uint32_t channelCode) {
     if (channelCode != 0 && channelCode != kSecondArcofiChannel) {
         return VXD_INVALID_PARAMETER;
     }
-    const ResultCode result = NeedUp(state, Service::Arcofi);
+    const ResultCode result = NeedUp(state, Service::kArcofi);
     if (result == VXD_SUCCESS) {
         state.services.arcofiChannel = channelCode;
     }
@@ -23,7 +23,7 @@ ResultCode SelectArcofiChannel(State& state, uint32_t channelCode) {
 }
 
 ResultCode InitializeArcofiShadow(State& state) {
-    const ResultCode result = NeedUp(state, Service::Arcofi);
+    const ResultCode result = NeedUp(state, Service::kArcofi);
     if (result == VXD_SUCCESS) {
         state.services.arcofiShadow = true;
     }
@@ -34,7 +34,7 @@ ResultCode SetDisplayType(State& state, uint32_t type) {
     if (type > kLastDisplayType) {
         return VXD_INVALID_PARAMETER;
     }
-    const ResultCode result = NeedUp(state, Service::Bt85x);
+    const ResultCode result = NeedUp(state, Service::kBt85x);
     if (result == VXD_SUCCESS) {
         state.services.displayType = type;
     }

@@ -10,7 +10,7 @@
 
 namespace board {
 
-enum class StatusWord : size_t { EpromPending, Reserved, VcpGet, VcpSet };
+enum class StatusWord : size_t { kEpromPending, kReserved, kVcpGet, kVcpSet };
 
 // Clears a word of the type that it has in the utility, which watches it from its own thread,
 // without the board's lock. Nothing where the table has no address of it.

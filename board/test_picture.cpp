@@ -62,7 +62,7 @@ constexpr Look kLocal{"LOCAL", true, 0x274060, 0x16263C};
 constexpr Look kRemote{"REMOTE", false, 0x5A3A2E, 0x38201A};
 
 const Look& LookOf(VideoChannel channel) {
-    return channel == VideoChannel::Local ? kLocal : kRemote;
+    return channel == VideoChannel::kLocal ? kLocal : kRemote;
 }
 
 int Direction(VideoChannel channel) {

@@ -15,7 +15,7 @@
 namespace board {
 
 // The pictures by the numbers of their video channels.
-enum class VideoChannel : uint32_t { Local = 3, Remote = 4 };
+enum class VideoChannel : uint32_t { kLocal = 3, kRemote = 4 };
 
 inline constexpr int kPictureWidth = 352;
 inline constexpr int kPictureHeight = 288;

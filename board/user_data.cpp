@@ -20,9 +20,9 @@ struct ChannelEntry {
 
 // In the order of the channels' numbers.
 constexpr std::array<ChannelEntry, std::tuple_size_v<UserDataChannels>> kChannels{{
-    {Service::Lsd, 0x8000, 15},
-    {Service::Hsd, 0x9000, 6},
-    {Service::Mlp, 0xA000, 14},
+    {Service::kLsd, 0x8000, 15},
+    {Service::kHsd, 0x9000, 6},
+    {Service::kMlp, 0xA000, 14},
 }};
 
 bool IsRate(const ChannelEntry& entry, uint32_t rate) {
@@ -40,7 +40,7 @@ ResultCode OnChannel(State& state, uint32_t number, Work work) {
     if (number >= kChannels.size()) {
         return VXD_INVALID_PARAMETER;
     }
-    for (const Service service : {Service::Stream, kChannels[number].service}) {
+    for (const Service service : {Service::kStream, kChannels[number].service}) {
         if (const ResultCode code = NeedUp(state, service); code != VXD_SUCCESS) {
             return code;
         }
@@ -71,7 +71,7 @@ ResultCode InitializeUserData(State& state, uint32_t channel) {
     if (channel >= kChannels.size()) {
         return VXD_INVALID_PARAMETER;
     }
-    const ResultCode code = NeedUp(state, Service::Stream);
+    const ResultCode code = NeedUp(state, Service::kStream);
     return code == VXD_SUCCESS ? TakeStep(state, kChannels[channel].service, kInitialize) : code;
 }
 
@@ -155,7 +155,7 @@ ResultCode SetUserDataPacketized(State& state, uint32_t channel, uint32_t on) {
 
 ResultCode TerminateStreams(State& state) {
     state.services.userData = {};
-    return TakeStep(state, Service::Stream, kTerminate);
+    return TakeStep(state, Service::kStream, kTerminate);
 }
 
 }  // namespace board

@@ -1,6 +1,6 @@
 // The user-data channels of a call, 0 LSD, 1 HSD and 2 MLP, looped: what is sent can be read.
 //
-// Each has a life cycle (Service::Lsd, Hsd, Mlp). It is opened at one of its rates and closed, and
+// Each has a life cycle (Service::kLsd, Hsd, Mlp). It is opened at one of its rates and closed, and
 // while it is open, sent to and read from. All of it wants the channel and the stream service to be
 // up, else VXD_CONFIGURATION_NOT_SET; a channel that is not there answers VXD_INVALID_PARAMETER.
 // When the channel or the stream service is terminated, it is as it was at power-on.

@@ -100,7 +100,7 @@ ResultCode VideoEncoder::Write(uint32_t encoder, uint32_t fieldId, uint32_t valu
 }
 
 ResultCode WriteEncoderState(State& state, const Bt85xStateWriteBlock& block) {
-    const ResultCode code = NeedUp(state, Service::Bt85x);
+    const ResultCode code = NeedUp(state, Service::kBt85x);
     if (code == VXD_SUCCESS) {
         state.hardware.videoEncoder.mode = block.state.value;
     }
@@ -112,7 +112,7 @@ ResultCode ReadEncoderState(State& state, const Bt85xStateReadBlock& block) {
     if (!value) {
         return VXD_INVALID_PARAMETER;
     }
-    const ResultCode code = NeedUp(state, Service::Bt85x);
+    const ResultCode code = NeedUp(state, Service::kBt85x);
     if (code == VXD_SUCCESS) {
         state.Give(*value, state.hardware.videoEncoder.mode);
     }
@@ -123,7 +123,7 @@ ResultCode WriteEncoderPort(State& state, const Bt85xPortWriteBlock& block) {
     if (block.encoder.value >= VideoEncoder::kEncoders) {
         return VXD_INVALID_PARAMETER;
     }
-    const ResultCode code = NeedUp(state, Service::Bt85x);
+    const ResultCode code = NeedUp(state, Service::kBt85x);
     if (code == VXD_SUCCESS) {
         state.hardware.videoEncoder.ports[block.encoder.value] = block.value.value;
     }
@@ -135,7 +135,7 @@ ResultCode ReadEncoderPort(State& state, const Bt85xPortReadBlock& block) {
     if (block.encoder.value >= VideoEncoder::kEncoders || !value) {
         return VXD_INVALID_PARAMETER;
     }
-    const ResultCode code = NeedUp(state, Service::Bt85x);
+    const ResultCode code = NeedUp(state, Service::kBt85x);
     if (code == VXD_SUCCESS) {
         state.Give(*value, state.hardware.videoEncoder.ports[block.encoder.value]);
     }

@@ -19,7 +19,7 @@ constexpr uint32_t kConstant = 1;
 
 template <typename Work>
 uint32_t OnEncoder(Call call, Work work) {
-    return OnService(Service::Bt85x, std::move(call),
+    return OnService(Service::kBt85x, std::move(call),
                      [=](State& state) { return work(state, state.hardware.videoEncoder); });
 }
 
@@ -69,15 +69,15 @@ ResultCode Retrieve(const State& state, const std::array<uint32_t, kEntries>& ta
 }  // namespace
 
 uint32_t WINAPI vdapi_BT85X_Initialize() {
-    return OnBoard({"vdapi_BT85X_Initialize"}, TakeStep<Service::Bt85x, kInitialize>);
+    return OnBoard({"vdapi_BT85X_Initialize"}, TakeStep<Service::kBt85x, kInitialize>);
 }
 
 uint32_t WINAPI vdapi_BT85X_Terminate() {
-    return OnBoard({"vdapi_BT85X_Terminate"}, TakeStep<Service::Bt85x, kTerminate>);
+    return OnBoard({"vdapi_BT85X_Terminate"}, TakeStep<Service::kBt85x, kTerminate>);
 }
 
 uint32_t WINAPI vdapi_BT85X_Reset() {
-    return OnBoard({"vdapi_BT85X_Reset"}, TakeStep<Service::Bt85x, kReset>);
+    return OnBoard({"vdapi_BT85X_Reset"}, TakeStep<Service::kBt85x, kReset>);
 }
 
 uint32_t WINAPI vdapi_BT85X_SetDisplayType(uint32_t type) {

@@ -91,7 +91,7 @@ void SendRecords(State& state, HWND relay, unsigned turn, Schedule::Clock::time_
     if (vpp.turn != turn || !vpp.window) {
         return;
     }
-    if (!state.services.lifeCycles[Service::Vpp].IsUp()) {
+    if (!state.services.lifeCycles[Service::kVpp].IsUp()) {
         End(state);
         return;
     }
@@ -133,7 +133,7 @@ ResultCode StartVppStatistics(State& state, HWND relay, HWND window) {
     if (vpp.window && vpp.window != window && IsWindow(vpp.window)) {
         return VXD_BUSY_WITH_PRIOR_REQUEST;
     }
-    const ResultCode code = NeedUp(state, Service::Vpp);
+    const ResultCode code = NeedUp(state, Service::kVpp);
     if (code != VXD_SUCCESS) {
         return code;
     }
@@ -164,7 +164,7 @@ VppStatistics MeasureMotion(const State& state) {
     uint16_t moving = 0;
     for (int row = 0; row < kMotionRows; ++row) {
         for (int column = 0; column < kMotionColumns; ++column) {
-            const Motion motion = MotionOf(VideoChannel::Remote, before, frame, column, row);
+            const Motion motion = MotionOf(VideoChannel::kRemote, before, frame, column, row);
             moving += motion != Motion{};
             record.vectors[static_cast<size_t>(row * kMotionColumns + column)] = {
                 Component(motion.x), Component(motion.y)};

@@ -16,24 +16,24 @@ uint32_t WINAPI vdapi_VIDINLAY_SetFrameDispMode(uint32_t mode) {
 }
 
 uint32_t WINAPI vdapi_VPP_Initialize() {
-    return OnBoard({"vdapi_VPP_Initialize"}, TakeStep<Service::Vpp, kInitialize>);
+    return OnBoard({"vdapi_VPP_Initialize"}, TakeStep<Service::kVpp, kInitialize>);
 }
 
 uint32_t WINAPI vdapi_VPP_Terminate() {
-    return OnBoard({"vdapi_VPP_Terminate"}, TakeStep<Service::Vpp, kTerminate>);
+    return OnBoard({"vdapi_VPP_Terminate"}, TakeStep<Service::kVpp, kTerminate>);
 }
 
 uint32_t WINAPI vdapi_VPP_Activate() {
-    return OnBoard({"vdapi_VPP_Activate"}, TakeStep<Service::Vpp, kActivate>);
+    return OnBoard({"vdapi_VPP_Activate"}, TakeStep<Service::kVpp, kActivate>);
 }
 
 uint32_t WINAPI vdapi_VPP_Deactivate() {
-    return OnBoard({"vdapi_VPP_Deactivate"}, TakeStep<Service::Vpp, kDeactivate>);
+    return OnBoard({"vdapi_VPP_Deactivate"}, TakeStep<Service::kVpp, kDeactivate>);
 }
 
 uint32_t WINAPI vdapi_VPP_SetMode(uint32_t modeWord, const uint32_t* parameters) {
     return OnService(
-        Service::Vpp,
+        Service::kVpp,
         {"vdapi_VPP_SetMode", {modeWord, parameters}, BytesAt(parameters, sizeof(VppParameters))},
         [=](State& state) {
             return SetVppMode(state, modeWord, reinterpret_cast<const VppParameters*>(parameters));

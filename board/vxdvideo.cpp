@@ -29,8 +29,8 @@ struct Screening {
 
 // User-interface thread.
 std::array<Screening, 2> screenings = {{
-    {VideoChannel::Local, "VXDVIDEO_ShowLocal", "VXDVIDEO_StopLocal"},
-    {VideoChannel::Remote, "VXDVIDEO_ShowRemote", "VXDVIDEO_StopRemote"},
+    {VideoChannel::kLocal, "VXDVIDEO_ShowLocal", "VXDVIDEO_StopLocal"},
+    {VideoChannel::kRemote, "VXDVIDEO_ShowRemote", "VXDVIDEO_StopRemote"},
 }};
 
 Screening* FindScreening(LPARAM channel) {

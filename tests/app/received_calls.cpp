@@ -15,9 +15,9 @@ std::string Hex(uint32_t value, int digits) {
 
 std::string Written(const board::Argument& argument) {
     switch (argument.kind) {
-        case board::Argument::Kind::Text:
+        case board::Argument::Kind::kText:
             return '"' + argument.text + '"';
-        case board::Argument::Kind::Address:
+        case board::Argument::Kind::kAddress:
             return argument.value != 0 ? "address" : "null";
         default:
             return Hex(argument.value, 1);

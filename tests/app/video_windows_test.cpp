@@ -184,26 +184,26 @@ TEST_F(VideoWindows, ShowThePicturesOfTheCamerasUntilTheyFreeze) {
     const int height = size.bottom - size.top;
     MoveTo(local, 20, 320, width, height);
     MoveTo(remote, 420, 320, width, height);
-    ExpectFrame(local, VideoChannel::Local, kFrame);
-    ExpectFrame(remote, VideoChannel::Remote, kFrame);
+    ExpectFrame(local, VideoChannel::kLocal, kFrame);
+    ExpectFrame(remote, VideoChannel::kRemote, kFrame);
 
     // They go on beside a modal dialog.
     utility_.Command(IDM_HELP_ABOUT);
     const kit::Dialog about = kit::WaitForDialog("About  VxD Test  Utility");
     board::SetTime(40 * (kFrame + 1));
-    ExpectFrame(local, VideoChannel::Local, kFrame + 1);
-    ExpectFrame(remote, VideoChannel::Remote, kFrame + 1);
+    ExpectFrame(local, VideoChannel::kLocal, kFrame + 1);
+    ExpectFrame(remote, VideoChannel::kRemote, kFrame + 1);
     about.Press(IDOK);
 
     utility_.Command(IDM_VIDEO_FREEZE);
     board::SetTime(40 * (kFrame + 9));
     // A window that gets another size shows the whole picture all the same.
     MoveTo(remote, 420, 320, width + board::kPictureWidth, height + board::kPictureHeight);
-    ExpectFrame(remote, VideoChannel::Remote, kFrame + 1);
-    ExpectFrame(local, VideoChannel::Local, kFrame + 1);
+    ExpectFrame(remote, VideoChannel::kRemote, kFrame + 1);
+    ExpectFrame(local, VideoChannel::kLocal, kFrame + 1);
     utility_.Command(IDM_VIDEO_RESTART);
-    ExpectFrame(remote, VideoChannel::Remote, kFrame + 9);
-    ExpectFrame(local, VideoChannel::Local, kFrame + 9);
+    ExpectFrame(remote, VideoChannel::kRemote, kFrame + 9);
+    ExpectFrame(local, VideoChannel::kLocal, kFrame + 9);
 }
 
 // The module's next line of debug output. The board tells of its failures between them.

@@ -382,7 +382,7 @@ TEST_F(VppStatisticsDialog, TellsOfTheTestPicturesMotion) {
     int moving = 0;
     int slanting = 0;
     for (int block = 0; block < 396; ++block) {
-        const board::Motion motion = board::MotionOf(board::VideoChannel::Remote, kFrame - 2,
+        const board::Motion motion = board::MotionOf(board::VideoChannel::kRemote, kFrame - 2,
                                                      kFrame, block % 22, block / 22);
         char line[32];
         std::snprintf(line, sizeof line, "%03d: (%3d,%3d)", block, motion.x, motion.y);

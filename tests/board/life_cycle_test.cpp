@@ -141,7 +141,7 @@ TEST_F(LifeCycles, KeepTheVpicDownUntilTheDriverOrTheBoardStartsAnew) {
         EXPECT_EQ(Debug(TALVERO_DBG_PCI_OP_SIM_INTERRUPT), VXD_IRQ_ERROR);
         EXPECT_EQ(restart(), VXD_SUCCESS);
     }
-    EXPECT_TRUE(board::GetServices().lifeCycles[board::Service::Vpic].IsUp());
+    EXPECT_TRUE(board::GetServices().lifeCycles[board::Service::kVpic].IsUp());
 }
 
 TEST_F(LifeCycles, ReachThePowerOnStateAgainByAHardwareReset) {

@@ -48,7 +48,7 @@ class Frame {
 // Looks at every macroblock of many frames: its motion tells where its pixels were in the frame
 // before, but for edges and for what was behind something then.
 TEST(TestPicture, MovesAsItIsSaidTo) {
-    for (const VideoChannel channel : {VideoChannel::Local, VideoChannel::Remote}) {
+    for (const VideoChannel channel : {VideoChannel::kLocal, VideoChannel::kRemote}) {
         int whole = 0;
         int moving = 0;
         int explained = 0;
@@ -87,14 +87,14 @@ TEST(TestPicture, MovesAsItIsSaidTo) {
 
 TEST(TestPicture, AddsUpMotionOverSeveralFramesAndTellsItsChannelsApart) {
     // The middle stripe of the three at the bottom.
-    EXPECT_EQ(MotionOf(VideoChannel::Remote, 100, 103, 5, 16), (Motion{-21, 0}));
-    EXPECT_EQ(MotionOf(VideoChannel::Local, 100, 101, 5, 16), (Motion{7, 0}));
-    const Frame local(VideoChannel::Local, 7);
-    const Frame remote(VideoChannel::Remote, 7);
+    EXPECT_EQ(MotionOf(VideoChannel::kRemote, 100, 103, 5, 16), (Motion{-21, 0}));
+    EXPECT_EQ(MotionOf(VideoChannel::kLocal, 100, 101, 5, 16), (Motion{7, 0}));
+    const Frame local(VideoChannel::kLocal, 7);
+    const Frame remote(VideoChannel::kRemote, 7);
     EXPECT_NE(local.At(2, 2), remote.At(2, 2));
     EXPECT_NE(local.At(2, 100), remote.At(2, 100));
     // The counter at the upper right: its last digit's segments.
-    const Frame next(VideoChannel::Local, 8);
+    const Frame next(VideoChannel::kLocal, 8);
     int changed = 0;
     for (int x = 310; x < 336; ++x) {
         for (int y = 10; y < 38; ++y) {
