@@ -19,10 +19,11 @@ constexpr Operation kOperations[] = {
 
 std::string FaultOf(const std::string& library) {
     const HMODULE module = LoadLibraryA(library.c_str());
-    if (module == nullptr)
+    if (module == nullptr) {
         return "The driver library " + library +
                " is missing or cannot be loaded. It belongs beside the program or in a folder "
                "that LD_LIBRARY_PATH names.";
+    }
     std::vector<std::string> missing;
     for (const Operation& operation : kOperations) {
         if (operation.libraryName == library && GetProcAddress(module, operation.name) == nullptr)
