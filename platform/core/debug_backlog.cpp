@@ -40,9 +40,10 @@ Result Send(const DebugSocket& socket, std::uint32_t lost, std::string_view line
     message.msg_iov = parts.data();
     message.msg_iovlen = parts.size();
     while (sendmsg(Sender(), &message, MSG_NOSIGNAL | wait) < 0) {
-        if (errno != EINTR)
+        if (errno != EINTR) {
             return errno == EAGAIN || errno == ENOBUFS ? Result::kViewerIsBehind
                                                        : Result::kNoViewer;
+        }
     }
     return Result::kSent;
 }
@@ -116,10 +117,11 @@ class Backlog {
 
     void Append(std::string& lines, std::string_view piece) {
         isFull_ = isFull_ || lines.size() + piece.size() + 1 > kMostBytes;
-        if (isFull_)
+        if (isFull_) {
             ++lost_;
-        else
+        } else {
             lines.append(piece).push_back('\0');
+        }
     }
 
     // A process that was forked has none of its parent's threads. The thread changes nothing in the

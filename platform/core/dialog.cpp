@@ -74,10 +74,11 @@ Window* FirstControl(const Window& dialog) {
 void RestoreFocus(Window& dialog) {
     const Window* saved = FindWindowOf(std::exchange(dialog.dialog->savedFocus, nullptr));
     const bool usable = saved != nullptr && IsInside(*saved, dialog) && saved != &dialog;
-    if (usable)
+    if (usable) {
         SetFocus(saved->handle);
-    else if (Window* first = FirstControl(dialog); first != nullptr)
+    } else if (Window* first = FirstControl(dialog); first != nullptr) {
         FocusByKey(*first);
+    }
 }
 
 void FindDefaultButton(Window& dialog) {
@@ -228,9 +229,10 @@ void DefaultButtonFollows(const Window& control) {
     const int standing = dialog->dialog->defaultId != 0 ? dialog->dialog->defaultId : IDOK;
     const int wanted = isPushButton(control) ? control.id : standing;
     for (const Window* child : dialog->children) {
-        if (isPushButton(*child))
+        if (isPushButton(*child)) {
             SendMessageA(child->handle, BM_SETSTYLE,
                          child->id == wanted ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
+        }
     }
 }
 
@@ -390,9 +392,10 @@ BOOL WINAPI CheckRadioButton(HWND handle, int first, int last, int check) {
     if (dialog == nullptr)
         return FALSE;
     for (const Window* child : dialog->children) {
-        if (child->id >= first && child->id <= last)
+        if (child->id >= first && child->id <= last) {
             SendMessageA(child->handle, BM_SETCHECK,
                          child->id == check ? BST_CHECKED : BST_UNCHECKED, 0);
+        }
     }
     return TRUE;
 }

@@ -96,10 +96,11 @@ void MoveInGroup(Window& dialog, const Window* from, bool backwards) {
     if (next == nullptr)
         return;
     if ((DialogCode(*next) & DLGC_RADIOBUTTON) != 0 &&
-        (next->style & BS_TYPEMASK) == BS_AUTORADIOBUTTON && Call(*next, BM_GETCHECK, 0, 0) == 0)
+        (next->style & BS_TYPEMASK) == BS_AUTORADIOBUTTON && Call(*next, BM_GETCHECK, 0, 0) == 0) {
         Press(*next);
-    else if (next != from)
+    } else if (next != from) {
         FocusByKey(*next);
+    }
 }
 
 // The controls that a letter stands for, from the one behind the focused one on.
@@ -168,10 +169,11 @@ bool HandleKeyDown(Window& dialog, Window* focus, const MSG& message) {
             if ((wants & DLGC_WANTTAB) != 0)
                 return false;
             // In a dialog without stops it stays where it is.
-            if (Window* next = NextTabStop(dialog, focus, IsShiftDown()); next != nullptr)
+            if (Window* next = NextTabStop(dialog, focus, IsShiftDown()); next != nullptr) {
                 FocusByKey(*next);
-            else if (focus != nullptr)
+            } else if (focus != nullptr) {
                 FocusByKey(*focus);
+            }
             return true;
         case VK_LEFT:
         case VK_UP:

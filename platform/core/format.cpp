@@ -170,12 +170,13 @@ std::basic_string_view<Character> TextOf(const Conversion& conversion, const voi
 }
 
 void PutText(Output& output, const Conversion& conversion, const void* text) {
-    if (text == nullptr)
+    if (text == nullptr) {
         PutPadded(output, conversion, TextOf<char>(conversion, "(null)"));
-    else if (conversion.Wide())
+    } else if (conversion.Wide()) {
         PutPadded(output, conversion, vxd::Utf8FromUtf16(TextOf<char16_t>(conversion, text)));
-    else
+    } else {
         PutPadded(output, conversion, TextOf<char>(conversion, text));
+    }
 }
 
 // A type that doesn't exist stands for itself and takes no argument.
@@ -212,10 +213,11 @@ int WINAPI wvsprintfA(LPSTR text, LPCSTR format, va_list arguments) {
     va_copy(own, arguments);
     Arguments values(&own);
     while (*format != '\0') {
-        if (Take(format, '%'))
+        if (Take(format, '%')) {
             Convert(output, TakeConversion(format), values);
-        else
+        } else {
             output.Put(*format++);
+        }
     }
     va_end(own);
     return output.End();

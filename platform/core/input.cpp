@@ -78,10 +78,11 @@ void FollowInsertedRow(WidgetId list, int row) {
 
 void FollowRemovedRow(WidgetId list, int row) {
     for (const auto& pending : theRows.Of(list, &PendingRow::list)) {
-        if (pending->row == row)
+        if (pending->row == row) {
             pending->row = -1;
-        else if (pending->row > row)
+        } else if (pending->row > row) {
             --pending->row;
+        }
     }
 }
 
@@ -268,10 +269,11 @@ void Focused(WidgetId id) {
 
 void Activated(WidgetId window, bool active) {
     Queue(window, [active](Window& changed) {
-        if (active)
+        if (active) {
             ActivatedByDesktop(&changed);
-        else if (GetActiveWindow() == changed.handle)
+        } else if (GetActiveWindow() == changed.handle) {
             ActivatedByDesktop(nullptr);
+        }
     });
 }
 
@@ -301,9 +303,10 @@ void Uncovered(WidgetId id, const Rect& area) {
 void MenuOpened(WidgetId window, int position) {
     Queue(window, [position](Window& opened) {
         if (const HMENU popup = PopupAt(opened.handle, position);
-            popup != nullptr && opened.IsEnabled())
+            popup != nullptr && opened.IsEnabled()) {
             SendMessageA(opened.handle, WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(popup),
                          position);
+        }
     });
 }
 

@@ -61,8 +61,9 @@ BOOL WINAPI TranslateMessage(const MSG* message) {
     if (message->message != WM_KEYDOWN && message->message != WM_SYSKEYDOWN)
         return FALSE;
     const WPARAM character = vxd::CharacterOf(*message);
-    if (character != 0)
+    if (character != 0) {
         PostMessageA(message->hwnd, message->message == WM_KEYDOWN ? WM_CHAR : WM_SYSCHAR,
                      character, message->lParam);
+    }
     return TRUE;
 }

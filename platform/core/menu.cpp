@@ -339,10 +339,11 @@ BOOL WINAPI AppendMenuA(HMENU handle, UINT flags, UINT_PTR id, LPCSTR text) {
     item.separator = (flags & MF_SEPARATOR) != 0;
     item.grayed = (flags & (MF_GRAYED | MF_DISABLED)) != 0;
     item.checked = (flags & MF_CHECKED) != 0;
-    if ((flags & MF_POPUP) != 0)
+    if ((flags & MF_POPUP) != 0) {
         item.popup = reinterpret_cast<HMENU>(id);
-    else
+    } else {
         item.id = static_cast<UINT>(id);
+    }
     if (!item.separator && text != nullptr)
         item.text = text;
     menu->items.push_back(std::move(item));

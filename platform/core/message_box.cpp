@@ -99,9 +99,10 @@ DialogTemplate LayOut(const std::string& text, const char* title, UINT style) {
     made.width =
         std::max({textLeft + textWidth + kMargin, buttonsWidth + 2 * kMargin, captionWidth});
     made.height = kMargin + bodyHeight + kMargin + kButtonHeight + kMargin;
-    if (hasIcon)
+    if (hasIcon) {
         made.controls.push_back(
             BoxControl("Static", kIconId, SS_ICON, {kMargin, kMargin, kIconUnits, kIconUnits}, {}));
+    }
     made.controls.push_back(BoxControl(
         "Static", kTextId, SS_LEFT | SS_NOPREFIX,
         {textLeft, kMargin + (bodyHeight - textHeight) / 2, textWidth, textHeight}, text));
@@ -130,10 +131,11 @@ INT_PTR CALLBACK MessageBoxProcedure(HWND box, UINT message, WPARAM wParam, LPAR
             const int id = LOWORD(wParam);
             const bool onlyOk =
                 GetDlgItem(box, IDCANCEL) == nullptr && GetDlgItem(box, IDOK) != nullptr;
-            if (id == IDCANCEL && onlyOk)
+            if (id == IDCANCEL && onlyOk) {
                 EndDialog(box, IDOK);
-            else if (GetDlgItem(box, id) != nullptr)
+            } else if (GetDlgItem(box, id) != nullptr) {
                 EndDialog(box, id);
+            }
             return TRUE;
         }
         default:

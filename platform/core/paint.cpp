@@ -70,9 +70,10 @@ HDC WINAPI BeginPaint(HWND handle, LPPAINTSTRUCT paint) {
     window->eraseUpdate = false;
     paint->hdc = vxd::BeginContext(*window, area);
     paint->rcPaint = vxd::ToRect(area);
-    if (erase)
+    if (erase) {
         paint->fErase =
             SendMessageA(handle, WM_ERASEBKGND, reinterpret_cast<WPARAM>(paint->hdc), 0) == 0;
+    }
     return paint->hdc;
 }
 

@@ -41,10 +41,11 @@ DWORD WINAPI GetCurrentThreadId() {
 }
 
 void WINAPI Sleep(DWORD milliseconds) {
-    if (milliseconds == 0)
+    if (milliseconds == 0) {
         std::this_thread::yield();
-    else
+    } else {
         std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+    }
 }
 
 BOOL WINAPI SetEnvironmentVariableA(LPCSTR name, LPCSTR value) {

@@ -137,10 +137,11 @@ std::optional<DialogControl> ReadDialogControl(Reader& reader, bool extended) {
     if (reader.Failed() || !className)
         return std::nullopt;
     control.className = *className;
-    if (const auto* number = std::get_if<std::uint16_t>(&title); number != nullptr)
+    if (const auto* number = std::get_if<std::uint16_t>(&title); number != nullptr) {
         control.titleNumber = *number;
-    else
+    } else {
         control.title = std::get<std::string>(title);
+    }
     return control;
 }
 

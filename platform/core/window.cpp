@@ -81,9 +81,10 @@ LRESULT Call(Window& window, UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void Notify(Window& control, int code) {
-    if (control.parent != nullptr)
+    if (control.parent != nullptr) {
         Call(*control.parent, WM_COMMAND, MAKEWPARAM(control.id, code),
              reinterpret_cast<LPARAM>(control.handle));
+    }
 }
 
 int CopyText(const std::string& text, LPSTR destination, int capacity) {

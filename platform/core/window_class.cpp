@@ -92,9 +92,10 @@ ATOM WINAPI RegisterClassA(const WNDCLASSA* given) {
     windowClass->procedure = given->lpfnWndProc;
     windowClass->icon = given->hIcon;
     windowClass->background = given->hbrBackground;
-    if (IS_INTRESOURCE(given->lpszMenuName))
+    if (IS_INTRESOURCE(given->lpszMenuName)) {
         windowClass->menuNumber = LOWORD(reinterpret_cast<ULONG_PTR>(given->lpszMenuName));
-    else
+    } else {
         windowClass->menuName = given->lpszMenuName;
+    }
     return vxd::AddClass(std::move(windowClass))->atom;
 }

@@ -195,10 +195,11 @@ HWND WINAPI CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR title, DWORD
     if (vxd::HasSizeLimits(window))
         window.widget->SetSizeLimits(limits.least, limits.most);
     if (!child) {
-        if (menu == nullptr && (windowClass->menuNumber != 0 || !windowClass->menuName.empty()))
+        if (menu == nullptr && (windowClass->menuNumber != 0 || !windowClass->menuName.empty())) {
             menu = LoadMenuA(instance, windowClass->menuNumber != 0
                                            ? MAKEINTRESOURCEA(windowClass->menuNumber)
                                            : windowClass->menuName.c_str());
+        }
         if (menu != nullptr)
             SetMenu(handle, menu);
     }
@@ -211,10 +212,11 @@ HWND WINAPI CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR title, DWORD
     }
     window.placed = true;
     // Overlapped windows hear of their first place when they are shown.
-    if ((style & (WS_CHILD | WS_POPUP)) != 0)
+    if ((style & (WS_CHILD | WS_POPUP)) != 0) {
         vxd::SendPlacement(window, true, true);
-    else
+    } else {
         window.placementDue = true;
+    }
     if (FindWindowOf(handle) != nullptr && (style & WS_VISIBLE) != 0)
         ShowWindow(handle, SW_SHOW);
     return FindWindowOf(handle) != nullptr ? handle : nullptr;
@@ -228,10 +230,11 @@ BOOL WINAPI DestroyWindow(HWND handle) {
     if (!window->IsChild())
         vxd::DestroyOwned(handle);
     // Only children are told that they are hidden.
-    if (window->IsChild())
+    if (window->IsChild()) {
         ShowWindow(handle, SW_HIDE);
-    else
+    } else {
         vxd::TakeFromScreen(*window);
+    }
     vxd::LeaveFocus(handle, nullptr);
     vxd::TellDestruction(handle);
     if (window = FindWindowOf(handle); window != nullptr) {

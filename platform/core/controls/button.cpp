@@ -88,10 +88,11 @@ class Button : public BasicControl {
         const bool threeStates = Type() == BS_3STATE || Type() == BS_AUTO3STATE;
         check_ = check == BST_INDETERMINATE && !threeStates ? BST_CHECKED : check;
         // Tab enters a group of radio buttons at the one that is checked.
-        if (Kind() == WidgetKind::kRadioButton)
+        if (Kind() == WidgetKind::kRadioButton) {
             window_.style = check_ != BST_UNCHECKED
                                 ? window_.style | WS_TABSTOP
                                 : window_.style & ~static_cast<DWORD>(WS_TABSTOP);
+        }
         window_.widget->SetCheck(check_);
     }
 

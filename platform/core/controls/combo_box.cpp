@@ -236,10 +236,11 @@ class ComboBox : public BasicControl {
             return;
         }
         bool changed = false;
-        if (character == VK_BACK)
+        if (character == VK_BACK) {
             changed = edit_.DeleteBackwards();
-        else if (static_cast<unsigned char>(character) >= ' ')
+        } else if (static_cast<unsigned char>(character) >= ' ') {
             changed = edit_.Replace({&character, 1}).changed;
+        }
         if (changed)
             ShowAndTellEdited();
     }

@@ -138,20 +138,20 @@ bool EditText::MoveByKey(std::uintptr_t virtualKey, bool extend) {
 int EditText::Before(int position) const {
     if (position == 0)
         return 0;
-    do
+    do {
         --position;
-    while (position > 0 && (IsContinuation(text_[static_cast<std::size_t>(position)]) ||
-                            IsInsideLineEnd(position)));
+    } while (position > 0 && (IsContinuation(text_[static_cast<std::size_t>(position)]) ||
+                              IsInsideLineEnd(position)));
     return position;
 }
 
 int EditText::Behind(int position) const {
     if (position >= Length())
         return Length();
-    do
+    do {
         ++position;
-    while (position < Length() && (IsContinuation(text_[static_cast<std::size_t>(position)]) ||
-                                   IsInsideLineEnd(position)));
+    } while (position < Length() && (IsContinuation(text_[static_cast<std::size_t>(position)]) ||
+                                     IsInsideLineEnd(position)));
     return position;
 }
 

@@ -27,10 +27,11 @@ class ListBox : public BasicControl {
             case WM_KEYDOWN:
                 // The space bar chooses the row that keys stand on, which without a choice is the
                 // first.
-                if (wParam != VK_SPACE)
+                if (wParam != VK_SPACE) {
                     OnRowChosen(rows_.RowForKey(wParam));
-                else if (rows_.Selected() < 0)
+                } else if (rows_.Selected() < 0) {
                     OnRowChosen(0);
+                }
                 return 0;
             case WM_CHAR:
                 OnRowChosen(rows_.RowForCharacter(static_cast<char>(wParam)));

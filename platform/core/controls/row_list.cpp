@@ -45,10 +45,11 @@ LRESULT RowList::Delete(LRESULT row) {
     if (!HasRow(row))
         return kError;
     rows_.erase(rows_.begin() + row);
-    if (selected_ == row)
+    if (selected_ == row) {
         selected_ = -1;
-    else if (selected_ > row)
+    } else if (selected_ > row) {
         --selected_;
+    }
     window_.widget->RemoveRow(static_cast<int>(row));
     FollowRemovedRow(window_.Number(), static_cast<int>(row));
     window_.widget->SelectRow(selected_);

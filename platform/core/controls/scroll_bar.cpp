@@ -67,9 +67,10 @@ class ScrollBar : public BasicControl {
     void OnScrolled(UINT code, int position) override {
         const bool tellsPosition = code == SB_THUMBPOSITION || code == SB_THUMBTRACK;
         const HWND handle = window_.handle;
-        if (window_.parent != nullptr)
+        if (window_.parent != nullptr) {
             Call(*window_.parent, Has(SBS_VERT) ? WM_VSCROLL : WM_HSCROLL,
                  MAKEWPARAM(code, tellsPosition ? position : 0), reinterpret_cast<LPARAM>(handle));
+        }
         // The widget has followed the person; a thumb that is still held goes on doing so.
         if (IsLiveWindow(handle) && code != SB_THUMBTRACK)
             ShowState();
