@@ -21,7 +21,7 @@ uint32_t WINAPI vdapi_CAM_Digit_Read(uint32_t registerId, uint8_t* value) {
     return OnService(
         Service::kDigitalCamera, {"vdapi_CAM_Digit_Read", {registerId, value}}, [=](State& state) {
             return ReadInto(state, value, [&](uint32_t& read) {
-                return state.hardware.i2cBus.Read(kDigitalCamera, CameraRegister(registerId), read);
+                return state.hardware.i2cBus.Read(kCameraAddress, CameraRegister(registerId), read);
             });
         });
 }
@@ -29,7 +29,7 @@ uint32_t WINAPI vdapi_CAM_Digit_Read(uint32_t registerId, uint8_t* value) {
 uint32_t WINAPI vdapi_CAM_Digit_Write(uint32_t registerId, uint32_t value) {
     return OnService(
         Service::kDigitalCamera, {"vdapi_CAM_Digit_Write", {registerId, value}}, [=](State& state) {
-            return state.hardware.i2cBus.Write(kDigitalCamera, CameraRegister(registerId), value);
+            return state.hardware.i2cBus.Write(kCameraAddress, CameraRegister(registerId), value);
         });
 }
 

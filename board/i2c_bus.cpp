@@ -69,7 +69,7 @@ bool IsRead(uint16_t item) {
 }  // namespace
 
 I2cBus::I2cBus()
-    : chips_{{kDigitalCamera, {CameraAtPowerOn()}},
+    : chips_{{kCameraAddress, {CameraAtPowerOn()}},
              {kVideoDecoder, {DecoderAtPowerOn()}},
              {kSerialMemory, {MemoryAtPowerOn()}}} {}
 
@@ -96,7 +96,7 @@ ResultCode I2cBus::Write(uint32_t address, uint32_t number, uint32_t value) {
     if (!chip) {
         return VXD_HARDWARE_FAILURE;
     }
-    if (WithoutReadBit(address) == kDigitalCamera && number == kMasterReset) {
+    if (WithoutReadBit(address) == kCameraAddress && number == kMasterReset) {
         Reset(address);
         return VXD_SUCCESS;
     }

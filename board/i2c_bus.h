@@ -12,7 +12,7 @@
 namespace board {
 
 // The addresses that answer, with the read bit, bit 0, cleared.
-inline constexpr uint32_t kDigitalCamera = 0x20;
+inline constexpr uint32_t kCameraAddress = 0x20;
 inline constexpr uint32_t kVideoDecoder = 0x48;  // the analog camera's
 inline constexpr uint32_t kSerialMemory = 0xA0;
 

@@ -91,7 +91,7 @@ constexpr std::array<ServiceEntry, kServiceCount> kServices{{
     {Service::kAec, Module::kArcofi, "echo-cancelling DSP", false},
     {Service::kI2c, Module::kI2c, "I2C bus", false},
     {Service::kDigitalCamera, Module::kCamera, "digital camera", false,
-     [](State& state) { state.hardware.i2cBus.Reset(kDigitalCamera); }},
+     [](State& state) { state.hardware.i2cBus.Reset(kCameraAddress); }},
     {Service::kAnalogCamera, Module::kAcif, "analog camera", false},
     {Service::kEprom, Module::kEprom, "EEPROM", false},
     {Service::kStream, Module::kStream, "stream service", false},
