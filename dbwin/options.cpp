@@ -5,8 +5,6 @@
 #include <charconv>
 #include <string_view>
 
-#include "dbwin/severity.h"
-
 namespace dbwin {
 namespace {
 

@@ -8,11 +8,9 @@
 #include <string>
 #include <vector>
 
-namespace dbwin {
+#include "dbwin/severity.h"
 
-// A line's severity as a step: 1 error, 2 warning, 3 to 7 trace 1 to 5; 0 for a line that bears
-// none.
-using Step = std::uint32_t;
+namespace dbwin {
 
 // What lines are taken in and left out. An empty list takes everything in, or leaves nothing out.
 struct Selection {

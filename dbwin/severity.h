@@ -5,9 +5,11 @@
 #include <optional>
 #include <string_view>
 
-#include "dbwin/options.h"
-
 namespace dbwin {
+
+// A line's severity as a step: 1 error, 2 warning, 3 to 7 trace 1 to 5; 0 for a line that bears
+// none.
+using Step = std::uint32_t;
 
 // The step of a severity as it stands in a line, at most 7: 2 for 2 as for 20.
 Step StepOf(std::uint32_t severity);
