@@ -1,6 +1,8 @@
 // "EPROM DLG".
 #include <array>
+#include <atomic>
 #include <chrono>
+#include <cstdint>
 #include <thread>
 #include <utility>
 
@@ -82,7 +84,8 @@ TEST_F(Eprom, RaisesTheFlagBeforeTheBoardIsCalled) {
         board::SlowDown(operation, 500ms);
         board::ForgetCalls();
         PostMessageA(dialog_.Control(IDC_EPROM_APPLY), BM_CLICK, 0, 0);
-        while (GetSharedWords().EpromPendingFlag == 0 && board::Calls().empty())
+        const std::atomic_ref flag(const_cast<uint16_t&>(GetSharedWords().EpromPendingFlag));
+        while (flag == 0 && board::Calls().empty())
             std::this_thread::sleep_for(1ms);
         EXPECT_TRUE(board::Calls().empty()) << operation;
         kit::Settle();

@@ -267,7 +267,7 @@ TEST_F(DbwinPosix, UsesNoFolderInWhichAnotherUserMayWrite) {
         EXPECT_EQ(status.st_mode & 07777, 0700u);
         ASSERT_EQ(stat((folder + "/vxdtest-debug").c_str(), &status), 0);
         EXPECT_EQ(status.st_mode & 07777, 0600u);
-        EXPECT_EQ(End(), 0);
+        EXPECT_EQ(End(), 0) << Messages();
         ASSERT_EQ(giveAway(folder, isAnothers), 0);
         EXPECT_EQ(Run({}), 4);
         EXPECT_EQ(Messages(), "dbwin: " + folder +
