@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
@@ -19,10 +20,12 @@ extern char** environ;
 namespace dbwin {
 namespace {
 
-volatile sig_atomic_t endIsAskedFor = 0;
+// The signal may come to any thread.
+std::atomic<bool> endIsAskedFor = false;
+static_assert(std::atomic<bool>::is_always_lock_free);
 
 extern "C" void AskForEnd(int) {
-    endIsAskedFor = 1;
+    endIsAskedFor = true;
 }
 
 // In the background the terminal is another program's.
@@ -52,7 +55,7 @@ std::string WriteOut(std::string_view text) {
     while (!text.empty()) {
         pollfd output = {STDOUT_FILENO, POLLOUT, 0};
         if (poll(&output, 1, kLook) < 1) {
-            looks = endIsAskedFor != 0 ? looks + 1 : 0;
+            looks = endIsAskedFor ? looks + 1 : 0;
             if (looks > kLooksAtTheEnd) {
                 return "it takes nothing";
             }
@@ -83,7 +86,7 @@ EndWatch::EndWatch() {
 EndWatch::~EndWatch() = default;
 
 bool EndIsAskedFor() {
-    return endIsAskedFor != 0;
+    return endIsAskedFor;
 }
 
 struct Keys::Terminal {
