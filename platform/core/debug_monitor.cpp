@@ -1,6 +1,7 @@
 #include "platform/debug_monitor.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/file.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -59,7 +60,15 @@ DebugMonitorState Bind(const vxd::DebugSocket& place, vxd::Descriptor& bound) {
     return DebugMonitorState::kListens;
 }
 
+// Signals are the program's to deal with, in threads of its own.
+void LeaveSignalsToOthers() {
+    sigset_t all;
+    sigfillset(&all);
+    pthread_sigmask(SIG_BLOCK, &all, nullptr);
+}
+
 void Receive(const std::stop_token& stop, int socket, DebugLineQueue& lines) {
+    LeaveSignalsToOthers();
     vxd::DebugDatagramHeader header;
     std::vector<char> datagram(sizeof header + vxd::kMostBytesInDatagram);
     while (!stop.stop_requested()) {
