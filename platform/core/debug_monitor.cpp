@@ -60,15 +60,24 @@ DebugMonitorState Bind(const vxd::DebugSocket& place, vxd::Descriptor& bound) {
     return DebugMonitorState::kListens;
 }
 
-// Signals are the program's to deal with, in threads of its own.
-void LeaveSignalsToOthers() {
-    sigset_t all;
-    sigfillset(&all);
-    pthread_sigmask(SIG_BLOCK, &all, nullptr);
-}
+// A thread that is started meanwhile gets no signals: they are the program's to deal with, in
+// threads of its own.
+class SignalsKeptBack {
+  public:
+    SignalsKeptBack() {
+        sigset_t all;
+        sigfillset(&all);
+        pthread_sigmask(SIG_BLOCK, &all, &before_);
+    }
+    ~SignalsKeptBack() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+    SignalsKeptBack(const SignalsKeptBack&) = delete;
+    SignalsKeptBack& operator=(const SignalsKeptBack&) = delete;
+
+  private:
+    sigset_t before_;
+};
 
 void Receive(const std::stop_token& stop, int socket, DebugLineQueue& lines) {
-    LeaveSignalsToOthers();
     vxd::DebugDatagramHeader header;
     std::vector<char> datagram(sizeof header + vxd::kMostBytesInDatagram);
     while (!stop.stop_requested()) {
@@ -92,9 +101,9 @@ void Receive(const std::stop_token& stop, int socket, DebugLineQueue& lines) {
 
 struct DebugMonitor::Listening {
     Listening(vxd::DebugSocket where, vxd::Descriptor bound)
-        : place(std::move(where)),
-          socket(std::move(bound)),
-          receiver([this](const auto& stop) { Receive(stop, socket.Get(), lines); }) {
+        : place(std::move(where)), socket(std::move(bound)) {
+        const SignalsKeptBack keptBack;
+        receiver = std::jthread([this](const auto& stop) { Receive(stop, socket.Get(), lines); });
         ++ownMonitors;
     }
 
