@@ -222,6 +222,7 @@ TEST_F(VppStatisticsDialog, EnablesItsControlsWithTheFeedAndStopsIt) {
         GetWindowRect(dialog_.Control(1089), &scale);
         GetWindowRect(dialog_.Control(1003), &map);
         EXPECT_LE(scale.bottom, map.top);
+        UpdateWindow(dialog_.Handle());
     });
     EXPECT_EQ(Shown(1089, {8, 16, 8 + 384, 16 + 28}), OfBitmap(107, {0, 0, 384, 28}));
     board::FailOnce("KORA_DLL_StartVppStatistics", VXD_HARDWARE_FAILURE);
