@@ -251,9 +251,6 @@ TEST_F(Operations, MeetEveryChangeOfTheSettingsFileAtOnce) {
 TEST_F(Operations, AreTracedAsLinesWhereTheSettingsFileWantsIt) {
     vdapi_AUXDEV_Activate(1);
     settings_.Write(kit::kBoardFile, "Trace", "Calls", "1");
-    // A place for the monitor that tests running beside this one don't use.
-    const std::string folder = kit::SettingsPath(kit::kBoardFile).parent_path().string();
-    SetEnvironmentVariableA("XDG_RUNTIME_DIR", folder.c_str());
     Send(PELLAN_COMMAND_DEBUG_MUTE);
     DebugMonitor monitor;
     ASSERT_TRUE(monitor.IsListening());

@@ -26,13 +26,6 @@ class BoardTrace : public BoardTest {
         return lines;
     }
 
-    // A place for the monitor that tests running beside this one don't use.
-    static void UseOwnPlace() {
-        const std::string folder = kit::SettingsPath(kit::kBoardFile).parent_path().string();
-        SetEnvironmentVariableA("XDG_RUNTIME_DIR", folder.c_str());
-    }
-
-    const int place_ = (UseOwnPlace(), 0);
     DebugMonitor monitor_;
 };
 
