@@ -53,16 +53,15 @@ class Bonding : public CommandTest {
         }
     }
 
+    static BOOL CALLBACK CountEnabled(HWND window, LPARAM sum) {
+        *reinterpret_cast<int*>(sum) += IsWindowVisible(window) && IsWindowEnabled(window);
+        return TRUE;
+    }
     static int EnabledWindows() {
         return kit::OnUserInterface([] {
             int enabled = 0;
-            const auto count = [](HWND window, LPARAM sum) -> BOOL {
-                if (IsWindowVisible(window) && IsWindowEnabled(window)) {
-                    ++*reinterpret_cast<int*>(sum);
-                }
-                return TRUE;
-            };
-            EnumThreadWindows(GetCurrentThreadId(), count, reinterpret_cast<LPARAM>(&enabled));
+            EnumThreadWindows(GetCurrentThreadId(), CountEnabled,
+                              reinterpret_cast<LPARAM>(&enabled));
             return enabled;
         });
     }

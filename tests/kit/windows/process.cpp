@@ -16,6 +16,15 @@ HANDLE Open(const std::string& file, DWORD access, DWORD disposition) {
                        FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited, disposition, 0, nullptr);
 }
 
+BOOL CALLBACK EndSessionOf(HWND window, LPARAM id) {
+    DWORD owner = 0;
+    GetWindowThreadProcessId(window, &owner);
+    if (owner == static_cast<DWORD>(id)) {
+        SendMessageA(window, WM_ENDSESSION, TRUE, 0);
+    }
+    return TRUE;
+}
+
 }  // namespace
 
 std::string ProgramBeside(const std::string& name) {
@@ -76,16 +85,7 @@ int Process::ExitCode() {
 
 // The end of a session, behind which a program that has answered is ended.
 void Process::AskForEnd() const {
-    EnumWindows(
-        [](HWND window, LPARAM id) -> BOOL {
-            DWORD owner = 0;
-            GetWindowThreadProcessId(window, &owner);
-            if (owner == static_cast<DWORD>(id)) {
-                SendMessageA(window, WM_ENDSESSION, TRUE, 0);
-            }
-            return TRUE;
-        },
-        static_cast<LPARAM>(Id()));
+    EnumWindows(EndSessionOf, static_cast<LPARAM>(Id()));
     TerminateProcess(state_->started.hProcess, 0);
 }
 
