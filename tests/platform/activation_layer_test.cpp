@@ -116,4 +116,29 @@ TEST(Activation, OfADisabledWindowGoesToTheOneOverItThatWasActiveLast) {
     });
 }
 
+TEST(Activation, OfAWindowThatABoxWithoutOwnerShutsOutGoesToTheBox) {
+    static SlowDesktop desktop;
+    static HWND main = nullptr;
+    static HWND box = nullptr;
+    RunOn(desktop, [] {
+        main = MakeWindow(nullptr);
+        Settle();
+        SetTimer(nullptr, 0, 10, [](HWND, UINT, UINT_PTR timer, DWORD) {
+            const HWND active = GetActiveWindow();
+            if (box != nullptr) {
+                EXPECT_EQ(desktop.requests, 1);
+                EXPECT_EQ(active, box);
+                KillTimer(nullptr, timer);
+                EndDialog(box, IDOK);
+            } else if (active != main && desktop.active == vxd::HandleNumber(active)) {
+                box = active;
+                desktop.requests = 0;
+                vxd::input::Activated(vxd::HandleNumber(main), true);
+            }
+        });
+        EXPECT_EQ(MessageBoxA(nullptr, "Text", "Title", MB_OK | MB_TASKMODAL), IDOK);
+        EXPECT_EQ(GetActiveWindow(), main);
+    });
+}
+
 }  // namespace
