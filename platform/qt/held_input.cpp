@@ -9,6 +9,8 @@
 #include <QWindow>
 #include <utility>
 
+#include "platform/qt/report.h"
+
 namespace vxd::qt {
 namespace {
 
@@ -46,7 +48,8 @@ std::unique_ptr<QMimeData> TextOf(const QMimeData& dropped) {
 
 }  // namespace
 
-HeldInput::HeldInput() = default;
+HeldInput::HeldInput(const Report& report) : report_(report) {}
+
 HeldInput::~HeldInput() = default;
 
 bool HeldInput::ConcernsWindow(const QEvent& event) {
@@ -68,6 +71,22 @@ bool HeldInput::ConcernsWindow(const QEvent& event) {
 
 bool HeldInput::ConcernsWidget(const QEvent& event) {
     return event.type() == QEvent::InputMethod;
+}
+
+bool HeldInput::HasToWaitForCore() const {
+    return coreIsBehind_ || popupEnds_ || report_.Handed();
+}
+
+bool HeldInput::Holds() const {
+    return report_.IsOpen() && !delivering_ && (HasToWaitForCore() || !events_.empty());
+}
+
+bool HeldInput::Hold(QObject& receiver, QEvent& event) {
+    if (!Holds()) {
+        return false;
+    }
+    Add(receiver, event);
+    return true;
 }
 
 void HeldInput::Add(QObject& receiver, QEvent& event) {
@@ -92,6 +111,12 @@ void HeldInput::Add(QObject& receiver, QEvent& event) {
     // Nobody has agreed to close the window yet.
     if (event.type() == QEvent::Close) {
         event.ignore();
+    }
+}
+
+void HeldInput::Deliver(const std::function<QWidget*()>& active) {
+    while (!events_.empty() && !HasToWaitForCore()) {
+        DeliverFirst(active());
     }
 }
 
