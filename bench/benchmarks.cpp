@@ -50,9 +50,10 @@ void WriteThePalette(benchmark::State& state) {
     const auto file = (std::filesystem::temp_directory_path() / "vxdtest-benchmark.ini").string();
     const auto writeAll = [&file](int value) {
         const std::string text = std::to_string(value);
-        for (int key = 0; key < kPaletteKeys; ++key)
+        for (int key = 0; key < kPaletteKeys; ++key) {
             WritePrivateProfileStringA("BTPalette", ("Red_" + std::to_string(key)).c_str(),
                                        text.c_str(), file.c_str());
+        }
     };
     int value = 100;
     writeAll(value);

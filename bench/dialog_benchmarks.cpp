@@ -67,9 +67,10 @@ void WriteLongList() {
 // A palette whose 256 colours are all others than before, in each part.
 void ChangePalette(int round) {
     std::array<uint32_t, 256> colours{};
-    for (std::size_t entry = 0; entry < colours.size(); ++entry)
+    for (std::size_t entry = 0; entry < colours.size(); ++entry) {
         colours[entry] =
             ((static_cast<uint32_t>(entry) + static_cast<uint32_t>(round)) % 256) * 0x010101;
+    }
     vdapi_BT85X_DownloadPalette(colours.data());
 }
 

@@ -150,10 +150,11 @@ void Do(const Step& step, HWND main) {
 
 // Closes first what lies over the main window.
 void End(HWND main) {
-    if (const HWND dialog = Dialog())
+    if (const HWND dialog = Dialog()) {
         PostMessageA(GetDlgItem(dialog, IDCANCEL), BM_CLICK, 0, 0);
-    else if (!std::exchange(soak.ends, true))
+    } else if (!std::exchange(soak.ends, true)) {
         PostMessageA(main, WM_CLOSE, 0, 0);
+    }
 }
 
 // Of the second fifth of the time and of the last one the most counts: by then all steps have been

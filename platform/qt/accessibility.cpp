@@ -74,10 +74,11 @@ class ComboInterface : public QAccessibleWidget {
             return QAccessibleWidget::doAction(action);
         if (!combo_.isEnabled())
             return;
-        if (combo_.view()->isVisible())
+        if (combo_.view()->isVisible()) {
             combo_.hidePopup();
-        else
+        } else {
             combo_.showPopup();
+        }
     }
 
   private:

@@ -124,9 +124,10 @@ class TextEdit : public Control {
 
     void SetReadOnly(bool readOnly) override {
         Native().setReadOnly(readOnly);
-        if (readOnly)
+        if (readOnly) {
             Native().setTextInteractionFlags(Qt::TextSelectableByMouse |
                                              Qt::TextSelectableByKeyboard);
+        }
         SetReadOnlyLook(NativeWidget(), readOnly);
     }
 

@@ -294,10 +294,11 @@ class ComboBox : public Control {
     }
 
     void SetDropped(bool dropped) override {
-        if (dropped)
+        if (dropped) {
             Native().showPopup();
-        else
+        } else {
             Native().hidePopup();
+        }
     }
 
   private:

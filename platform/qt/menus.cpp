@@ -17,9 +17,10 @@ void SetMarks(QAction& action, const MenuView& item) {
     action.setEnabled(item.enabled);
     action.setCheckable(item.checked);
     action.setChecked(item.checked);
-    if (item.checked && item.radioMark && action.actionGroup() == nullptr)
+    if (item.checked && item.radioMark && action.actionGroup() == nullptr) {
         // Qt draws the mark of an exclusive group's action as a bullet.
         action.setActionGroup(new QActionGroup(&action));
+    }
 }
 
 bool SameShape(const std::vector<MenuView>& a, const std::vector<MenuView>& b) {

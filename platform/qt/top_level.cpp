@@ -262,10 +262,11 @@ void TopLevel::SetIcon(const Pixels& icon) {
 }
 
 void TopLevel::Draw(const Pixels& pixels, const Rect& changed) {
-    if (Native().Client() != nullptr)
+    if (Native().Client() != nullptr) {
         Native().Client()->Draw(pixels, changed);
-    else
+    } else {
         Native().DrawOnDialog(pixels, changed);
+    }
 }
 
 bool TopLevel::Raise() {
