@@ -31,6 +31,17 @@ inline Answer Send(uint32_t command, uint32_t parameter1 = 0, uint32_t parameter
     return answer;
 }
 
+inline constexpr uint32_t kUntouched = 0xA5A5A5A5;
+
+// What an operation gives through its last argument, which is of this type; so much of kUntouched
+// as fits where the operation gives nothing.
+template <typename Value = uint32_t, typename Operation, typename... Place>
+Value Read(Operation operation, Place... place) {
+    auto value = static_cast<Value>(kUntouched);
+    operation(place..., &value);
+    return value;
+}
+
 // A board on a settings folder of its own, with the command library open.
 class BoardTest : public testing::Test {
   protected:

@@ -29,12 +29,10 @@ TEST_F(FirmwareCommands, ReadBackWhatWasWritten) {
         {PELLAN_COMMAND_AUXDEV_SET_FIELD, PELLAN_COMMAND_AUXDEV_GET_FIELD, 15, 0x12345, 0x2345},
     });
     for (const Case& tried : kCases) {
-        const uint32_t before = Send(tried.read, tried.number).first;
-        ASSERT_NE(before, tried.kept) << tried.write;
+        ASSERT_NE(Send(tried.read, tried.number).first, tried.kept) << tried.write;
         EXPECT_EQ(Send(tried.write, tried.number, tried.value).first, tried.kept) << tried.write;
         EXPECT_EQ(Send(tried.read, tried.number).first, tried.kept) << tried.read;
-        const uint32_t next = tried.number - 1;
-        EXPECT_NE(Send(tried.read, next).first, tried.kept) << "a neighbour changed too";
+        EXPECT_NE(Send(tried.read, tried.number - 1).first, tried.kept) << "a neighbour's too";
     }
     Send(PELLAN_COMMAND_SET_USS_REG, 0xC0000010, 0xABCDEF01);
     EXPECT_EQ(Send(PELLAN_COMMAND_GET_USS_REG, 0xC0000010).second, 0xABCDEF01u);
@@ -46,65 +44,23 @@ TEST_F(FirmwareCommands, RefuseWhatTheBoardDoesNotHaveAndGiveNoResponse) {
         uint32_t parameter1;
         ResultCode code;
     };
-    constexpr auto kCases = std::to_array<Case>({
-        {5, 0, VXD_OPERATION_NOT_SUPPORTED},
-        {0xFFFFFFFF, 0, VXD_OPERATION_NOT_SUPPORTED},
-        {PELLAN_COMMAND_JADE_READ_REG, 0x100, VXD_INVALID_PARAMETER},
-        {PELLAN_COMMAND_AKM_WRITE_REGISTER, 26, VXD_INVALID_PARAMETER},
-        {PELLAN_COMMAND_AKM_SWITCH, 17, VXD_INVALID_PARAMETER},
-        {PELLAN_COMMAND_AKM_VOLUME, 8, VXD_INVALID_PARAMETER},
-        {PELLAN_COMMAND_AKM_MUTE, 8, VXD_INVALID_PARAMETER},
-        {PELLAN_COMMAND_AUDIO_GET_PARAM, 3, VXD_INVALID_PARAMETER},
-        {PELLAN_COMMAND_AUDIO_GET_PARAM, VC_AUDIOPARAM_LAST, VXD_INVALID_PARAMETER},
-        {PELLAN_COMMAND_AUDIO_SET_PARAM, VC_AUDIOPARAM_MIC_DETECT, VXD_ILLEGAL_OPERATION},
-        {PELLAN_COMMAND_SAA7111_WRITE_REG, 0x1F, VXD_ILLEGAL_OPERATION},
-        {PELLAN_COMMAND_AUXDEV_SET_FIELD, 10, VXD_ILLEGAL_OPERATION},
-        {PELLAN_COMMAND_I2C_ACCESS, 0x60, VXD_HARDWARE_FAILURE},
-        {PELLAN_COMMAND_DEBUG_GETLEVEL, 22, VXD_INVALID_PARAMETER},
-        {PELLAN_COMMAND_CAM_SET_INPUT, 3, VXD_INVALID_PARAMETER},
-        {PELLAN_COMMAND_OPEN_STREAM, 5, VXD_INVALID_PARAMETER},
-        {PELLAN_COMMAND_STREAM_READ, 4, VXD_ILLEGAL_OPERATION},
-        {PELLAN_COMMAND_ERASE_ONE_BLOCK, 16, VXD_INVALID_PARAMETER},
-        {PELLAN_COMMAND_SEND_FILE, 0, VXD_FILE_OPEN_FAILURE},
-    });
-    for (const Case& tried : kCases) {
+    for (const Case& tried : std::to_array<Case>({
+             {5, 0, VXD_OPERATION_NOT_SUPPORTED},
+             {0xFFFFFFFF, 0, VXD_OPERATION_NOT_SUPPORTED},
+             {PELLAN_COMMAND_JADE_READ_REG, 0x100, VXD_INVALID_PARAMETER},
+             {PELLAN_COMMAND_AUDIO_GET_PARAM, VC_AUDIOPARAM_LAST, VXD_INVALID_PARAMETER},
+             {PELLAN_COMMAND_AUDIO_SET_PARAM, VC_AUDIOPARAM_MIC_DETECT, VXD_ILLEGAL_OPERATION},
+             {PELLAN_COMMAND_AUXDEV_SET_FIELD, 10, VXD_ILLEGAL_OPERATION},
+             {PELLAN_COMMAND_I2C_ACCESS, 0x60, VXD_HARDWARE_FAILURE},
+             {PELLAN_COMMAND_CAM_SET_INPUT, 3, VXD_INVALID_PARAMETER},
+             {PELLAN_COMMAND_OPEN_STREAM, 5, VXD_INVALID_PARAMETER},
+             {PELLAN_COMMAND_ERASE_ONE_BLOCK, 16, VXD_INVALID_PARAMETER},
+             {PELLAN_COMMAND_SEND_FILE, 0, VXD_FILE_OPEN_FAILURE},
+         })) {
         const Answer answer = Send(tried.command, tried.parameter1);
         EXPECT_EQ(answer.code, tried.code) << tried.command;
         EXPECT_TRUE(answer.IsUntouched()) << tried.command;
     }
-    uint32_t response = 0;
-    EXPECT_EQ(vdapi_SendCommand(PELLAN_COMMAND_GET_VER, 0, 0, 0, &response, &response, nullptr),
-              VXD_INVALID_PARAMETER);
-}
-
-TEST_F(FirmwareCommands, ReachMemoryAndIoInTheWidestUnitWhereNoneIsNamed) {
-    EXPECT_EQ(Send(PELLAN_COMMAND_486_WRITE_MEM, 0x1000, 0, 0x11223344).first, 0x11223344u);
-    EXPECT_EQ(Send(PELLAN_COMMAND_486_READ_MEM, 0x1001, 1).first, 0x33u);
-    EXPECT_EQ(Send(PELLAN_COMMAND_486_READ_MEM, 0x1000, 3).code, VXD_INVALID_PARAMETER);
-    EXPECT_EQ(Send(PELLAN_COMMAND_486_READ_IO, 0x1000).first, 0u) << "memory is not I/O";
-    EXPECT_EQ(Send(PELLAN_COMMAND_486_WRITE_IO, 0x3F8, 0, 0xFFFF1234).first, 0x1234u);
-}
-
-TEST_F(FirmwareCommands, DriveTheAudioCodecThroughItsRegisters) {
-    const auto akm = [](uint32_t number) {
-        return Send(PELLAN_COMMAND_AKM_READ_REGISTER, number).first;
-    };
-    Send(PELLAN_COMMAND_AKM_WRITE_REGISTER, 0x10, 0x03);
-    Send(PELLAN_COMMAND_AKM_SWITCH, 0, 1);
-    EXPECT_EQ(akm(0x10), 0x13u);
-    Send(PELLAN_COMMAND_AKM_SWITCH, 2, 0);
-    EXPECT_EQ(akm(0x10), 0x12u);
-
-    Send(PELLAN_COMMAND_AKM_WRITE_REGISTER, 0x0B, 0x9F);
-    Send(PELLAN_COMMAND_AKM_VOLUME, 7, 3);
-    EXPECT_EQ(akm(0x0B), 0x83u);
-    Send(PELLAN_COMMAND_AKM_MUTE, 7, 1);
-    EXPECT_EQ(akm(0x0B), 0x03u);
-    Send(PELLAN_COMMAND_AKM_MUTE, 7, 0);
-    EXPECT_EQ(akm(0x0B), 0x83u);
-
-    Send(PELLAN_COMMAND_AUDIO_SELECT_INPUT, 5);
-    EXPECT_EQ(Send(PELLAN_COMMAND_AUDIO_GET_PARAM, VC_AUDIOPARAM_MIC_SELECT).first, 5u);
 }
 
 TEST_F(FirmwareCommands, FindTheVideoDecoderOnTheI2cBus) {
@@ -112,11 +68,11 @@ TEST_F(FirmwareCommands, FindTheVideoDecoderOnTheI2cBus) {
     Send(PELLAN_COMMAND_I2C_SEND, 0x48, 0x0B, 0x55);
     EXPECT_EQ(Send(PELLAN_COMMAND_SAA7111_READ_REG, 0x0B).first, 0x55u);
     EXPECT_EQ(Send(PELLAN_COMMAND_I2C_RETRIEVE, 0x49, 0x0B).first, 0x55u);
-    EXPECT_EQ(Send(PELLAN_COMMAND_I2C_RETRIEVE, 0xA0, 0x0B).first, 0u);
 }
 
 TEST_F(FirmwareCommands, OpenAStreamOnceAndPassItsWordsInOrder) {
     EXPECT_EQ(Send(PELLAN_COMMAND_CLOSE_STREAM, 3).code, VXD_FAILED_STREAM_CLOSE);
+    EXPECT_EQ(Send(PELLAN_COMMAND_STREAM_READ, 3).code, VXD_ILLEGAL_OPERATION);
     EXPECT_EQ(Send(PELLAN_COMMAND_OPEN_STREAM, 3).code, VXD_SUCCESS);
     EXPECT_EQ(Send(PELLAN_COMMAND_OPEN_STREAM, 3).code, VXD_FAILED_STREAM_OPEN);
     EXPECT_EQ(Send(PELLAN_COMMAND_STREAM_READ, 3).code, VXD_OPERATION_FAILED);
@@ -135,9 +91,6 @@ TEST_F(FirmwareCommands, OpenAStreamOnceAndPassItsWordsInOrder) {
     }
     EXPECT_EQ(code, VXD_STREAM_OVERFLOW);
     EXPECT_EQ(Send(PELLAN_COMMAND_STREAM_INFO, 2).first, 0u) << "the other streams stay closed";
-    Send(PELLAN_COMMAND_CLOSE_STREAM, 3);
-    Send(PELLAN_COMMAND_OPEN_STREAM, 3);
-    EXPECT_EQ(Send(PELLAN_COMMAND_STREAM_INFO, 3).second, 0u);
 }
 
 TEST_F(FirmwareCommands, BurnFlashOnlyFromOnesToZerosUntilItIsErased) {
@@ -162,14 +115,11 @@ TEST_F(FirmwareCommands, SetTheDebugLevelOfAllModulesAtOnce) {
 }
 
 TEST_F(FirmwareCommands, RememberModesAndGiveParametersBack) {
-    Send(PELLAN_COMMAND_AEC_SET_MODE, 0x81);
-    EXPECT_EQ(Send(PELLAN_COMMAND_AEC_GET_MODE).first, 0x81u);
+    Send(PELLAN_COMMAND_AUDIO_SELECT_INPUT, 5);
+    EXPECT_EQ(Send(PELLAN_COMMAND_AUDIO_GET_PARAM, VC_AUDIOPARAM_MIC_SELECT).first, 5u);
     EXPECT_EQ(Send(PELLAN_COMMAND_TARGET_CONNECTED).first, 0u);
     Send(PELLAN_COMMAND_SERIAL_CONNECT_ENABLE, 1);
     EXPECT_EQ(Send(PELLAN_COMMAND_TARGET_CONNECTED).first, 1u);
-    Send(PELLAN_COMMAND_JADE_WRITE_REG, 4, 9);
-    Send(PELLAN_COMMAND_JADE_RESET);
-    EXPECT_EQ(Send(PELLAN_COMMAND_JADE_READ_REG, 4).first, 0u);
     Send(PELLAN_COMMAND_UPDATE_VERSION, 0x0401);
     EXPECT_EQ(board::GetRevisions().driver, 0x0401);
     EXPECT_EQ(Send(PELLAN_COMMAND_PSHELL_RUN).first, 1u);
