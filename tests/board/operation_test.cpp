@@ -6,25 +6,20 @@
 #include <thread>
 #include <vector>
 
-#include "driver/debug_command.h"
 #include "driver/firmware_command.h"
-#include "driver/parameter_block.h"
 #include "platform/debug_monitor.h"
 #include "platform/win32.h"
-#include "tests/board/board_test.h"
+#include "tests/board/driver_test.h"
 
 using Operations = BoardTest;
 
 namespace {
 
-ResultCode Debug(uint32_t command, uint32_t size = 0, void* block = nullptr) {
-    return CodeOf(vdapi_Debug(command, size, block));
-}
-
-std::vector<std::string> CallLines() {
-    std::vector<std::string> lines;
+// The calls, a line for each.
+std::string CallLines() {
+    std::string lines;
     for (const board::Call& call : board::Calls()) {
-        lines.push_back(board::Describe(call));
+        lines += board::Describe(call) + '\n';
     }
     return lines;
 }
@@ -63,22 +58,17 @@ TEST_F(Operations, FailAsAskedForUntilAllIsWellAgain) {
 
 TEST_F(Operations, ReadBitsAsOneThatAreStuck) {
     vdapi_JADE_Write(9, 0x0A);
-    uint32_t wide = 0;
-    uint16_t narrow = 0;
     board::StickBits("vdapi_JADE_Read", 0xABCDEF00);
-    EXPECT_EQ(vdapi_JADE_Read(9, &wide), VXD_SUCCESS);
-    EXPECT_EQ(wide, 0xABCDEF0A);
+    EXPECT_EQ(Read(vdapi_JADE_Read, 9), 0xABCDEF0A);
     settings_.Write(kit::kBoardFile, "StuckBits", "vdapi_AUXDEV_GetField", "0xF8000");
-    EXPECT_EQ(vdapi_AUXDEV_GetField(10, &narrow), VXD_SUCCESS);
-    EXPECT_EQ(narrow, 0x8002) << "an output of 16 bits";
+    EXPECT_EQ(Read<uint16_t>(vdapi_AUXDEV_GetField, 10), 0x8002) << "an output of 16 bits";
 
     board::StickBits("PELLAN_COMMAND_JADE_READ_REG", 0x100);
     EXPECT_EQ(Send(PELLAN_COMMAND_JADE_READ_REG, 9).first, 0x10Au);
     EXPECT_TRUE(Send(PELLAN_COMMAND_JADE_READ_REG, 0x100).IsUntouched());
     board::SucceedAgain();
     EXPECT_EQ(Send(PELLAN_COMMAND_JADE_READ_REG, 9).first, 0x0Au);
-    vdapi_JADE_Read(9, &wide);
-    EXPECT_EQ(wide, 0x0Au);
+    EXPECT_EQ(Read(vdapi_JADE_Read, 9), 0x0Au);
 }
 
 TEST_F(Operations, TakeTheirTimeWithoutKeepingOthersWaiting) {
@@ -101,7 +91,7 @@ TEST_F(Operations, TakeTheirTimeWithoutKeepingOthersWaiting) {
     std::this_thread::sleep_for(kLong / 3);
     board::FailAlways("vdapi_JADE_Reset", VXD_CRIT_ERROR);
     vdapi_AUXDEV_Activate(4);
-    EXPECT_EQ(CallLines(), std::vector<std::string>{"vdapi_AUXDEV_Activate(0x4) = 0"});
+    EXPECT_EQ(CallLines(), "vdapi_AUXDEV_Activate(0x4) = 0\n");
     utility.join();
     board::SucceedAgain();
     EXPECT_LT(timeOf([] { vdapi_JADE_Reset(0x32); }), kLong);
@@ -109,10 +99,7 @@ TEST_F(Operations, TakeTheirTimeWithoutKeepingOthersWaiting) {
 
 TEST_F(Operations, NameTheHardwareWhileNoBoardIsThere) {
     board::SetPresent(false);
-    uint16_t wide = 0x77;
-    uint8_t narrow = 0x77;
-    EXPECT_EQ(vdapi_GetVersion(&wide, &narrow, &wide, &narrow), VXD_HARDWARE_FAILURE);
-    EXPECT_EQ(wide, 0x77);
+    EXPECT_EQ(Read<uint16_t>(vdapi_AUXDEV_GetField, 10), 0xA5A5);
     EXPECT_EQ(Debug(TALVERO_DBG_SEQ_TR_INIT), VXD_HARDWARE_FAILURE);
     EXPECT_TRUE(Send(PELLAN_COMMAND_GET_VER).IsUntouched());
     EXPECT_EQ(vdapi_JADE_Reset(0x32), VXD_HARDWARE_FAILURE);
@@ -122,9 +109,7 @@ TEST_F(Operations, NameTheHardwareWhileNoBoardIsThere) {
 TEST_F(Operations, AreListedWithTheirArgumentsBlocksAndResults) {
     board::ForgetCalls();
     vdapi_AUXDEV_Activate(4);
-    IsacInitializeBlock block{13, 0x12345678, 1};
-    Debug(TALVERO_DBG_ISAC_TR_INIT, sizeof block, &block);
-    block.device.value = 99;
+    Debug(TALVERO_DBG_ISAC_TR_INIT, IsacInitializeBlock{13, 0x12345678, 1});
     Send(PELLAN_COMMAND_SET_SOFTWARE_VAR, 50, 0x801);
     Debug(0xFFF);
     vdapi_BAS_Write(2, -1, nullptr, 0);
@@ -132,23 +117,17 @@ TEST_F(Operations, AreListedWithTheirArgumentsBlocksAndResults) {
     vdapi_I2C_Transfer(items, 2, nullptr);
     const uint8_t bytes[]{1, 2, 3, 4, 5, 6, 7, 8};
     vdapi_VCPXI_VCPVariable_SetValue("vcx_bBondOn", 2, 3, bytes, 33);
-    vdapi_VCPXI_VCPVariable_SetValue("vcx_bBondOn", 4, -1, bytes, 33);
-
     EXPECT_EQ(CallLines(),
-              (std::vector<std::string>{
-                  "vdapi_AUXDEV_Activate(0x4) = 0",
-                  "vdapi_Debug(0x46, 0xC, address) TALVERO_DBG_ISAC_TR_INIT "
-                  "[0D 00 00 00 78 56 34 12 01 00 00 00] = 1",
-                  "vdapi_SendCommand(0x7D0, 0x32, 0x801, 0x0, address, address, address) "
-                  "PELLAN_COMMAND_SET_SOFTWARE_VAR = 0",
-                  "vdapi_Debug(0xFFF, 0x0, none) = 23",
-                  "vdapi_BAS_Write(0x2, 0xFFFFFFFF, none, 0x0) = 1",
-                  "vdapi_I2C_Transfer(address, 0x2, none) [A1 00 00 01] = 1",
-                  "vdapi_VCPXI_VCPVariable_SetValue(\"vcx_bBondOn\", 0x2, 0x3, address, 0x21) "
-                  "[01 02 03 04 05 06] = 1",
-                  "vdapi_VCPXI_VCPVariable_SetValue(\"vcx_bBondOn\", 0x4, 0xFFFFFFFF, address, "
-                  "0x21) = 1",
-              }));
+              "vdapi_AUXDEV_Activate(0x4) = 0\n"
+              "vdapi_Debug(0x46, 0xC, address) TALVERO_DBG_ISAC_TR_INIT "
+              "[0D 00 00 00 78 56 34 12 01 00 00 00] = 1\n"
+              "vdapi_SendCommand(0x7D0, 0x32, 0x801, 0x0, address, address, address) "
+              "PELLAN_COMMAND_SET_SOFTWARE_VAR = 0\n"
+              "vdapi_Debug(0xFFF, 0x0, none) = 23\n"
+              "vdapi_BAS_Write(0x2, 0xFFFFFFFF, none, 0x0) = 1\n"
+              "vdapi_I2C_Transfer(address, 0x2, none) [A1 00 00 01] = 1\n"
+              "vdapi_VCPXI_VCPVariable_SetValue(\"vcx_bBondOn\", 0x2, 0x3, address, 0x21) "
+              "[01 02 03 04 05 06] = 1\n");
     board::ForgetCalls();
     EXPECT_TRUE(board::Calls().empty());
 }
@@ -180,17 +159,6 @@ TEST_F(Operations, MayBeWatchedAndDisturbedFromAnotherThread) {
     EXPECT_EQ(board::Calls().size(), 1001u);
 }
 
-TEST_F(Operations, RefuseADebugCommandThatIsUnknownOrMisshapen) {
-    BitBlock block{1, 0x00800622};
-    EXPECT_EQ(Debug(0), VXD_INVALID_DEBUG_COMMAND_ID);
-    EXPECT_EQ(Debug(0x36000000 | TALVERO_DBG_SEQ_TR_INIT), VXD_INVALID_DEBUG_COMMAND_ID);
-    EXPECT_EQ(Debug(TALVERO_DBG_SEQ_TR_INIT, sizeof block, &block), VXD_INVALID_PARAMETER);
-    EXPECT_EQ(Debug(TALVERO_DBG_ISAC_OP_BIT_SET), VXD_INVALID_PARAMETER);
-    EXPECT_EQ(Debug(TALVERO_DBG_ISAC_OP_BIT_SET, sizeof block, nullptr), VXD_INVALID_PARAMETER);
-    EXPECT_EQ(Debug(TALVERO_DBG_ISAC_OP_BIT_SET, 12, &block), VXD_INVALID_PARAMETER);
-    EXPECT_EQ(Debug(TALVERO_DBG_ISAC_OP_BIT_SET, sizeof block, &block), VXD_SUCCESS);
-}
-
 TEST_F(Operations, TakeTheBoardFromTheSettingsFile) {
     const char* file = kit::kBoardFile;
     settings_.Write(file, "Board", "Revision", "0x0107");
@@ -199,23 +167,18 @@ TEST_F(Operations, TakeTheBoardFromTheSettingsFile) {
     settings_.Write(file, "Board", "IsacChips", "1");
     board::SetRevisions({.board = 1, .vpic = 1, .driver = 1, .jade = 0x31});
     vdapi_Initialize(0);
-    board::Revisions revisions = board::GetRevisions();
+    const board::Revisions revisions = board::GetRevisions();
     EXPECT_EQ(revisions.board, 0x0107);
     EXPECT_EQ(revisions.driver, 0x0402);
     EXPECT_EQ(revisions.vpic, 10);
     EXPECT_EQ(revisions.jade, 0x31) << "a key that is absent changes nothing";
-    uint16_t chipsBeyondTheFirst = 99;
-    EXPECT_EQ(vdapi_AUXDEV_GetField(10, &chipsBeyondTheFirst), VXD_SUCCESS);
-    EXPECT_EQ(chipsBeyondTheFirst, 0);
+    EXPECT_EQ(Read<uint16_t>(vdapi_AUXDEV_GetField, 10), 0) << "the chips beyond the first";
 
-    settings_.Write(file, "Fail", "vdapi_AUXDEV_Terminate", "0x4");
     settings_.Write(file, "Fail", "PELLAN_COMMAND_GET_VER", "14");
-    EXPECT_EQ(vdapi_AUXDEV_Terminate(), VXD_HARDWARE_FAILURE);
     EXPECT_EQ(Send(PELLAN_COMMAND_GET_VER).code, VXD_DSP_EXCEPTION);
     board::FailOnce("PELLAN_COMMAND_GET_VER", VXD_SUCCESS);
     EXPECT_EQ(Send(PELLAN_COMMAND_GET_VER).code, VXD_SUCCESS);
 
-    EXPECT_TRUE(board::IsPresent());
     settings_.Write(file, "Board", "Present", "0");
     vdapi_Initialize(0);
     EXPECT_FALSE(board::IsPresent());
