@@ -82,14 +82,17 @@ std::string Format(const char* format, Values... values) {
     return text.data();
 }
 
-bool UsbTells(const State& state, uint32_t flag) {
+// What the USB link tells of: USB_TRACE_ flags.
+uint32_t UsbFlags(const State& state) {
     uint32_t flags = 0;
-    state.firmware.softwareVariables.Read(kUsbTraceVariable, flags);
-    return (flags & flag) != 0 && LevelOf(state, FIRMWARE_MODULE_USB) != DEBUG_LEVEL_NONE;
+    if (LevelOf(state, FIRMWARE_MODULE_USB) != DEBUG_LEVEL_NONE) {
+        state.firmware.softwareVariables.Read(kUsbTraceVariable, flags);
+    }
+    return flags;
 }
 
 void TellOfUsb(State& state, uint32_t flag, const std::string& text) {
-    if (UsbTells(state, flag)) {
+    if ((UsbFlags(state) & flag) != 0) {
         Tell(state, FIRMWARE_MODULE_USB,
              flag == USB_TRACE_ERRORS ? DEBUG_LEVEL_ERROR : DEBUG_LEVEL_TRACE1, text);
     }
@@ -128,7 +131,8 @@ void TraceCall(State& state, const Call& call, bool resultIsBit) {
 
 void TraceUsb(State& state, const FirmwareCommand& command, const FirmwareParameters& parameters,
               const FirmwareResponses& responses) {
-    if (LevelOf(state, FIRMWARE_MODULE_USB) == DEBUG_LEVEL_NONE) {
+    // By default errors alone, which TraceLink tells: no call waits for texts that nobody reads.
+    if ((UsbFlags(state) & ~uint32_t{USB_TRACE_ERRORS}) == 0) {
         return;
     }
     TellOfUsb(state, USB_TRACE_ANY, command.name);
