@@ -18,6 +18,9 @@ TEST_F(Addresses, HoldUnitsOfOneTwoAndFourBytesLowestFirst) {
     EXPECT_EQ(Send(PELLAN_COMMAND_486_READ_MEM, 0xD0001000).first, 0xAA223344u);
     EXPECT_EQ(Send(PELLAN_COMMAND_486_READ_MEM, 0xD0001001, 1).first, 0x33u);
     EXPECT_EQ(Send(PELLAN_COMMAND_486_WRITE_IO, 0x3F8, 0, 0xFFFF5678).first, 0x5678u);
+    EXPECT_EQ(Send(PELLAN_COMMAND_486_READ_IO, 0x3F9, 1).first, 0x56u);
+    Send(PELLAN_COMMAND_486_WRITE_MEM, 0x3F8, 0, 0x11223344);
+    EXPECT_EQ(Read(vdapi_MEM_Read, 0x3F8, 4), 0x11223344u);
 }
 
 TEST_F(Addresses, RefuseOtherUnitsAndUnitsBeyondTheEnd) {

@@ -67,13 +67,6 @@ class Eeproms : public DriverTest {
 
 }  // namespace
 
-TEST_F(Eeproms, GiveBackWhatWasWrittenAndAreErasedElsewhere) {
-    EXPECT_EQ(Finish(StartWrite(0x10, {1, 2, 3, 4, 5, 6, 7, 8}, 3)), VXD_SUCCESS);
-    EXPECT_EQ(Finish(StartWrite(0x1F8, {9, 9, 9, 9, 9, 9, 9, 0xA}, 8)), VXD_SUCCESS);
-    EXPECT_EQ(Read(0x0F, 6), (Bytes{0xFF, 1, 2, 3, 0xFF, 0xFF, 0, 0}));
-    EXPECT_EQ(Read(0x1FF, 1), (Bytes{0xA}));
-}
-
 TEST_F(Eeproms, KeepTheirBytesInAFileBetweenRuns) {
     EXPECT_EQ(Finish(StartWrite(2, {0x11, 0x22}, 2)), VXD_SUCCESS);
     vdapi_AUXDEV_HardwareReset();

@@ -22,12 +22,10 @@ TEST(Libraries, AnOperationFoundByItsPlainNameIsTheOneThatProgramsLinkTo) {
 
 TEST(Libraries, AnswerByTheOrderInWhichTheyAreOpenedAndClosed) {
     const kit::SettingsFolder settings;
-    uint16_t wide = 0;
-    uint8_t narrow = 0;
-    EXPECT_EQ(vdapi_GetVersion(&wide, &narrow, &wide, &narrow), VXD_CONFIGURATION_NOT_SET);
+    EXPECT_EQ(vdapi_AUXDEV_Initialize(), VXD_CONFIGURATION_NOT_SET);
     EXPECT_EQ(vdapi_Terminate(), VXD_CONFIGURATION_NOT_SET);
     EXPECT_EQ(vdapi_Initialize(0), VXD_SUCCESS);
-    EXPECT_EQ(vdapi_GetVersion(&wide, &narrow, &wide, &narrow), VXD_SUCCESS);
+    EXPECT_EQ(vdapi_AUXDEV_Initialize(), VXD_SUCCESS);
     EXPECT_EQ(vdapi_Terminate(), VXD_SUCCESS);
     EXPECT_EQ(vdapi_Terminate(), VXD_CONFIGURATION_NOT_SET);
 

@@ -1,7 +1,6 @@
 // Chips and services brought through their life cycles, in order and out of it.
 #include <array>
 #include <functional>
-#include <set>
 #include <string>
 #include <vector>
 

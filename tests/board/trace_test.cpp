@@ -46,8 +46,6 @@ TEST_F(BoardTrace, FollowsTheLevelOfTheModuleThatDoesTheWork) {
               "[30]JADE:\t vdapi_JADE_Reset = 0\n"
               "[30]JADE:\t PELLAN_COMMAND_JADE_RESET = 0\n"
               "[30]JADE:\t vdapi_JADE_Reset(0x32) = 0\n");
-    EXPECT_EQ(vdapi_SetModuleDebugLevel(22, 10), VXD_INVALID_PARAMETER);
-    EXPECT_EQ(Read<uint16_t>(vdapi_GetModuleDebugLevel, 22), 0xA5A5);
 }
 
 TEST_F(BoardTrace, OfTheUsbLinkFollowsItsFlags) {

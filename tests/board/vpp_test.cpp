@@ -38,16 +38,6 @@ LRESULT CALLBACK Note(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     return TRUE;
 }
 
-HWND MakeWindow() {
-    WNDCLASSA noting{};
-    noting.lpfnWndProc = Note;
-    noting.hInstance = GetModuleHandleA(nullptr);
-    noting.lpszClassName = "VppTest";
-    RegisterClassA(&noting);
-    return CreateWindowExA(0, "VppTest", "", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr,
-                           noting.hInstance, nullptr);
-}
-
 void Pump(std::chrono::milliseconds duration) {
     const auto end = std::chrono::steady_clock::now() + duration;
     while (std::chrono::steady_clock::now() < end) {
@@ -77,8 +67,15 @@ TEST_F(VideoPostProcessing, TakesTheModesThatThereAreWhileItIsUp) {
 }
 
 TEST_F(VideoPostProcessing, SendsStatisticsBetweenTheirBeginAndTheirEnd) {
-    const HWND window = MakeWindow();
-    const HWND other = MakeWindow();
+    WNDCLASSA noting{};
+    noting.lpfnWndProc = Note;
+    noting.hInstance = GetModuleHandleA(nullptr);
+    noting.lpszClassName = "VppTest";
+    RegisterClassA(&noting);
+    const HWND window = CreateWindowExA(0, "VppTest", "", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr,
+                                        noting.hInstance, nullptr);
+    const HWND other = CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr,
+                                       noting.hInstance, nullptr);
     EXPECT_EQ(KORA_DLL_StopVppStatistics(), VXD_CONFIGURATION_NOT_SET);
     board::SetTime(40 * 200);
     EXPECT_EQ(SetMode(VPP_MODE_LINEAR, 255), VXD_SUCCESS);  // counts as the picture's 25
@@ -105,13 +102,13 @@ TEST_F(VideoPostProcessing, SendsStatisticsBetweenTheirBeginAndTheirEnd) {
     EXPECT_EQ(told, "t");
     // At 5 frames a second five frames lie in between; and it ends with the post-processing.
     EXPECT_EQ(SetMode(VPP_MODE_LINEAR, 5), VXD_SUCCESS);
-    EXPECT_EQ(KORA_DLL_StartVppStatistics(other), VXD_SUCCESS);
+    EXPECT_EQ(KORA_DLL_StartVppStatistics(window), VXD_SUCCESS);
     Pump(50ms);
     EXPECT_EQ(last.vectors[22 * 17], (MotionVector{70, 0}));
     EXPECT_EQ(vdapi_VPP_Terminate(), VXD_SUCCESS);
     Pump(500ms);
     EXPECT_TRUE(told.ends_with('t')) << told;
-    EXPECT_EQ(KORA_DLL_StartVppStatistics(other), VXD_CONFIGURATION_NOT_SET);
+    EXPECT_EQ(KORA_DLL_StartVppStatistics(window), VXD_CONFIGURATION_NOT_SET);
     DestroyWindow(window);
     DestroyWindow(other);
 }
