@@ -1,155 +1,116 @@
 // Assistive tools on the screen for people: they act on the widgets without mouse or keys, and what
 // they change is the program's to decide like a click.
-#include <gtest/gtest.h>
-
 #include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QListWidget>
 #include <functional>
-#include <future>
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "platform/win32.h"
-#include "tests/kit/dialog.h"
-#include "tests/kit/user_interface.h"
-#include "tests/qt/form.h"
-#include "tests/qt/native.h"
+#include "tests/qt/form_test.h"
 
 namespace {
 
 using kit::OnUserInterface;
-
-// The controls that have told of something, one number each time. User-interface thread.
-std::vector<int> theNotices;
-
-INT_PTR CALLBACK FormProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
-    switch (message) {
-        case WM_INITDIALOG:
-            for (const char* row : {"alpha", "beta", "gamma", "delta"}) {
-                const auto text = reinterpret_cast<LPARAM>(row);
-                for (const int combo : {IDC_PLACE, IDC_WORD, IDC_SIMPLE})
-                    SendDlgItemMessageA(dialog, combo, CB_ADDSTRING, 0, text);
-                SendDlgItemMessageA(dialog, IDC_LIST, LB_ADDSTRING, 0, text);
-            }
-            CheckRadioButton(dialog, IDC_RED, IDC_BLUE, IDC_RED);
-            SendDlgItemMessageA(dialog, IDC_NOTE, EM_SETREADONLY, TRUE, 0);
-            return TRUE;
-        case WM_COMMAND:
-            if (HIWORD(wParam) == BN_CLICKED || HIWORD(wParam) == LBN_SELCHANGE)
-                theNotices.push_back(LOWORD(wParam));
-            return TRUE;
-        default:
-            return FALSE;
-    }
-}
 
 // User-interface thread.
 QAccessibleInterface& ToolsView(HWND window) {
     return *QAccessible::queryAccessibleInterface(native::WidgetOf(window));
 }
 
-class ToolsOnForm : public testing::Test {
-  protected:
-    ToolsOnForm()
-        : result_(kit::StartProgram([] {
-              return static_cast<int>(DialogBoxParamA(GetModuleHandleA(nullptr),
-                                                      MAKEINTRESOURCEA(IDD_FORM), nullptr,
-                                                      FormProcedure, 0));
-          })),
-          form_(kit::WaitForDialog("Form")) {
-        native::Do([] {});
-    }
-    ~ToolsOnForm() override {
-        OnUserInterface([this] { EndDialog(form_.Handle(), 0); });
-        result_.wait();
-    }
+void DoToggle(QAccessibleInterface& thing) {
+    thing.actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+}
 
-    // A tool's toggle of a button, and of a row in the list that is the `list`th part of a control.
+class ToolsOnForm : public form::FormTest {
+  protected:
+    // A tool's toggle of a button, and of a row in a list or in the one that a combo box has.
     void Toggle(int id) const {
-        native::Do([window = form_.Control(id)] { DoToggle(ToolsView(window)); });
+        native::Do([window = Control(id)] { DoToggle(ToolsView(window)); });
     }
-    void ToggleRow(int id, int list, int row) const {
-        native::Do([=, window = form_.Control(id)] {
+    void ToggleRow(int id, int row) const {
+        native::Do([row, window = Control(id)] {
             QAccessibleInterface* rows = &ToolsView(window);
-            if (list >= 0)
-                rows = rows->child(list);
+            for (int part = 0; rows->role() != QAccessible::List; ++part)
+                rows = ToolsView(window).child(part);
             DoToggle(*rows->child(row));
         });
         // A list that drops down looks behind what is going on who has selected there.
         native::Do([] {});
     }
-    static void DoToggle(QAccessibleInterface& thing) {
-        thing.actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
-    }
 
-    static std::vector<int> TakeNotices() {
-        return OnUserInterface([] { return std::exchange(theNotices, {}); });
-    }
-
-    // What the widgets show, as one text.
-    std::string Shown() const {
-        return OnUserInterface([this] {
-            const auto at = [this](int id) { return GetDlgItem(form_.Handle(), id); };
-            std::string shown;
-            for (const int id : {IDC_RED, IDC_GREEN, IDC_BLUE, IDC_MANUAL})
-                shown += native::As<QAbstractButton>(at(id))->isChecked() ? '1' : '0';
-            shown += std::to_string(native::As<QCheckBox>(at(IDC_THREE))->checkState());
-            for (const int id : {IDC_PLACE, IDC_WORD})
-                shown += " " + std::to_string(native::As<QComboBox>(at(id))->currentIndex());
-            for (const QAbstractItemView* list :
-                 {native::As<QAbstractItemView>(at(IDC_LIST)),
-                  native::WidgetOf(at(IDC_SIMPLE))->findChild<QAbstractItemView*>()}) {
-                shown += " ";
-                for (const QModelIndex& index : list->selectionModel()->selectedIndexes())
-                    shown += std::to_string(index.row());
+    // The controls that have told of a click or a choice, one number each time.
+    static std::vector<int> TakeChoices() {
+        return OnUserInterface([] {
+            std::vector<int> choices;
+            for (const auto& [control, code] : std::exchange(form::Notices(), {})) {
+                if (code == BN_CLICKED || code == LBN_SELCHANGE)
+                    choices.push_back(control);
             }
-            return shown;
+            return choices;
         });
     }
 
-    std::future<int> result_;
-    kit::Dialog form_;
+    // What the widgets show: the marks of the buttons, and the selected rows.
+    std::string Marks() const {
+        std::string marks;
+        for (const int id : {IDC_RED, IDC_GREEN, IDC_BLUE, IDC_MANUAL})
+            marks += Shown<QAbstractButton>(id, &QAbstractButton::isChecked) ? '1' : '0';
+        return marks + std::to_string(Shown<QCheckBox>(IDC_THREE, &QCheckBox::checkState));
+    }
+    std::string Rows() const {
+        std::string rows;
+        for (const int id : {IDC_PLACE, IDC_WORD})
+            rows += std::to_string(Shown<QComboBox>(id, &QComboBox::currentIndex)) + " ";
+        for (const int id : {IDC_LIST, IDC_SIMPLE}) {
+            rows += Shown<QWidget>(id, [](QWidget& widget) {
+                auto* list = qobject_cast<QAbstractItemView*>(&widget);
+                list = list != nullptr ? list : widget.findChild<QAbstractItemView*>();
+                return std::to_string(list->selectionModel()->selectedRows().value(0).row()) + " ";
+            });
+        }
+        return rows;
+    }
 };
 
 TEST_F(ToolsOnForm, AToggleIsAClickAndAFormShowsWhatTheProgramMakesOfIt) {
-    EXPECT_EQ(Shown(), "10000 -1 -1  ");
-    struct Case {
-        int toggled;
-        const char* shown;
-    };
-    for (const Case& each : {Case{IDC_MANUAL, "10000 -1 -1  "}, Case{IDC_THREE, "10002 -1 -1  "},
-                             Case{IDC_THREE, "10001 -1 -1  "}, Case{IDC_GREEN, "01001 -1 -1  "},
-                             Case{IDC_GREEN, "01001 -1 -1  "}, Case{IDC_RED, "10001 -1 -1  "}}) {
-        Toggle(each.toggled);
-        EXPECT_EQ(Shown(), each.shown) << each.toggled;
-        EXPECT_EQ(TakeNotices(), std::vector<int>{each.toggled});
+    EXPECT_EQ(Marks(), "10000");
+    for (const auto& [toggled, marks] :
+         std::vector<std::pair<int, const char*>>{{IDC_MANUAL, "10000"},
+                                                  {IDC_THREE, "10002"},
+                                                  {IDC_THREE, "10001"},
+                                                  {IDC_GREEN, "01001"},
+                                                  {IDC_GREEN, "01001"},
+                                                  {IDC_RED, "10001"}}) {
+        Toggle(toggled);
+        EXPECT_EQ(Marks(), marks) << toggled;
+        EXPECT_EQ(TakeChoices(), std::vector<int>{toggled});
     }
 }
 
 TEST_F(ToolsOnForm, ARowThatIsSelectedIsChosen) {
-    constexpr int kItself = -1;
-    constexpr int kSimplesList = 1;
-    ToggleRow(IDC_LIST, kItself, 2);
-    ToggleRow(IDC_PLACE, 0, 1);
-    ToggleRow(IDC_WORD, 0, 3);
-    ToggleRow(IDC_SIMPLE, kSimplesList, 0);
-    EXPECT_EQ(Shown(), "10000 1 3 2 0");
-    EXPECT_EQ(TakeNotices(), (std::vector<int>{IDC_LIST, IDC_PLACE, IDC_WORD, IDC_SIMPLE}));
+    EXPECT_EQ(Rows(), "-1 -1 -1 -1 ");
+    // One selected row goes only where another comes.
+    for (const bool again : {false, true}) {
+        ToggleRow(IDC_LIST, 2);
+        ToggleRow(IDC_PLACE, 1);
+        ToggleRow(IDC_WORD, 3);
+        ToggleRow(IDC_SIMPLE, 0);
+        EXPECT_EQ(Rows(), "1 3 2 0 ");
+        EXPECT_EQ(TakeChoices(),
+                  again ? std::vector<int>{}
+                        : std::vector<int>({IDC_LIST, IDC_PLACE, IDC_WORD, IDC_SIMPLE}));
+    }
     EXPECT_EQ(form_.SelectedRow(IDC_LIST), 2);
     EXPECT_EQ(form_.Text(IDC_WORD), "delta");
-    // One selected row goes only where another comes.
-    ToggleRow(IDC_LIST, kItself, 2);
-    ToggleRow(IDC_PLACE, 0, 1);
-    EXPECT_EQ(Shown(), "10000 1 3 2 0");
-    EXPECT_EQ(TakeNotices(), std::vector<int>{});
-    ToggleRow(IDC_LIST, kItself, 0);
+    ToggleRow(IDC_LIST, 0);
     EXPECT_EQ(form_.SelectedRow(IDC_LIST), 0);
 }
 
 TEST_F(ToolsOnForm, AListThatAToolDropsClosesWithTheChoiceAndKeysChooseAsEver) {
-    const HWND place = form_.Control(IDC_PLACE);
+    const HWND place = Control(IDC_PLACE);
     const auto isDropped = [place] {
         return OnUserInterface([place] { return ToolsView(place).state().expanded == 1; });
     };
@@ -161,7 +122,7 @@ TEST_F(ToolsOnForm, AListThatAToolDropsClosesWithTheChoiceAndKeysChooseAsEver) {
     };
     drop();
     EXPECT_TRUE(isDropped());
-    ToggleRow(IDC_PLACE, 0, 2);
+    ToggleRow(IDC_PLACE, 2);
     EXPECT_FALSE(isDropped());
     EXPECT_EQ(form_.SelectedRow(IDC_PLACE), 2);
     drop();
@@ -169,59 +130,51 @@ TEST_F(ToolsOnForm, AListThatAToolDropsClosesWithTheChoiceAndKeysChooseAsEver) {
     EXPECT_TRUE(isDropped()) << "an arrow key was taken for a choice";
     native::Press(Qt::Key_Return);
     EXPECT_EQ(form_.SelectedRow(IDC_PLACE), 3);
-    EXPECT_EQ(TakeNotices(), (std::vector<int>{IDC_PLACE, IDC_PLACE}));
 }
 
 TEST_F(ToolsOnForm, NothingChangesInAFormThatTakesNoInput) {
     OnUserInterface([this] { EnableWindow(form_.Handle(), FALSE); });
-    const std::string before = Shown();
     Toggle(IDC_GREEN);
     Toggle(IDC_THREE);
-    ToggleRow(IDC_LIST, -1, 2);
-    ToggleRow(IDC_PLACE, 0, 2);
-    EXPECT_EQ(Shown(), before);
-    EXPECT_EQ(TakeNotices(), std::vector<int>{});
+    ToggleRow(IDC_LIST, 2);
+    ToggleRow(IDC_PLACE, 2);
+    EXPECT_EQ(Marks() + Rows(), "10000-1 -1 -1 -1 ");
+    EXPECT_EQ(TakeChoices(), std::vector<int>{});
 }
 
 TEST_F(ToolsOnForm, ControlsHaveNamesAndSayWhatTheyAre) {
-    struct Case {
-        int id;
-        const char* name;
-        QAccessible::Role role;
-    };
-    const auto expect = [](QAccessibleInterface& view, const char* name, QAccessible::Role role) {
-        EXPECT_EQ(view.text(QAccessible::Name).toStdString(), name);
-        EXPECT_EQ(view.role(), role) << name;
+    const auto expect = [](HWND window, const char* name, QAccessible::Role role) {
+        EXPECT_EQ(ToolsView(window).text(QAccessible::Name).toStdString(), name);
+        EXPECT_EQ(ToolsView(window).role(), role) << name;
     };
     OnUserInterface([&] {
-        expect(ToolsView(form_.Handle()), "Form", QAccessible::Dialog);
-        for (const Case& each :
-             {Case{IDC_NAME, "Name:", QAccessible::EditableText},
-              Case{IDC_RED, "Red", QAccessible::RadioButton},
-              Case{IDC_THREE, "Three", QAccessible::CheckBox},
-              Case{IDC_NOTE, "Name:", QAccessible::EditableText},
-              Case{IDC_PLACE, "", QAccessible::ComboBox},
-              Case{IDC_SIMPLE, "", QAccessible::ComboBox}, Case{IDC_LIST, "", QAccessible::List},
-              Case{IDC_APPLY, "Apply", QAccessible::Button}})
-            expect(ToolsView(GetDlgItem(form_.Handle(), each.id)), each.name, each.role);
-        EXPECT_TRUE(ToolsView(GetDlgItem(form_.Handle(), IDC_NOTE)).state().readOnly);
-        EXPECT_FALSE(ToolsView(GetDlgItem(form_.Handle(), IDC_NAME)).state().readOnly);
+        const auto at = [this](int id) { return GetDlgItem(form_.Handle(), id); };
+        expect(form_.Handle(), "Form", QAccessible::Dialog);
         EXPECT_FALSE(ToolsView(form_.Handle()).state().modal) << "there is nothing behind it";
+        expect(at(IDC_NAME), "Name:", QAccessible::EditableText);
+        expect(at(IDC_NOTE), "Name:", QAccessible::EditableText);
+        expect(at(IDC_RED), "Red", QAccessible::RadioButton);
+        expect(at(IDC_THREE), "Three", QAccessible::CheckBox);
+        expect(at(IDC_SIMPLE), "", QAccessible::ComboBox);
+        expect(at(IDC_LIST), "", QAccessible::List);
+        expect(at(IDC_APPLY), "Apply", QAccessible::Button);
+        EXPECT_FALSE(ToolsView(at(IDC_NOTE)).state().readOnly);
+        SendMessageA(at(IDC_NOTE), EM_SETREADONLY, TRUE, 0);
+        EXPECT_TRUE(ToolsView(at(IDC_NOTE)).state().readOnly);
         // A label that is called otherwise names its field so.
         SetWindowTextA(GetWindow(form_.Handle(), GW_CHILD), "N&ew name:");
-        expect(ToolsView(GetDlgItem(form_.Handle(), IDC_NAME)),
-               "New name:", QAccessible::EditableText);
+        expect(at(IDC_NAME), "New name:", QAccessible::EditableText);
     });
 }
 
 TEST_F(ToolsOnForm, AFieldIsReadSelectedAndWrittenAndOneThatOnlyShowsItsTextSaysSo) {
-    const HWND name = form_.Control(IDC_NAME);
+    const HWND name = Control(IDC_NAME);
     const auto text = [&] { return ToolsView(name).textInterface(); };
     const auto write = [&](const std::function<void(QAccessibleEditableTextInterface&)>& action) {
         native::Do([&] { action(*ToolsView(name).editableTextInterface()); });
         return form_.Text(IDC_NAME);
     };
-    OnUserInterface([&] { SetWindowTextA(name, "0x98 gr\xC3\xBCn"); });
+    SetText(IDC_NAME, "0x98 gr\xC3\xBCn");
     native::Do([&] { text()->setSelection(0, 2, 7); });
     OnUserInterface([&] {
         EXPECT_EQ(text()->characterCount(), 9);
@@ -238,8 +191,7 @@ TEST_F(ToolsOnForm, AFieldIsReadSelectedAndWrittenAndOneThatOnlyShowsItsTextSays
     EXPECT_EQ(write([](auto& field) { field.replaceText(2, 4, "0A"); }), "0x0A gr\xC3\xBCn");
     EXPECT_EQ(write([](auto& field) { field.deleteText(4, 9); }), "0x0A");
     EXPECT_EQ(write([](auto& field) { field.insertText(4, "F"); }), "0x0AF");
-    OnUserInterface([&] { EXPECT_TRUE(ToolsView(name).state().editable); });
-    OnUserInterface([&] { SendMessageA(name, EM_SETREADONLY, TRUE, 0); });
+    Send(IDC_NAME, EM_SETREADONLY, TRUE);
     native::Do([&] { ToolsView(name).setText(QAccessible::Value, "0x77"); });
     OnUserInterface([&] {
         EXPECT_TRUE(ToolsView(name).state().readOnly);

@@ -13,6 +13,8 @@
 #define IDC_WORD 232
 #define IDC_LIST 233
 #define IDC_SIMPLE 234
+#define IDC_LEVEL_LABEL 235
+#define IDC_LEVEL 236
 #define IDC_APPLY 241
 
 #define IDR_BAR 10

@@ -29,7 +29,18 @@ void ChangeForm(HWND dialog, unsigned number) {
     }
 }
 
-INT_PTR CALLBACK FormProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
+// The codes, with the position where there is one. The program moves the bar by steps alone.
+void Scroll(HWND bar, WORD code, WORD position) {
+    Heard() += std::to_string(code);
+    if (code == SB_THUMBTRACK || code == SB_THUMBPOSITION)
+        Heard() += "=" + std::to_string(position);
+    Heard() += " ";
+    if (code == SB_LINELEFT || code == SB_LINERIGHT)
+        SetScrollPos(bar, SB_CTL, GetScrollPos(bar, SB_CTL) + (code == SB_LINERIGHT ? 1 : -1),
+                     TRUE);
+}
+
+INT_PTR CALLBACK FormProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_INITDIALOG:
             AddRows(dialog, IDC_PLACE, CB_ADDSTRING);
@@ -37,6 +48,18 @@ INT_PTR CALLBACK FormProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM)
             AddRows(dialog, IDC_SIMPLE, CB_ADDSTRING);
             AddRows(dialog, IDC_LIST, LB_ADDSTRING);
             CheckRadioButton(dialog, IDC_RED, IDC_BLUE, IDC_RED);
+            SetScrollRange(GetDlgItem(dialog, IDC_LEVEL), SB_CTL, 0, 31, FALSE);
+            SetScrollPos(GetDlgItem(dialog, IDC_LEVEL), SB_CTL, 16, FALSE);
+            return TRUE;
+        case WM_HSCROLL:
+            Scroll(reinterpret_cast<HWND>(lParam), LOWORD(wParam), HIWORD(wParam));
+            return TRUE;
+        case WM_RBUTTONDBLCLK:
+            Heard() += "double";
+            return TRUE;
+        case WM_MOUSEWHEEL:
+            Heard() += "wheel=" + std::to_string(GET_WHEEL_DELTA_WPARAM(wParam)) + " at " +
+                       std::to_string(LOWORD(lParam)) + "," + std::to_string(HIWORD(lParam));
             return TRUE;
         case WM_COMMAND:
             Notices().emplace_back(LOWORD(wParam), HIWORD(wParam));
@@ -70,6 +93,11 @@ Codes TakeCodes(int id) {
         }
         return codes;
     });
+}
+
+std::string& Heard() {
+    static std::string heard;
+    return heard;
 }
 
 void AddRows(HWND dialog, int id, UINT message) {

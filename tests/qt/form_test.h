@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QImage>
 #include <QWidget>
 #include <functional>
 #include <future>
@@ -24,6 +25,9 @@ using Codes = std::vector<int>;
 std::vector<std::pair<int, int>>& Notices();
 // The notification codes that a control has told; all of all controls so far are forgotten.
 Codes TakeCodes(int id);
+
+// What the dialog hears of its scroll bar, of the wheel and of the mouse. User-interface thread.
+std::string& Heard();
 
 // User-interface thread: four rows for a list or combo box.
 void AddRows(HWND dialog, int id, UINT message);
@@ -78,6 +82,13 @@ class FormTest : public testing::Test {
         return Shown<QWidget>(id, [property](QWidget& widget) {
             return widget.property(property).toString().toStdString();
         });
+    }
+
+    static std::string TakeHeard() {
+        return kit::OnUserInterface([] { return std::exchange(Heard(), {}); });
+    }
+    QImage Look(int id) const {
+        return Shown<QWidget>(id, [](QWidget& widget) { return widget.grab().toImage(); });
     }
 
     std::future<int> result_;
