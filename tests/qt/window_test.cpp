@@ -45,6 +45,8 @@ LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
             theCommands.push_back(static_cast<UINT>(wParam));
             if (wParam == IDM_FORM)
                 RunForm(window);
+            if (wParam == IDM_BARE && WindowTest::AtBare())
+                WindowTest::AtBare()();
             return 0;
         case WM_CONTEXTMENU:
             Offer(window, lParam);
@@ -81,6 +83,11 @@ int RunWindow() {
 WindowTest::WindowTest() : result_(kit::StartProgram(RunWindow)) {
     native::Do([] {});
     window_ = kit::OnUserInterface([] { return theWindow; });
+}
+
+std::function<void()>& WindowTest::AtBare() {
+    static std::function<void()> action;
+    return action;
 }
 
 std::vector<UINT> WindowTest::TakeCommands() {

@@ -14,6 +14,7 @@
 #include <QWidget>
 #include <QWindow>
 #include <cstddef>
+#include <functional>
 #include <future>
 #include <string>
 #include <vector>
@@ -28,6 +29,10 @@ namespace form {
 constexpr QColor kSeenColour(0x20, 0x60, 0xA0);
 
 class WindowTest : public testing::Test {
+  public:
+    // What the program does at the bare entry of its menu bar. User-interface thread.
+    static std::function<void()>& AtBare();
+
   protected:
     WindowTest();
 
