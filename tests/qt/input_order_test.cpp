@@ -20,12 +20,38 @@ using form::kChange;
 using form::TakeCodes;
 using kit::OnUserInterface;
 
+// Of what has been told, the changes and the choices, in their order. User-interface thread.
+std::string Order() {
+    std::string order;
+    for (const auto& [control, code] : form::Notices()) {
+        if (code == EN_CHANGE)
+            order += control == IDC_NAME ? "name " : "note ";
+        else if (control == IDC_LIST && code == LBN_DBLCLK)
+            order += "list ";
+        else if (control == IDC_APPLY && code == BN_CLICKED)
+            order += "apply ";
+        else if (control == IDCANCEL)
+            order += "cancel";
+    }
+    return order;
+}
+
+void TypeLetters(const char* letters) {
+    for (; *letters != '\0'; ++letters)
+        native::TypeLetter(*letters);
+}
+
+// The line that a person types into.
+QLineEdit* LineOf(HWND field) {
+    auto* line = native::As<QLineEdit>(field);
+    return line != nullptr ? line : native::WidgetOf(field)->findChild<QLineEdit*>();
+}
+
 TEST_F(FormTest, KeysTypedAheadGoWhereTheFocusIsByThen) {
     Focus(IDC_MANUAL);
     native::Do([] {
         native::PressKey(Qt::Key_N, Qt::AltModifier);
-        for (const char letter : {'1', '2', '3'})
-            native::TypeLetter(letter);
+        TypeLetters("123");
         native::PressKey(Qt::Key_Tab);
         native::TypeLetter('4');
     });
@@ -39,20 +65,12 @@ TEST_F(FormTest, TypedKeysAndAClickBehindThemArriveInTheirOrder) {
     Focus(IDC_NAME);
     TakeCodes(0);
     native::Do([this] {
-        for (const char letter : {'1', '2', '3'})
-            native::TypeLetter(letter);
+        TypeLetters("123");
         QWidget& apply = *native::WidgetOf(Control(IDC_APPLY));
         native::ClickWidget(apply, apply.rect().center());
         native::TypeLetter('x');
     });
-    std::string order;
-    for (const auto& [control, code] : OnUserInterface([] { return form::Notices(); })) {
-        if (control == IDC_NAME && code == EN_CHANGE)
-            order += "typed ";
-        if (control == IDC_APPLY && code == BN_CLICKED)
-            order += "clicked";
-    }
-    EXPECT_EQ(order, "typed typed typed clicked");
+    EXPECT_EQ(OnUserInterface(Order), "name name name apply ");
     EXPECT_EQ(form_.Text(IDC_NAME), "123");
 }
 
@@ -64,13 +82,7 @@ TEST_F(FormTest, WhatIsDroppedMadeByAnInputMethodOrUndoneCountsInItsTurn) {
         native::Drop(*native::WidgetOf(Control(IDC_NOTE)), "dropped");
         native::TypeLetter('2');
     });
-    std::string order;
-    for (const auto& [control, code] : OnUserInterface([] { return form::Notices(); })) {
-        if (code == EN_CHANGE) {
-            order += control == IDC_NAME ? "name " : "note ";
-        }
-    }
-    EXPECT_EQ(order, "name note name ");
+    EXPECT_EQ(OnUserInterface(Order), "name note name ");
     EXPECT_EQ(form_.Text(IDC_NAME), "12");
     EXPECT_EQ(form_.Text(IDC_NOTE), "dropped");
     native::Do([] {
@@ -91,26 +103,14 @@ TEST_F(FormTest, DoubleClicksAndCloseBoxesBehindTypedKeysWaitForThem) {
     Focus(IDC_NAME);
     TakeCodes(0);
     native::DoLast([this] {
-        for (const char letter : {'1', '2'}) {
-            native::TypeLetter(letter);
-        }
+        TypeLetters("12");
         QWidget& list = *native::WidgetOf(Control(IDC_LIST));
         QTest::mouseDClick(list.window()->windowHandle(), Qt::LeftButton, Qt::NoModifier,
                            list.mapTo(list.window(), QPoint(10, 10)));
         native::WidgetOf(form_.Handle())->close();
     });
     EXPECT_EQ(result_.get(), IDCANCEL);
-    std::string order;
-    for (const auto& [control, code] : form::Notices()) {
-        if (control == IDC_NAME && code == EN_CHANGE) {
-            order += "typed ";
-        } else if (control == IDC_LIST && code == LBN_DBLCLK) {
-            order += "clicked ";
-        } else if (control == IDCANCEL) {
-            order += "closed";
-        }
-    }
-    EXPECT_EQ(order, "typed typed clicked closed");
+    EXPECT_EQ(Order(), "name name list cancel");
 }
 
 // A dialog may come between what a person sees happen and its turn.
@@ -124,18 +124,15 @@ TEST_F(FormTest, WhatCountsForNothingIsTakenBackOnTheScreen) {
         OnUserInterface([form] { EnableWindow(form, TRUE); });
     };
     for (const int id : {IDC_NAME, IDC_NOTE, IDC_WORD, IDC_SIMPLE}) {
+        const HWND field = Control(id);
         SetText(id, "kept");
         Focus(id);
         overtake([] { native::TypeLetter('x'); });
         EXPECT_EQ(form_.Text(id), "kept");
-        const std::string shown = Shown<QWidget>(id, [](QWidget& widget) {
-            const auto* line = dynamic_cast<QLineEdit*>(&widget) != nullptr
-                                   ? dynamic_cast<QLineEdit*>(&widget)
-                                   : widget.findChild<QLineEdit*>();
-            return (line != nullptr ? line->text() : widget.property("plainText").toString())
-                .toStdString();
-        });
-        EXPECT_EQ(shown, "kept") << id;
+        EXPECT_EQ(id == IDC_NOTE ? ShownText(id, "plainText") : OnUserInterface([=] {
+                      return LineOf(field)->text().toStdString();
+                  }),
+                  "kept");
     }
     Send(IDC_LIST, LB_SETCURSEL, 0);
     overtake([this] { native::ClickWidget(*native::WidgetOf(Control(IDC_LIST)), QPoint(10, 25)); });
@@ -155,47 +152,48 @@ TEST_F(FormTest, WhatCountsForNothingIsTakenBackOnTheScreen) {
 // Whatever a person and the program do at the same time, they see the same afterwards.
 class BothOnForm : public FormTest, public testing::WithParamInterface<unsigned> {
   protected:
-    // What a person sees of the form, and what the program knows of it, as one text each.
+    // What a person sees of the form, and what the program knows of it, as one text each. Of a
+    // selection only that one can be seen where the keyboard is.
     std::string Seen() const {
         return OnUserInterface([this] {
-            const auto& name = *native::As<QLineEdit>(Control(IDC_NAME));
-            const auto& word = *native::As<QComboBox>(Control(IDC_WORD))->lineEdit();
-            const auto& list = *native::As<QListWidget>(Control(IDC_LIST));
-            const int row = list.selectedItems().isEmpty() ? -1 : list.currentRow();
-            return Line(name) + Line(word) + std::to_string(list.count()) + " rows, " +
-                   std::to_string(row);
+            std::string seen;
+            for (const int id : {IDC_NAME, IDC_WORD}) {
+                const QLineEdit& line = *LineOf(GetDlgItem(form_.Handle(), id));
+                seen += line.text().toStdString() + " ";
+                if (line.hasFocus()) {
+                    const int start =
+                        line.hasSelectedText() ? line.selectionStart() : line.cursorPosition();
+                    seen += Range(start, start + line.selectionLength());
+                }
+            }
+            const auto& list = *native::As<QListWidget>(GetDlgItem(form_.Handle(), IDC_LIST));
+            return seen +
+                   Range(list.count(), list.selectedItems().isEmpty() ? -1 : list.currentRow());
         });
     }
     std::string Known() const {
         return OnUserInterface([this] {
-            const auto field = [this](int id, UINT selection) {
+            std::string known;
+            for (const int id : {IDC_NAME, IDC_WORD}) {
+                const HWND field = GetDlgItem(form_.Handle(), id);
                 char text[64];
-                GetDlgItemTextA(form_.Handle(), id, text, sizeof text);
-                const auto selected =
-                    static_cast<DWORD>(SendMessageA(Control(id), selection, 0, 0));
-                return text + Selection(Control(id), LOWORD(selected), HIWORD(selected));
-            };
-            const auto ask = [this](UINT message) {
-                return std::to_string(SendMessageA(Control(IDC_LIST), message, 0, 0));
-            };
-            return field(IDC_NAME, EM_GETSEL) + field(IDC_WORD, CB_GETEDITSEL) + ask(LB_GETCOUNT) +
-                   " rows, " + ask(LB_GETCURSEL);
+                GetWindowTextA(field, text, sizeof text);
+                known += std::string(text) + " ";
+                if (GetFocus() == field) {
+                    const auto range = static_cast<DWORD>(
+                        SendMessageA(field, id == IDC_NAME ? EM_GETSEL : CB_GETEDITSEL, 0, 0));
+                    known += Range(LOWORD(range), HIWORD(range));
+                }
+            }
+            const HWND list = GetDlgItem(form_.Handle(), IDC_LIST);
+            return known + Range(static_cast<int>(SendMessageA(list, LB_GETCOUNT, 0, 0)),
+                                 static_cast<int>(SendMessageA(list, LB_GETCURSEL, 0, 0)));
         });
     }
 
   private:
-    // Only where the keyboard is can it be seen.
-    static std::string Selection(HWND field, int start, int end) {
-        return GetFocus() != field ? std::string("; ")
-                                   : " " + std::to_string(start) + "-" + std::to_string(end) + "; ";
-    }
-    std::string Line(const QLineEdit& line) const {
-        const bool selected = line.hasSelectedText();
-        const int start = selected ? line.selectionStart() : line.cursorPosition();
-        const int end = selected ? line.selectionEnd() : start;
-        const HWND field = &line == native::As<QLineEdit>(Control(IDC_NAME)) ? Control(IDC_NAME)
-                                                                             : Control(IDC_WORD);
-        return line.text().toStdString() + Selection(field, start, end);
+    static std::string Range(int first, int second) {
+        return std::to_string(first) + ":" + std::to_string(second) + " ";
     }
 };
 
