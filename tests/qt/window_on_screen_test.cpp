@@ -1,9 +1,6 @@
 // A window on the desktop: its painting, its place, and what reaches it beside a dialog.
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QImage>
-#include <QTemporaryDir>
 #include <QWindow>
 #include <chrono>
 #include <clocale>
@@ -11,7 +8,6 @@
 #include <thread>
 #include <vector>
 
-#include "platform/qt/snapshot.h"
 #include "tests/kit/dialog.h"
 #include "tests/qt/window_test.h"
 
@@ -118,26 +114,6 @@ TEST_F(WindowTest, AnOwnerOfADialogTakesNoInputAndLooksAsBefore) {
 TEST_F(WindowTest, NumbersAreWrittenInTheProgramsWayWhateverTheDesktopsLanguage) {
     EXPECT_STREQ(std::setlocale(LC_CTYPE, nullptr), "C.UTF-8");
     EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
-}
-
-TEST_F(WindowTest, APictureOfTheDesktopShowsTheWindowAndItsOpenMenu) {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("desktop.png"));
-    native::Press(Qt::Key_F, Qt::AltModifier);
-    QImage picture;
-    QRect menu;
-    native::Do([&] {
-        ASSERT_TRUE(vxd::qt::SaveDesktopPicture(path.toStdString()));
-        picture.load(path);
-        menu = QApplication::activePopupWidget()->geometry();
-    });
-    // The window lies in the middle, as far from the lower edge as from the sides.
-    const int margin = (picture.width() - WindowRect().width()) / 2;
-    const QPoint corner = picture.rect().bottomRight() - QPoint(margin, margin);
-    EXPECT_EQ(picture.pixelColor(corner), kSeenColour);
-    EXPECT_NE(picture.pixelColor(corner + menu.center() - WindowRect().bottomRight()), kSeenColour);
-    native::Press(Qt::Key_Escape);
-    native::Press(Qt::Key_Escape);
 }
 
 }  // namespace
