@@ -55,13 +55,6 @@ TEST_F(Buttons, AClickChecksARadioButtonAndClearsItsGroupAlone) {
     EXPECT_EQ(Checked(), (std::vector<int>{IDC_RIGHT, IDC_LOWER}));
 }
 
-TEST_F(Buttons, AClickClearsThoseOfItsGroupTooThatDoNotTurnThemselves) {
-    Send(IDC_MIDDLE, BM_SETSTYLE, BS_RADIOBUTTON);
-    Send(IDC_MIDDLE, BM_SETCHECK, BST_CHECKED);
-    Click(IDC_LEFT);
-    EXPECT_EQ(Checked(), std::vector<int>{IDC_LEFT});
-}
-
 TEST_F(Buttons, CheckRadioButtonClearsTheNumbersOfItsRange) {
     Send(IDC_UPPER, BM_SETCHECK, BST_CHECKED);
     Send(IDC_LEFT, BM_SETCHECK, BST_CHECKED);
@@ -71,39 +64,9 @@ TEST_F(Buttons, CheckRadioButtonClearsTheNumbersOfItsRange) {
 
 TEST_F(Buttons, TabEntersAGroupAtTheButtonThatIsChecked) {
     dialog_->CheckRadio(IDC_LEFT, IDC_RIGHT, IDC_RIGHT);
-    for (int tabs = 0; tabs < 2; ++tabs)
-        dialog_->Key(VK_TAB);
+    dialog_->Focus(IDC_PUSH);
+    dialog_->Key(VK_TAB);
     EXPECT_EQ(dialog_->FocusedId(), IDC_RIGHT);
-}
-
-TEST(PlainRadioButtons, KeepTheirStopAndTheirMarkWhenTheyAreClicked) {
-    kit::RecordedDialog dialog(IDD_LETTERS, "Letters");
-    dialog->Press(IDC_PLAIN_RADIO);
-    EXPECT_EQ(dialog->FocusedId(), IDC_PLAIN_RADIO);
-    OnUserInterface([&] {
-        EXPECT_NE(GetWindowLongPtrA(dialog->Control(IDC_PLAIN_RADIO), GWL_STYLE) & WS_TABSTOP, 0);
-    });
-    EXPECT_FALSE(dialog->IsChecked(IDC_PLAIN_RADIO));
-}
-
-TEST_F(Buttons, AClickTurnsThoseOnThatTurnThemselves) {
-    EXPECT_EQ(Click(IDC_MANUAL), Code(IDC_MANUAL, BN_CLICKED));
-    EXPECT_FALSE(dialog_->IsChecked(IDC_MANUAL)) << "the program checks it";
-    for (const LRESULT state : {BST_CHECKED, BST_INDETERMINATE, BST_UNCHECKED}) {
-        Click(IDC_THREE);
-        EXPECT_EQ(Send(IDC_THREE, BM_GETCHECK), state);
-    }
-}
-
-TEST_F(Buttons, WhatHasNoMarkKeepsNone) {
-    for (const int id : {IDC_PUSH, IDC_FRAME}) {
-        Send(id, BM_SETCHECK, BST_CHECKED);
-        EXPECT_EQ(Send(id, BM_GETCHECK), BST_UNCHECKED) << id;
-    }
-    Send(IDC_MANUAL, BM_SETCHECK, BST_INDETERMINATE);
-    EXPECT_EQ(Send(IDC_MANUAL, BM_GETCHECK), BST_CHECKED) << "it has two states";
-    EXPECT_EQ(OnUserInterface([&] { return IsDlgButtonChecked(dialog_->Handle(), IDC_MANUAL); }),
-              UINT{BST_CHECKED});
 }
 
 TEST_F(Buttons, AClickMovesTheFocusWhetherAPersonsOrTheProgramsOwn) {

@@ -120,7 +120,6 @@ TEST_F(Popup, KeysChooseACommandAndEscapeChoosesNone) {
     int answer = 0;
     for (const Case& each :
          {Case{TPM_RETURNCMD, {VK_DOWN, VK_RETURN}, 41, {}},
-          Case{TPM_RETURNCMD, {VK_UP, VK_RETURN}, 43, {}},
           Case{TPM_RETURNCMD, {VK_UP, VK_UP, VK_RETURN}, 42, {}},
           Case{TPM_RETURNCMD, {'K'}, 42, {}},
           Case{TPM_RETURNCMD,
@@ -128,7 +127,6 @@ TEST_F(Popup, KeysChooseACommandAndEscapeChoosesNone) {
                kit::ExceptOn(WindowSystem::kWine, 44,
                              "chooses the first entry of several that share a letter", 45),
                {}},
-          Case{TPM_RETURNCMD, {'E', 'E', 'E', VK_RETURN}, 44, {}},
           Case{TPM_RETURNCMD, {VK_DOWN, VK_ESCAPE}, 0, {}},
           Case{0, {VK_DOWN, VK_DOWN, VK_RETURN}, TRUE, {44}},
           Case{0, {VK_DOWN, VK_ESCAPE}, TRUE, {}}}) {

@@ -2,11 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 #include "tests/kit/user_interface.h"
 #include "tests/platform/dialogs.h"
-#include "tests/platform/difference.h"
 #include "tests/platform/plain_window.h"
 #include "tests/platform/recorder.h"
 
@@ -60,38 +58,9 @@ TEST(DialogStart, ARadioButtonThatInitialisationChecksTakesTheFocus) {
     EXPECT_EQ(dialog->FocusedId(), IDC_KIND_B);
 }
 
-TEST(DialogStart, WithoutAnyStopTheFirstControlTakesTheFocusAndKeepsIt) {
-    RecordedDialog dialog(IDD_NO_STOPS, "No stops");
-    EXPECT_EQ(dialog.TakeNotifications(), "init:201 " + Code(IDC_LINE, EN_SETFOCUS));
-    dialog->Key(VK_TAB);
-    EXPECT_EQ(dialog->FocusedId(), IDC_LINE);
-    OnUserInterface([&] {
-        const HWND line = dialog->Control(IDC_LINE);
-        for (const BOOL previous : {FALSE, TRUE}) {
-            EXPECT_EQ(GetNextDlgTabItem(dialog->Handle(), line, previous), line);
-        }
-    });
-}
-
 int RunDialog(int templateId, DLGPROC procedure, LPARAM parameter = 0) {
     return static_cast<int>(DialogBoxParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(templateId),
                                             nullptr, procedure, parameter));
-}
-
-// A timer that is always due: whether the dialog is shown when it comes.
-INT_PTR CALLBACK HurriedProcedure(HWND dialog, UINT message, WPARAM, LPARAM) {
-    if (message == WM_INITDIALOG) {
-        SetTimer(dialog, 1, 10, nullptr);
-        Sleep(50);
-    }
-    if (message == WM_TIMER)
-        EndDialog(dialog, IsWindowVisible(dialog) ? 1 : 2);
-    return message == WM_INITDIALOG;
-}
-
-PROGRAM_TEST(DialogStart, ItIsShownBeforeTheFirstTimerMessage) {
-    EXPECT_EQ(RunDialog(IDD_BARE, HurriedProcedure),
-              kit::ExceptOn(WindowSystem::kWine, 2, "shows it behind that message", 1));
 }
 
 // Ends at once; sets the bool that its parameter points to when it is shown all the same.
@@ -111,16 +80,6 @@ TEST(DialogStart, EndedInInitialisationItIsNeverShown) {
         EXPECT_EQ(RunDialog(IDD_BARE, EndingProcedure, reinterpret_cast<LPARAM>(&shown)), 42);
     });
     EXPECT_FALSE(shown);
-}
-
-TEST(DialogStart, AMissingTemplateGivesMinusOne) {
-    kit::RunAsProgram([] { EXPECT_EQ(RunDialog(999, EndingProcedure), -1); });
-}
-
-TEST(DialogStart, AControlNumberedMinusOneIsFoundLikeAnyOther) {
-    RecordedDialog dialog(IDD_KEYS, "Keys");
-    EXPECT_EQ(dialog->Text(-1), "&Name:") << "the first of them";
-    EXPECT_EQ(dialog->Control(4711), nullptr);
 }
 
 TEST(DialogEnd, TheFocusedControlLosesTheFocusAtOnceAndTheDialogGoesAfterwards) {
@@ -156,38 +115,6 @@ TEST(DialogEnd, TheCloseBoxSendsCancelAndTheProgramDecides) {
     dialog.EndOn(IDCANCEL, 5);
     PostMessageA(dialog->Handle(), WM_CLOSE, 0, 0);
     EXPECT_EQ(dialog.Result(), 5);
-}
-
-// Whether the outer dialog is enabled while the inner one starts, and behind its end.
-std::vector<bool>& Enabled() {
-    static std::vector<bool> enabled;
-    return enabled;
-}
-
-INT_PTR CALLBACK InnerProcedure(HWND dialog, UINT message, WPARAM, LPARAM) {
-    if (message != WM_INITDIALOG)
-        return FALSE;
-    const HWND outer = GetParent(dialog);
-    Enabled().push_back(IsWindowEnabled(outer) != 0);
-    EXPECT_EQ(GetFocus(), GetDlgItem(outer, IDC_LINE)) << "it goes behind the initialisation";
-    EndDialog(dialog, 1);
-    return TRUE;
-}
-
-INT_PTR CALLBACK OuterProcedure(HWND dialog, UINT message, WPARAM, LPARAM) {
-    if (message != WM_INITDIALOG)
-        return FALSE;
-    SetFocus(GetDlgItem(dialog, IDC_LINE));
-    DialogBoxParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_BARE),
-                    GetDlgItem(dialog, IDC_LINE), InnerProcedure, 0);
-    Enabled().push_back(IsWindowEnabled(dialog) != 0);
-    EndDialog(dialog, 0);
-    return TRUE;
-}
-
-TEST(Owners, AChildGivenAsOwnerStandsForItsDialogWhichIsDisabledMeanwhile) {
-    kit::RunAsProgram([] { RunDialog(IDD_KEYS, OuterProcedure); });
-    EXPECT_EQ(Enabled(), (std::vector<bool>{false, true}));
 }
 
 // What an owner and its dialog are told, in order.

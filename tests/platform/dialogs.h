@@ -17,16 +17,12 @@
 #define IDC_LIST 301
 #define IDC_DROP_LIST 302
 #define IDC_COMBO 303
-#define IDC_SIMPLE 304
-#define IDC_SORTED 305
 #define IDC_CAPITALS 306
 
 #define IDD_BARE 102
 
 #define IDD_BUTTONS 103
 #define IDC_FRAME 401
-#define IDC_MANUAL 402
-#define IDC_THREE 403
 #define IDC_LEFT 411
 #define IDC_MIDDLE 412
 #define IDC_RIGHT 413
@@ -48,11 +44,7 @@
 #define IDC_KIND_A 607
 #define IDC_KIND_B 608
 #define IDC_UNSTOPPED 609
-#define IDC_ALONE 610
-#define IDC_PLAIN_RADIO 611
 #define IDC_SEND 612
-
-#define IDD_NO_STOPS 106
 
 #define IDD_CHOICE 107
 

@@ -88,12 +88,6 @@ TEST_F(MessageBoxes, KeysLeadToTheOtherButtonAndLettersPressOne) {
     EXPECT_EQ(Answer(), IDNO);
 }
 
-TEST_F(MessageBoxes, WithoutATitleSayError) {
-    kit::BeginStep([this] { answer_ = MessageBoxA(owner_->Handle(), "Text", nullptr, 0); });
-    kit::WaitForDialog("Error").Key(VK_RETURN);
-    EXPECT_EQ(Answer(), IDOK);
-}
-
 TEST_F(MessageBoxes, WithoutAnOwnerLeaveOtherWindowsAloneUnlessTheyAreToShutThemOut) {
     const HWND other = owner_->Handle();
     for (const auto& [style, enabled] : {std::pair{UINT{MB_OK}, true}, {MB_TASKMODAL, false}}) {
@@ -104,21 +98,6 @@ TEST_F(MessageBoxes, WithoutAnOwnerLeaveOtherWindowsAloneUnlessTheyAreToShutThem
         EXPECT_TRUE(IsWindowEnabled(other));
         EXPECT_EQ(kit::FrontDialog().Handle(), other);
     }
-}
-
-TEST_F(MessageBoxes, AreAsWideAsTheirTitleNeeds) {
-    const auto widthWith = [this](const char* title) {
-        kit::BeginStep([=, this] { MessageBoxA(owner_->Handle(), "Text", title, MB_OK); });
-        const kit::Dialog box = kit::WaitForDialog(title);
-        RECT rect{};
-        GetWindowRect(box.Handle(), &rect);
-        box.Key(VK_RETURN);
-        return rect.right - rect.left;
-    };
-    const auto longer =
-        widthWith("A title that is longer than the text and the buttons of its box");
-    EXPECT_EQ(longer > widthWith("Short") + 100,
-              kit::ExceptOn(WindowSystem::kWine, false, "cuts the title to the box", true));
 }
 
 }  // namespace

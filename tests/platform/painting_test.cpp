@@ -120,39 +120,4 @@ PROGRAM_TEST(Painting, OnAControlLastsUntilTheControlIsPaintedAnew) {
     EXPECT_NE(ColourAt(label, 50, 15), kDrawn);
 }
 
-PROGRAM_TEST(Painting, AWindowOfItsOwnContextKeepsOneForItsLife) {
-    WNDCLASSA windowClass{};
-    windowClass.style = CS_OWNDC;
-    windowClass.lpfnWndProc = DefWindowProcA;
-    windowClass.hInstance = GetModuleHandleA(nullptr);
-    windowClass.hbrBackground = CreateSolidBrush(kit::kPlainBackground);
-    windowClass.lpszClassName = "Owning";
-    ASSERT_NE(RegisterClassA(&windowClass), 0);
-    const HWND window = CreateWindowExA(0, "Owning", "", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10,
-                                        200, 100, nullptr, nullptr, windowClass.hInstance, nullptr);
-    UpdateWindow(window);
-    const HDC own = GetDC(window);
-    FillWith(window, own, RGB(10, 200, 30));
-    EXPECT_EQ(GetDC(window), own);
-    ReleaseDC(window, own);
-    EXPECT_EQ(GetPixel(own, 5, 5), RGB(10, 200, 30)) << "releasing it does nothing";
-    const RECT part{0, 0, 20, 20};
-    InvalidateRect(window, &part, TRUE);
-    PAINTSTRUCT paint;
-    EXPECT_EQ(BeginPaint(window, &paint), own);
-    EndPaint(window, &paint);
-    EXPECT_EQ(GetPixel(own, 5, 5), kit::kPlainBackground);
-    EXPECT_EQ(GetPixel(own, 50, 50), RGB(10, 200, 30));
-    FillWith(window, own, RGB(70, 80, 90));
-    EXPECT_EQ(GetPixel(own, 50, 50), RGB(70, 80, 90)) << "it reaches all of the window again";
-}
-
-PROGRAM_TEST(Painting, OutsideTheClientAreaThereIsNoColour) {
-    const HWND window = MakePlainWindow();
-    ShowWindow(window, SW_SHOW);
-    UpdateWindow(window);
-    EXPECT_EQ(ColourAt(window, -1, 5), 0xFFFFFFFFu);
-    EXPECT_EQ(ColourAt(window, 5, 2000), 0xFFFFFFFFu);
-}
-
 }  // namespace

@@ -59,8 +59,6 @@ TEST(DialogTemplate, AClassicOneMakesItsControlsInOrder) {
               "ListBox 301 '' stop\n"
               "ComboBox 302 '' stop\n"
               "ComboBox 303 '' stop\n"
-              "ComboBox 304 '' stop\n"
-              "ListBox 305 '' stop\n"
               "Edit 306 '' stop\n");
 }
 
