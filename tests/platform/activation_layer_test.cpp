@@ -35,17 +35,8 @@ class SlowDesktop : public vxd::HeadlessScreen {
     std::deque<vxd::WidgetId> waiting_;
 };
 
-// Passes the focus on to its heir, if it has one, when it is active no more.
-LRESULT CALLBACK PassingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    const LONG_PTR heir = GetWindowLongPtrA(window, GWLP_USERDATA);
-    if (message == WM_ACTIVATE && LOWORD(wParam) == WA_INACTIVE && heir != 0) {
-        SetFocus(reinterpret_cast<HWND>(heir));
-    }
-    return DefWindowProcA(window, message, wParam, lParam);
-}
-
 HWND MakeWindow(HWND owner) {
-    kit::RegisterWindowClass("Plain", PassingProcedure);
+    kit::RegisterWindowClass("Plain", DefWindowProcA);
     return CreateWindowExA(0, "Plain", "", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200, 100, owner,
                            nullptr, nullptr, nullptr);
 }
@@ -77,21 +68,6 @@ TEST(Activation, WindowsThatAskInTurnsComeToRest) {
         EXPECT_EQ(desktop.requests, 3);
         EXPECT_EQ(GetActiveWindow(), windows.back());
         EXPECT_EQ(desktop.active, vxd::HandleNumber(windows.back()));
-    });
-}
-
-TEST(Activation, ThatAWindowPassesOnWhenItLosesItStaysThere) {
-    static SlowDesktop desktop;
-    RunOn(desktop, [] {
-        const HWND heir = MakeWindow(nullptr);
-        const HWND left = MakeWindow(nullptr);
-        SetFocus(left);
-        SetWindowLongPtrA(left, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(heir));
-        Settle();
-        vxd::input::Activated(vxd::HandleNumber(left), false);
-        Settle();
-        EXPECT_EQ(GetActiveWindow(), heir);
-        EXPECT_EQ(GetFocus(), heir);
     });
 }
 

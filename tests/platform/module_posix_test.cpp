@@ -16,17 +16,6 @@ TEST(ModulePosixTest, TheLowerCaseSpellingIsTriedLast) {
     EXPECT_TRUE(FreeLibrary(layer));
 }
 
-TEST(ModulePosixTest, AHandleThatWasFreedIsRefused) {
-    const HMODULE first = LoadLibraryA("VXDPLATFORM.DLL");
-    ASSERT_NE(first, nullptr);
-    ASSERT_TRUE(FreeLibrary(first));
-    const HMODULE second = LoadLibraryA("VXDPLATFORM.DLL");
-    EXPECT_NE(second, first);
-    EXPECT_FALSE(FreeLibrary(first));
-    EXPECT_EQ(GetProcAddress(first, "LoadLibraryA"), nullptr);
-    EXPECT_TRUE(FreeLibrary(second));
-}
-
 TEST(ModulePosixTest, ANameWithAFolderIsLookedForThereAlone) {
     const TemporaryFolder folder;
     EXPECT_EQ(LoadLibraryA((folder / "VXDPLATFORM.DLL").c_str()), nullptr);

@@ -43,14 +43,5 @@ TEST(ProfileTextTest, TheFirstOfEqualsIsDeletedWithAllThatItHolds) {
     EXPECT_EQ(DeleteProfileSection("[t]\na=1\n[s]\nb=2", "s"), "[t]\na=1\n");
 }
 
-TEST(ProfileTextTest, BytesThatAreNoUtf8BecomeReplacementsInUtf16) {
-    EXPECT_EQ(TextOfUtf16Profile(Utf16ProfileOf("a\xFF\xC3\xE2\x82z\xC0\x80")),
-              "a\uFFFD\uFFFD\uFFFD\uFFFDz\uFFFD\uFFFD");
-    EXPECT_EQ(TextOfUtf16Profile(std::string_view("\xFF\xFE"
-                                                  "a\0b",
-                                                  5)),
-              "a");
-}
-
 }  // namespace
 }  // namespace vxd
