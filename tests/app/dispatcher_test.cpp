@@ -6,9 +6,6 @@
 
 #include "app/dispatcher.h"
 #include "board/control.h"
-#include "codec/raw_command.h"
-#include "debug/about.h"
-#include "regs/vpic_browsers.h"
 #include "res/resource.h"
 #include "tests/kit/user_interface.h"
 #include "tests/kit/utility.h"
@@ -72,33 +69,6 @@ TEST(Dispatcher, ExitClosesTheUtility) {
     kit::Utility utility;
     utility.Choose(IDM_FILE_EXIT);
     EXPECT_EQ(utility.WaitForEnd(), 0);
-}
-
-TEST(Dialogs, TellHowTheyWereClosedWhereItMatters) {
-    struct Case {
-        INT_PTR (*open)(HINSTANCE instance, HWND owner);
-        const char* caption;
-        INT_PTR afterButton;
-        INT_PTR afterEscape;
-    };
-    const kit::Utility utility;
-    for (const Case& each :
-         {Case{OpenAbout, "About  VxD Test  Utility", 1, 2}, Case{OpenVpicPorts, "VPIC Port", 1, 0},
-          Case{OpenRawCommand, "Send Raw Command", 0, 0}}) {
-        INT_PTR answer = -1;
-        const auto open = [&] {
-            kit::BeginStep(
-                [&] { answer = each.open(GetModuleHandleA(nullptr), utility.Window()); });
-            return kit::WaitForDialog(each.caption);
-        };
-        const auto answered = [&] { return kit::OnUserInterface([&] { return answer; }); };
-        open().Press(IDOK);
-        EXPECT_EQ(answered(), each.afterButton) << each.caption;
-        answer = -1;
-        open().Key(VK_ESCAPE);
-        EXPECT_EQ(answered(), each.afterEscape) << each.caption;
-        kit::ExpectNoBox();
-    }
 }
 
 TEST(Dialogs, SomeAreLeftByTheirButtonsAlone) {
