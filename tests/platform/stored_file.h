@@ -49,30 +49,22 @@ ResultCode Complete(Transfer transfer) {
 inline constexpr std::uint32_t kEepromConstant = 30;
 
 inline constexpr StoredFile kProfile = {
-    .name = "kora_tst.ini",
-    .store =
-        [](std::uint8_t byte) {
-            return WritePrivateProfileStringA("s", "k", std::to_string(byte).c_str(),
-                                              "kora_tst.ini") != 0;
-        },
-    .load =
-        [] {
-            return static_cast<std::uint8_t>(GetPrivateProfileIntA("s", "k", 0, "kora_tst.ini"));
-        },
-};
+    "kora_tst.ini",
+    [](std::uint8_t byte) {
+        const std::string text = std::to_string(byte);
+        return WritePrivateProfileStringA("s", "k", text.c_str(), "kora_tst.ini") != 0;
+    },
+    [] { return static_cast<std::uint8_t>(GetPrivateProfileIntA("s", "k", 0, "kora_tst.ini")); }};
 
 inline constexpr StoredFile kEeprom = {
-    .name = "board.eeprom",
-    .store =
-        [](std::uint8_t byte) {
-            const std::uint8_t stored = static_cast<std::uint8_t>(~byte);
-            return Complete([&] { return vdapi_EPROM_Write(7, &stored, 1, kEepromConstant); }) ==
-                   VXD_SUCCESS;
-        },
-    .load =
-        [] {
-            std::uint8_t byte = 0;
-            Complete([&] { return vdapi_EPROM_Read(7, &byte, 1, kEepromConstant); });
-            return static_cast<std::uint8_t>(~byte);
-        },
-};
+    "board.eeprom",
+    [](std::uint8_t byte) {
+        const std::uint8_t stored = static_cast<std::uint8_t>(~byte);
+        return Complete([&] { return vdapi_EPROM_Write(7, &stored, 1, kEepromConstant); }) ==
+               VXD_SUCCESS;
+    },
+    [] {
+        std::uint8_t byte = 0;
+        Complete([&] { return vdapi_EPROM_Read(7, &byte, 1, kEepromConstant); });
+        return static_cast<std::uint8_t>(~byte);
+    }};
