@@ -21,8 +21,6 @@ void ClickArrow(HWND scrollBar, bool atEnd);
 // Takes the thumb of a horizontal scroll bar to the bar's end, the last position of its range, and
 // lets it go there.
 void DragThumbToEnd(HWND scrollBar, int end);
-// Presses the thumb of a horizontal scroll bar and lets it go where it stands, at `position`.
-void PressThumb(HWND scrollBar, int position);
 // Turns the wheel by whole notches, away from the person, with the pointer on a control that has
 // the focus.
 void TurnWheel(HWND control, int notches);

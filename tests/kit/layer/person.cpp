@@ -87,14 +87,6 @@ void DragThumbToEnd(HWND scrollBar, int end) {
     });
 }
 
-void PressThumb(HWND scrollBar, int position) {
-    Report([=] {
-        const WidgetId bar = Press(scrollBar);
-        vxd::input::Scrolled(bar, SB_THUMBPOSITION, position);
-        vxd::input::Scrolled(bar, SB_ENDSCROLL, 0);
-    });
-}
-
 namespace {
 
 // The middle of a control in its dialog.

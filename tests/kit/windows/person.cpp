@@ -148,10 +148,6 @@ void DragThumbToEnd(HWND scrollBar, int /*end*/) {
     UseMouse({MouseAt(scrollBar, end, MOUSEEVENTF_LEFTUP)});
 }
 
-void PressThumb(HWND scrollBar, int /*position*/) {
-    Click(scrollBar, {MiddleOfThumb(scrollBar), SizeOf(scrollBar).cy / 2});
-}
-
 void TurnWheel(HWND control, int notches) {
     const SIZE size = SizeOf(control);
     INPUT turn = MouseAt(control, {size.cx / 2, size.cy / 2}, MOUSEEVENTF_WHEEL);
