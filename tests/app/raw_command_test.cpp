@@ -34,16 +34,6 @@ Texts Sent(const std::string& values) {
     return {"vdapi_SendCommand(" + values + ", address, address, address)"};
 }
 
-TEST_F(RawCommand, OpensOnThePromptWithTheAudioListGrey) {
-    EXPECT_EQ(Shown({IDC_RAW_COMMAND, IDC_RAW_COMMAND_LIST}),
-              (Texts{"0", "Enter your command number or select it from this combo box"}));
-    EXPECT_EQ(dialog_.SelectedRow(IDC_RAW_COMMAND_LIST), 0);
-    EXPECT_EQ(dialog_.SelectedRow(IDC_RAW_AUDIO_PARAM_LIST), -1);
-    EXPECT_TRUE(dialog_.IsEnabled(IDC_RAW_COMMAND));
-    EXPECT_TRUE(dialog_.IsEnabled(IDC_RAW_PARAM_1));
-    EXPECT_FALSE(dialog_.IsEnabled(IDC_RAW_AUDIO_PARAM_LIST));
-}
-
 TEST_F(RawCommand, EachNamedCommandSendsTheNumberThatItShows) {
     const auto numbers = ExpectNumbers(IDC_RAW_COMMAND_LIST, 1, "PELLAN_COMMAND_", IDC_RAW_COMMAND);
     EXPECT_EQ(numbers.size(), 76u);
@@ -71,6 +61,10 @@ TEST_F(RawCommand, EachAudioParameterShowsItsNumber) {
 }
 
 TEST_F(RawCommand, ANamedCommandFillsTheNumberAndEmptiesTheFirstParameter) {
+    EXPECT_EQ(Shown({IDC_RAW_COMMAND, IDC_RAW_COMMAND_LIST}),
+              (Texts{"0", "Enter your command number or select it from this combo box"}));
+    EXPECT_EQ(dialog_.FocusedId(), IDC_RAW_COMMAND_LIST);
+    EXPECT_FALSE(dialog_.IsEnabled(IDC_RAW_AUDIO_PARAM_LIST));
     dialog_.Type(IDC_RAW_PARAM_1, "12");
     dialog_.Pick(IDC_RAW_COMMAND_LIST, "PELLAN_COMMAND_GET_VER");
     EXPECT_EQ(dialog_.Text(IDC_RAW_COMMAND), "4");
@@ -128,15 +122,6 @@ TEST_F(RawCommand, SendsWhatIsTypedAndShowsWhatComesBackInAllDigits) {
     dialog_.Press(IDC_RAW_SEND);
     EXPECT_EQ(Shown(responses), (Texts{"0x00000000", "0x00000000", "0x0000"}));
     EXPECT_TRUE(IsInFront()) << "a failure is not reported";
-}
-
-TEST_F(RawCommand, IsDrivenByKeysAlone) {
-    EXPECT_EQ(dialog_.FocusedId(), IDC_RAW_COMMAND_LIST);
-    dialog_.AltKey('c');
-    EXPECT_EQ(dialog_.FocusedId(), IDC_RAW_COMMAND);
-    dialog_.Type(IDC_RAW_COMMAND, "4");
-    dialog_.Key(VK_RETURN);
-    EXPECT_EQ(ReceivedCalls(), Sent("4, 0, 0, 0"));
 }
 
 }  // namespace

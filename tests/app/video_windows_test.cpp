@@ -256,26 +256,4 @@ TEST(VideoWindowRefusals, LeaveNoWindowBehindAndSayWhy) {
     kit::MeetBox("Open local", kError);
 }
 
-LRESULT CALLBACK RefusingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    return message == WM_NCCREATE ? FALSE : DefWindowProcA(window, message, wParam, lParam);
-}
-
-// Another module of the process has a class of this name, whose windows can't be made.
-TEST(VideoWindowRefusals, SayThatNoWindowCouldBeMade) {
-    kit::SettingsFolder settings;
-    DebugMonitor monitor;
-    Utility utility(settings, [] {
-        WNDCLASSA windowClass{};
-        windowClass.lpfnWndProc = RefusingProcedure;
-        windowClass.hInstance = GetModuleHandleA(nullptr);
-        windowClass.lpszClassName = kClass;
-        RegisterClassA(&windowClass);
-    });
-    board::ForgetCalls();
-    utility.Command(IDM_VIDEO_OPEN_LOCAL);
-    kit::MeetBox("Open local", kError);
-    EXPECT_EQ(NextLine(monitor), "kora_vid: Failed to create video window\n");
-    EXPECT_EQ(TakeCalls(), Calls{});
-}
-
 }  // namespace
