@@ -21,18 +21,8 @@ TEST_F(StreamsDialog, OpensOnVideoWithoutACodecAndSoDoesTheVideoStream) {
     EXPECT_TRUE(dialog_.IsEnabled(IDC_STREAM_VIDEO_CODEC));
     EXPECT_TRUE(dialog_.IsEnabled(IDC_STREAM_FORMAT));
     EXPECT_FALSE(dialog_.IsEnabled(IDC_STREAM_AUDIO_CODEC));
-    for (const auto& [list, rows] :
-         {std::pair{IDC_STREAM_VIDEO_CODEC, Texts{"H261", "H263", "DEFAULT"}},
-          std::pair{IDC_STREAM_FORMAT, Texts{"QCIF", "CIF"}},
-          std::pair{IDC_STREAM_AUDIO_CODEC,
-                    Texts{"G.711A", "G.711U", "G.722", "G.723", "G.728", "DEFAULT"}}}) {
-        Texts shown;
-        for (int row = 0; row < dialog_.Rows(list); ++row) {
-            shown.push_back(dialog_.Row(list, row));
-        }
-        EXPECT_EQ(shown, rows);
+    for (const int list : {IDC_STREAM_VIDEO_CODEC, IDC_STREAM_FORMAT, IDC_STREAM_AUDIO_CODEC})
         EXPECT_EQ(dialog_.SelectedRow(list), -1);
-    }
     EXPECT_EQ(ReceivedOn(IDC_STREAM_OPEN),
               (Texts{Written("vcx_dwH261EncCif", 0), Written("vcx_dwVidProgramUpdateFlag", 1),
                      kOpenVideo}));
