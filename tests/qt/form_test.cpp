@@ -35,9 +35,10 @@ void Scroll(HWND bar, WORD code, WORD position) {
     if (code == SB_THUMBTRACK || code == SB_THUMBPOSITION)
         Heard() += "=" + std::to_string(position);
     Heard() += " ";
-    if (code == SB_LINELEFT || code == SB_LINERIGHT)
+    if (code == SB_LINELEFT || code == SB_LINERIGHT) {
         SetScrollPos(bar, SB_CTL, GetScrollPos(bar, SB_CTL) + (code == SB_LINERIGHT ? 1 : -1),
                      TRUE);
+    }
 }
 
 INT_PTR CALLBACK FormProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {

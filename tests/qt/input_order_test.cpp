@@ -24,14 +24,15 @@ using kit::OnUserInterface;
 std::string Order() {
     std::string order;
     for (const auto& [control, code] : form::Notices()) {
-        if (code == EN_CHANGE)
+        if (code == EN_CHANGE) {
             order += control == IDC_NAME ? "name " : "note ";
-        else if (control == IDC_LIST && code == LBN_DBLCLK)
+        } else if (control == IDC_LIST && code == LBN_DBLCLK) {
             order += "list ";
-        else if (control == IDC_APPLY && code == BN_CLICKED)
+        } else if (control == IDC_APPLY && code == BN_CLICKED) {
             order += "apply ";
-        else if (control == IDCANCEL)
+        } else if (control == IDCANCEL) {
             order += "cancel";
+        }
     }
     return order;
 }

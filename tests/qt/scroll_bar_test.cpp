@@ -42,9 +42,10 @@ TEST_F(ScrollBarOnScreen, TellsOfKeysWhereItHasTheFocusAndShowsThatItHas) {
     // As the desktop tells of a key that is held: ups and downs that are none.
     native::Do([] {
         for (const bool repeats : {false, true}) {
-            for (const bool isDown : {!repeats, true})
+            for (const bool isDown : {!repeats, true}) {
                 QTest::simulateEvent(QGuiApplication::focusWindow(), isDown, Qt::Key_Right,
                                      Qt::NoModifier, QString(), repeats);
+            }
         }
     });
     EXPECT_EQ(TakeTold(), "1 1 1 at 20");

@@ -204,10 +204,11 @@ void Show(const kit::Utility& utility, const Stop& stop) {
         act(dialog);
     TakePicture(stop.picture);
     ExpectReadableByTools(dialog.Handle());
-    if (stop.leave != 0)
+    if (stop.leave != 0) {
         dialog.Press(stop.leave);
-    else
+    } else {
         dialog.Key(VK_ESCAPE);
+    }
     kit::ExpectNoBox();
 }
 
