@@ -120,9 +120,12 @@ TEST(OwnIcon, HasThreeSizesThatCanBeRead) {
         ASSERT_TRUE(icon) << size;
         EXPECT_EQ(icon->width, size);
         EXPECT_EQ(icon->height, size);
-        const auto middle = static_cast<std::size_t>(size * size / 2 + size / 2);
-        EXPECT_EQ(icon->data[0] >> 24, 0u) << "its corners are clear";
-        EXPECT_EQ(icon->data[middle] >> 24, 0xFFu) << "its middle is not";
+        const auto at = [&](int x, int y) {
+            return icon->data[static_cast<std::size_t>(y * size + x)];
+        };
+        EXPECT_EQ(at(0, 0) >> 24, 0u) << "its corners are clear";
+        EXPECT_EQ(at(size / 2, size / 2) >> 24, 0xFFu) << "its middle is not";
+        EXPECT_GT(at(size / 4, size / 4), at(size / 4, size * 3 / 4)) << "its light is from above";
     }
 }
 
