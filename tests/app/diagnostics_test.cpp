@@ -134,9 +134,10 @@ TEST(Reports, AFailureNamesTheOperationAndTheError) {
           std::pair{0xFFFF, "Unknown Error"}, std::pair{0, ""}}) {
         const auto result = static_cast<ResultCode>(code);
         kit::BeginStep([&] { ReportFailure(utility.Window(), result, "vdapi_X"); });
-        if (result != VXD_SUCCESS)
+        if (result != VXD_SUCCESS) {
             kit::MeetBox("VxD Test - Warning", std::string("vdapi_X: \n") + name, IDOK,
                          MB_OK | MB_ICONEXCLAMATION);
+        }
         kit::ExpectNoBox();
     }
 }

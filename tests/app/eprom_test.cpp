@@ -22,10 +22,10 @@ class Eprom : public DialogTest {
 
     void TypeData(const std::array<const char*, 8>& texts) const {
         for (std::size_t i = 0; i < texts.size(); ++i)
-            dialog_.Type(kData[i], texts[i]);
+            dialog_.Type(data_[i], texts[i]);
     }
 
-    Texts Data() const { return Shown(kData); }
+    Texts Data() const { return Shown(data_); }
 
     // Puts bytes where they are read from address 0x20 on.
     static void FillBoard() {
@@ -36,7 +36,7 @@ class Eprom : public DialogTest {
     }
 
   private:
-    const std::vector<int> kData{IDC_EPROM_DATA_1, IDC_EPROM_DATA_2, IDC_EPROM_DATA_3,
+    const std::vector<int> data_{IDC_EPROM_DATA_1, IDC_EPROM_DATA_2, IDC_EPROM_DATA_3,
                                  IDC_EPROM_DATA_4, IDC_EPROM_DATA_5, IDC_EPROM_DATA_6,
                                  IDC_EPROM_DATA_7, IDC_EPROM_DATA_8};
 };

@@ -55,12 +55,12 @@ TEST_F(MonitorReceive, ForgetsTheLastBytesBeforeItAsksForMore) {
 }
 
 TEST_F(MonitorReceive, CanBeAskedForWhileBytesArrive) {
-    constexpr int requests = 20;
+    constexpr int kRequests = 20;
     board::SetMonitorDelay(std::chrono::milliseconds(1));
-    for (int request = 0; request < requests; ++request)
+    for (int request = 0; request < kRequests; ++request)
         utility_->Command(IDM_MONITOR_RECEIVE);
     // A request that comes between bytes and their trace empties the buffer again.
-    for (int request = 0; request < requests; ++request)
+    for (int request = 0; request < kRequests; ++request)
         EXPECT_TRUE(utility_.NextTrace().starts_with("TALVERO_DBG_MON_TR_RCV: [0x"));
     EXPECT_EQ(Received(), (Bytes{0xA0, 0x00, 0x82}));
 }

@@ -49,9 +49,10 @@ TEST(PciQueries, TraceConfigurationSpaceInTheWidthInWhichItWasRead) {
                                          std::pair{11, "Invalid command\n"}}) {
         board::SetPciAccess(static_cast<uint8_t>(access));
         utility->Command(IDM_PCI_READ_CONFIG_SPACE);
-        if (access == 11)
+        if (access == 11) {
             kit::MeetBox("VxD Test - Warning",
                          "vdapi_Debug: TALVERO_DBG_PCI_OP_RD_CNFG_SPACE: \nVXD_INVALID_PARAMETER");
+        }
         EXPECT_EQ(utility.NextTrace(), std::string("TALVERO_DBG_PCI_OP_RD_CNFG_SPACE: ") + answer);
     }
 }

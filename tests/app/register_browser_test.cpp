@@ -169,9 +169,10 @@ TEST_P(RegisterBrowser, AFailedWriteIsReportedAndLeavesTheDialogAsItIs) {
     board::FailAlways(browser.write, VXD_TIMEOUT_FAILURE);
     Set(dialog_, browser, browser.typed);
     const std::string name = browser.write;
-    if (browser.reportsWrites)
+    if (browser.reportsWrites) {
         kit::MeetBox(kWarning, (name.starts_with("TALVERO_DBG_") ? "vdapi_Debug: " : "") + name +
                                    ": \nVXD_TIMEOUT_FAILURE");
+    }
     EXPECT_EQ(kit::FrontDialog().Handle(), dialog_.Handle());
     EXPECT_EQ(dialog_.Text(browser.value).substr(0, 4), std::string(browser.typed).substr(0, 4));
 }
@@ -312,10 +313,11 @@ TEST_F(OneBrowser, BitsAreReadFromTheFirstCharacterOn) {
         Use(test);
         for (const auto& [typed, number] :
              {std::pair{"1", set}, std::pair{"00f", set}, std::pair{"0", clear},
-              std::pair{"0x1", clear}, std::pair{"", clear}})
+              std::pair{"0x1", clear}, std::pair{"", clear}}) {
             EXPECT_EQ(Set(typed),
                       Texts{std::string("vdapi_Debug(") + number + ", 8, address) " + block})
                 << test << " \"" << typed << '"';
+        }
     }
 }
 

@@ -341,9 +341,10 @@ TEST_F(VppStatisticsDialog, OnlyWhatChangesIsDrawnAndOfManyRecordsTheNewest) {
                           {28, {0, static_cast<int8_t>(i % 20)}}});
     }
     kit::RunStep([&] {
-        for (const VppStatistics& record : many)
+        for (const VppStatistics& record : many) {
             PostMessageA(dialog_.Handle(), WM_VPP_STATIST_DATA, 0,
                          reinterpret_cast<LPARAM>(&record));
+        }
     });
     kit::Settle();
     EXPECT_TRUE(Shows(28, 19, 4));

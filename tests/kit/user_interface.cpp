@@ -129,9 +129,10 @@ bool TryStep(const std::function<void()>& run) {
     const auto start = std::chrono::steady_clock::now();
     for (bool posted = false; !TheDesk().ended;) {
         // The window may be a moment in coming.
-        if (!posted && TheDesk().stepWindow != nullptr)
+        if (!posted && TheDesk().stepWindow != nullptr) {
             posted = PostMessageA(TheDesk().stepWindow, kStepMessage, 0,
                                   reinterpret_cast<LPARAM>(&step)) != 0;
+        }
         if (done.wait_for(kLookAgain) == std::future_status::ready)
             return true;
         if (std::chrono::steady_clock::now() - start > kLongestStep) {

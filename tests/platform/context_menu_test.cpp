@@ -155,10 +155,11 @@ TEST_F(Popup, ARadioMarkMovesToTheItemThatIsChosen) {
     kit::RunStep([&] {
         for (const UINT chosen : {42u, 43u, 41u}) {
             CheckMenuRadioItem(menu_, 41, 43, chosen, MF_BYCOMMAND);
-            for (const UINT command : {41u, 42u, 43u})
+            for (const UINT command : {41u, 42u, 43u}) {
                 EXPECT_EQ((GetMenuState(menu_, command, MF_BYCOMMAND) & MF_CHECKED) != 0,
                           command == chosen)
                     << command << " when " << chosen << " is chosen";
+            }
         }
     });
 }

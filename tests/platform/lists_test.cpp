@@ -180,9 +180,10 @@ TEST_F(Lists, TypingIntoAComboBoxIsToldAndObeysItsLimit) {
     Send(IDC_COMBO, CB_LIMITTEXT, 3);
     dialog_->Type(IDC_COMBO, "");
     dialog_.TakeNotifications();
-    for (const char character : {'a', 'b', 'c', 'd'})
+    for (const char character : {'a', 'b', 'c', 'd'}) {
         OnUserInterface(
             [&] { SendMessageA(GetFocus(), WM_CHAR, static_cast<WPARAM>(character), 0); });
+    }
     EXPECT_EQ(dialog_->Text(IDC_COMBO), "abc");
     const std::string threeTimes = Edited() + " " + Edited() + " " + Edited();
     EXPECT_EQ(dialog_.TakeNotifications(),

@@ -49,9 +49,10 @@ class PowerCutTest : public testing::Test {
 
     // Stores so many keys, one by one.
     void StoreMany(int count, const std::string& text) const {
-        for (int i = 0; i < count; ++i)
+        for (int i = 0; i < count; ++i) {
             ASSERT_TRUE(WritePrivateProfileStringA("s", ("key" + std::to_string(i)).c_str(),
                                                    text.c_str(), file_.c_str()));
+        }
     }
 
     std::string Load(int key) const {

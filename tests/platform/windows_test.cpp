@@ -25,10 +25,11 @@ LRESULT CALLBACK LivingProcedure(HWND window, UINT message, WPARAM wParam, LPARA
         {WM_NCDESTROY, "ncdestroy"}};
     if (const auto name = kNames.find(message); name != kNames.end()) {
         std::array<char, 2> title{};
-        if (message == WM_NCCREATE)
+        if (message == WM_NCCREATE) {
             title[0] = *reinterpret_cast<const CREATESTRUCTA*>(lParam)->lpszName;
-        else
+        } else {
             GetWindowTextA(window, title.data(), static_cast<int>(title.size()));
+        }
         theLife += (theLife.empty() ? "" : " ") + std::string(title.data()) + ":" + name->second;
     }
     return DefWindowProcA(window, message, wParam, lParam);
