@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "tests/kit/dialog.h"
+#include "tests/kit/process.h"
 #include "tests/kit/user_interface.h"
 #include "tests/qt/native.h"
 
@@ -83,10 +84,11 @@ class ActivationTest : public testing::Test {
 
     // A real key where there is a desktop to press it on.
     static void PressReturn() {
-        if (HasWindowManager())
+        if (HasWindowManager()) {
             ASSERT_EQ(std::system("xdotool key Return"), 0);
-        else
+        } else {
             native::Press(Qt::Key_Return);
+        }
         WaitForRest();
     }
 
@@ -108,11 +110,14 @@ class ActivationTest : public testing::Test {
         WaitForRest();
     }
 
+    // The desktop may be slow to do what a click or the program has asked it for.
     static void ExpectActive(HWND window) {
-        OnUserInterface([window] {
-            EXPECT_EQ(GetActiveWindow(), window);
-            EXPECT_EQ(QApplication::activeWindow(), native::WidgetOf(window));
-        });
+        EXPECT_TRUE(kit::WaitFor([window] {
+            return OnUserInterface([window] {
+                return GetActiveWindow() == window &&
+                       QApplication::activeWindow() == native::WidgetOf(window);
+            });
+        }));
     }
 
     std::vector<HWND> windows_;
