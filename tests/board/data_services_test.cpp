@@ -94,7 +94,7 @@ TEST_F(DataServices, LoadAnImageWithItsSumBehindIt) {
         EXPECT_EQ(vdapi_ANNEXD_Download(1, wanted, buffer.data(), &bytes), VXD_SUCCESS);
         EXPECT_EQ(bytes, expected);
         const uint32_t sum = std::accumulate(buffer.begin(), buffer.begin() + bytes, 0u);
-        EXPECT_EQ(buffer[bytes] + (buffer[bytes + 1] << 8), sum & 0xFFFF);
+        EXPECT_EQ(buffer[bytes] + 256u * buffer[bytes + 1], sum & 0xFFFF);
         EXPECT_EQ(buffer[bytes + 2], kMark);
     }
     EXPECT_GT(buffer[43], buffer[0]) << "brighter to the right";

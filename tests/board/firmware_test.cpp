@@ -120,6 +120,8 @@ TEST_F(FirmwareCommands, RememberModesAndGiveParametersBack) {
     EXPECT_EQ(Send(PELLAN_COMMAND_TARGET_CONNECTED).first, 1u);
     Send(PELLAN_COMMAND_UPDATE_VERSION, 0x0401);
     EXPECT_EQ(board::GetRevisions().driver, 0x0401);
+    EXPECT_EQ(Send(PELLAN_COMMAND_PSHELL_RUN).first, 1u);
+    EXPECT_EQ(Send(PELLAN_COMMAND_PSHELL_RUN).first, 2u);
     const Answer echo = Send(PELLAN_COMMAND_GENERAL_PURPOSE_2, 0x89ABCDEF, 2, 0x12345);
     EXPECT_EQ(echo.first, 0x89ABCDEFu);
     EXPECT_EQ(echo.second, 2u);
