@@ -182,6 +182,26 @@ INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lPar
     return message == WM_COMMAND;
 }
 
+// Whether a static is in the group of a control: Wine's arrows stop at it.
+bool SharesGroupWithStatic(HWND control) {
+    const auto& controls = TheOpen().controls;
+    const int count = static_cast<int>(controls.size());
+    const auto at = [&](int place) {
+        return controls[static_cast<std::size_t>((place + count) % count)];
+    };
+    const int start = PlaceOf(control);
+    int first = start;
+    while (first > start - count && (StyleOf(at(first)) & WS_GROUP) == 0)
+        --first;
+    for (int place = first;
+         place < first + count && (place == first || (StyleOf(at(place)) & WS_GROUP) == 0);
+         ++place) {
+        if (KindOf(at(place)) == Kind::kStatic)
+            return true;
+    }
+    return false;
+}
+
 // The letter that a caption marks, where no other control has the same one: which of several Wine
 // presses is its own affair. 0 where there is none.
 char OwnLetterOf(HWND control) {
@@ -203,8 +223,8 @@ char OwnLetterOf(HWND control) {
 
 // The keys that lead to the same on both systems, by who has the focus. Not in: Enter in a push
 // button that was clicked (Wine does not make it the default one), what depends on how lines are
-// broken, typing into a combo box (Wine selects its text only once), keys in a scroll bar (Wine
-// does not tell of their end) and arrows among buttons (Wine's stop at a static of their group).
+// broken, typing into a combo box (Wine selects its text only once) and keys in a scroll bar (Wine
+// does not tell of their end).
 std::vector<WPARAM> KeysFor(HWND focus) {
     std::vector<WPARAM> keys = {VK_TAB, VK_TAB, VK_TAB, VK_ESCAPE};
     const auto add = [&keys](std::initializer_list<WPARAM> more) { keys.insert(keys.end(), more); };
@@ -228,6 +248,8 @@ std::vector<WPARAM> KeysFor(HWND focus) {
         case Kind::kCheck:
         case Kind::kRadio:
             add({VK_SPACE, VK_SPACE});
+            if (!SharesGroupWithStatic(focus))
+                add({VK_LEFT, VK_UP, VK_RIGHT, VK_DOWN});
             break;
         default:
             break;
@@ -258,9 +280,11 @@ void PressLetter(HWND control) {
 }
 
 void ActAsProgram(HWND control) {
+    const HWND dialog = TheOpen().dialog;
+    const int place = PlaceOf(control);
     const Kind kind = KindOf(control);
-    const int what = Below(4);
-    std::printf("program %d on %d\n", what, PlaceOf(control));
+    const int what = Below(7);
+    std::printf("program %d on %d\n", what, place);
     switch (what) {
         case 0:
             // Wine sends the command of a Cancel button that is disabled.
@@ -268,13 +292,29 @@ void ActAsProgram(HWND control) {
                 EnableWindow(control, Below(3) != 0);
             break;
         case 1:
-            // Wine tells of a focus that a combo box loses to itself.
-            if (Takes(control) && kind != Kind::kStatic && control != FocusedControl())
-                SetFocus(control);
+            // Wine looks for ever for a radio button of a group that has none to be seen.
+            if (kind == Kind::kEdit || kind == Kind::kCheck)
+                ShowWindow(control, Below(3) != 0 ? SW_SHOW : SW_HIDE);
             break;
         case 2:
+        case 3:
+            // Wine tells of a focus that a combo box loses to itself.
+            if (!Takes(control) || kind == Kind::kStatic || control == FocusedControl())
+                break;
+            if (what == 2)
+                SetFocus(control);
+            else
+                SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+            break;
+        case 4:
             if (kind == Kind::kEdit)
                 SetWindowTextA(control, OneOf({"", "1", "two words"}));
+            break;
+        case 5:
+            if (kind == Kind::kCheck || kind == Kind::kRadio)
+                SendMessageA(control, BM_SETCHECK, static_cast<WPARAM>(Below(2)), 0);
+            if (kind == Kind::kList)
+                SendMessageA(control, LB_SETCURSEL, static_cast<WPARAM>(Below(7)), 0);
             break;
         default:
             if (Takes(control) &&
