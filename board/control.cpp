@@ -39,12 +39,6 @@ bool IsLedLit() {
     });
 }
 
-void SetLedLit(bool lit) {
-    Locked([=](Simulation& simulation) {
-        simulation.state.auxiliaryDevice.SetLine(AUXDEV_FEATURE_LED, lit);
-    });
-}
-
 void SetIsacChipsFitted(uint32_t count) {
     Locked([=](Simulation& simulation) { simulation.state.isacChipsFitted = count; });
 }
@@ -65,10 +59,6 @@ Hardware GetHardware() {
 
 void SetHardware(const Hardware& hardware) {
     Locked([&](Simulation& simulation) { simulation.state.hardware = hardware; });
-}
-
-EepromBehaviour GetEepromBehaviour() {
-    return Locked([](Simulation& simulation) { return simulation.state.eeprom.behaviour; });
 }
 
 void SetEepromBehaviour(const EepromBehaviour& behaviour) {

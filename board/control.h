@@ -28,7 +28,6 @@ void SetRevisions(const Revisions& revisions);
 
 // Whether the board's LED is lit.
 bool IsLedLit();
-void SetLedLit(bool lit);
 
 // How many ISAC chips are fitted; 0 for as many as the board's revision can have.
 void SetIsacChipsFitted(uint32_t count);
@@ -46,7 +45,6 @@ Hardware GetHardware();
 void SetHardware(const Hardware& hardware);
 
 // How the EEPROM behaves from the next transfer on, and what is in it.
-EepromBehaviour GetEepromBehaviour();
 void SetEepromBehaviour(const EepromBehaviour& behaviour);
 EepromContents GetEeprom();
 void SetEeprom(const EepromContents& contents);
