@@ -1,9 +1,4 @@
 // The audio codec: its registers, and the firmware's sources and muting.
-#include <gtest/gtest.h>
-
-#include <array>
-#include <functional>
-#include <string>
 
 #include "regs/akm_tables.h"
 #include "res/resource.h"

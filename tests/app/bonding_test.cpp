@@ -1,9 +1,5 @@
 // The bonding dialogs and the phone numbers in them.
-#include <algorithm>
-#include <cstdint>
 #include <random>
-#include <string>
-#include <tuple>
 
 #include "codec/bond_variables.h"
 #include "codec/phone_numbers.h"

@@ -1,5 +1,4 @@
 // What a call carries: the user-data channels, messages, BAS commands, still images, streams.
-#include <sstream>
 
 #include "codec/user_data_rate.h"
 #include "driver/papi.h"

@@ -1,12 +1,4 @@
 // The older board's commands that bring chips through their life cycle.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cstdint>
-#include <sstream>
-#include <string>
-#include <utility>
-#include <vector>
 
 #include "board/control.h"
 #include "driver/papi.h"

@@ -1,8 +1,6 @@
 // "Set Debug Levels".
 #include "driver/debug_levels.h"
 
-#include <set>
-
 #include "driver/firmware_command.h"
 #include "driver/papi.h"
 #include "res/resource.h"

@@ -1,14 +1,6 @@
 // The trace and the message boxes.
 #include "services/diagnostics.h"
 
-#include <gtest/gtest.h>
-
-#include <chrono>
-#include <string>
-#include <tuple>
-#include <utility>
-#include <vector>
-
 #include "platform/debug_monitor.h"
 #include "res/resource.h"
 #include "tests/kit/user_interface.h"

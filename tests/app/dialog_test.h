@@ -1,12 +1,7 @@
 // The running utility's dialogs, with what their tests share.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <initializer_list>
-#include <string>
-#include <utility>
-#include <vector>
 
 #include "board/control.h"
 #include "tests/app/received_calls.h"

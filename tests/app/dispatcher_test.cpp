@@ -1,8 +1,4 @@
 // Commands that act without a dialog, those that do nothing, and what dialogs answer.
-#include <gtest/gtest.h>
-
-#include <set>
-#include <tuple>
 
 #include "app/dispatcher.h"
 #include "board/control.h"

@@ -1,5 +1,4 @@
 // "VCP Download", with real files.
-#include <filesystem>
 #include <fstream>
 
 #include "res/resource.h"

@@ -1,9 +1,4 @@
 // The echo cancellers: their commands, the latch, the level display.
-#include <gtest/gtest.h>
-
-#include <chrono>
-#include <set>
-#include <thread>
 
 #include "commands/echo_canceller.h"
 #include "res/resource.h"

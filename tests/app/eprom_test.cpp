@@ -1,10 +1,4 @@
 // "EPROM DLG".
-#include <array>
-#include <atomic>
-#include <chrono>
-#include <cstdint>
-#include <thread>
-#include <utility>
 
 #include "driver/shared_words.h"
 #include "res/resource.h"

@@ -1,12 +1,6 @@
 // Bytes on the IOM-2 monitor channel.
 #include "commands/monitor_receive.h"
 
-#include <gtest/gtest.h>
-
-#include <array>
-#include <chrono>
-#include <thread>
-
 #include "board/control.h"
 #include "tests/app/traced_utility.h"
 #include "tests/kit/dialog.h"

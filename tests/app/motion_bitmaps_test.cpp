@@ -1,7 +1,4 @@
 // The arrows of a map of motion, as the utility loads them.
-#include <gtest/gtest.h>
-
-#include <array>
 
 #include "platform/win32.h"
 #include "res/resource.h"

@@ -1,11 +1,6 @@
 // Numbers as they stand in fields.
 #include "services/number_field.h"
-
-#include <gtest/gtest.h>
-
-#include <optional>
-#include <tuple>
-#include <utility>
+#include "tests/kit/test.h"
 
 namespace {
 

@@ -1,8 +1,4 @@
 // What the PCI queries tell.
-#include <gtest/gtest.h>
-
-#include <string>
-#include <utility>
 
 #include "board/control.h"
 #include "tests/app/traced_utility.h"

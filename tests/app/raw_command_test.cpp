@@ -1,6 +1,4 @@
 // "Send Raw Command".
-#include <map>
-#include <set>
 
 #include "res/resource.h"
 #include "tests/app/dialog_test.h"

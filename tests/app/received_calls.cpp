@@ -1,9 +1,6 @@
 #include "tests/app/received_calls.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdio>
-#include <sstream>
 
 namespace {
 

@@ -1,11 +1,8 @@
 // What the board received from the utility, as texts that a test can write out by hand.
 #pragma once
 
-#include <cstdint>
-#include <string>
-#include <vector>
-
 #include "board/control.h"
+#include "tests/kit/test.h"
 
 // "vdapi_Debug(45, 4, address) 01000000": the operation, its arguments in hexadecimal ("null" for
 // an address that is absent) and the bytes behind the addresses, four by four.

@@ -1,11 +1,5 @@
 // The register browsers.
-#include <array>
-#include <cstddef>
-#include <cstdint>
 #include <ostream>
-#include <set>
-#include <string>
-#include <tuple>
 
 #include "res/resource.h"
 #include "services/application.h"

@@ -1,13 +1,6 @@
 // The register catalogues: what the ids' structure says of them as a whole.
-#include <gtest/gtest.h>
 
-#include <algorithm>
 #include <bit>
-#include <cstddef>
-#include <cstdint>
-#include <set>
-#include <string>
-#include <string_view>
 
 #include "regs/arcofi_catalogue.h"
 #include "regs/auxdev_catalogue.h"
@@ -15,6 +8,7 @@
 #include "regs/isac_catalogue.h"
 #include "regs/saec_catalogue.h"
 #include "regs/vpic_catalogue.h"
+#include "tests/kit/test.h"
 #include "video/encoder_catalogue.h"
 
 namespace {

@@ -1,10 +1,6 @@
 // Settings as they stand in their files.
 #include "services/settings.h"
 
-#include <gtest/gtest.h>
-
-#include <array>
-
 #include "tests/kit/settings.h"
 
 namespace {

@@ -1,11 +1,4 @@
 // How the utility starts, keeps its window and ends.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <chrono>
-#include <string>
-#include <thread>
-#include <utility>
 
 #include "app/start.h"
 #include "board/control.h"

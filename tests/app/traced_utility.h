@@ -1,9 +1,6 @@
 // The utility with a debug viewer beside it.
 #pragma once
 
-#include <chrono>
-#include <string>
-
 #include "platform/debug_monitor.h"
 #include "res/resource.h"
 #include "tests/kit/utility.h"

@@ -1,7 +1,4 @@
 // "VCPXi Variable Access".
-#include <cstdint>
-#include <string>
-#include <tuple>
 
 #include "driver/shared_words.h"
 #include "res/resource.h"

@@ -1,11 +1,4 @@
 // The windows that show the local and the remote video.
-#include <gtest/gtest.h>
-
-#include <chrono>
-#include <cstdint>
-#include <string>
-#include <thread>
-#include <vector>
 
 #include "board/control.h"
 #include "board/test_picture.h"

@@ -1,13 +1,5 @@
 // "Set VPP Mode" and "VPP Statistics".
-#include <algorithm>
-#include <array>
-#include <chrono>
 #include <cstdio>
-#include <functional>
-#include <string>
-#include <thread>
-#include <utility>
-#include <vector>
 
 #include "board/test_picture.h"
 #include "driver/kora_dll32.h"

@@ -1,9 +1,4 @@
 // The audio codecs' and the echo cancellers' registers.
-#include <algorithm>
-#include <array>
-#include <set>
-#include <utility>
-#include <vector>
 
 #include "driver/firmware_command.h"
 #include "tests/board/board_test.h"

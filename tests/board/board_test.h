@@ -1,10 +1,6 @@
 // What the tests of the driver interface share.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <cstdint>
-
 #include "board/control.h"
 #include "driver/papi.h"
 #include "driver/result_code.h"

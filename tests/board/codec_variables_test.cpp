@@ -1,11 +1,4 @@
 // The codec processor's variables: transfers by name, and the repeated test of one.
-#include <algorithm>
-#include <array>
-#include <atomic>
-#include <chrono>
-#include <string>
-#include <thread>
-#include <vector>
 
 #include "driver/low_memory.h"
 #include "driver/shared_words.h"

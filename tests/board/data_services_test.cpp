@@ -1,9 +1,5 @@
 // The services that carry data beside a call: messages over MBE, still images over Annex-D.
-#include <array>
-#include <cstdint>
 #include <numeric>
-#include <string>
-#include <utility>
 
 #include "tests/board/board_test.h"
 

@@ -1,8 +1,6 @@
 // What the tests of the older board's commands share.
 #pragma once
 
-#include <cstdint>
-
 #include "driver/debug_command.h"
 #include "driver/kora_dll32.h"
 #include "driver/parameter_block.h"

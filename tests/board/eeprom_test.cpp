@@ -1,11 +1,3 @@
-#include <algorithm>
-#include <array>
-#include <atomic>
-#include <chrono>
-#include <filesystem>
-#include <thread>
-#include <utility>
-
 #include "driver/shared_words.h"
 #include "platform/win32.h"
 #include "tests/board/driver_test.h"

@@ -1,6 +1,3 @@
-#include <array>
-#include <utility>
-
 #include "driver/firmware_command.h"
 #include "tests/board/board_test.h"
 

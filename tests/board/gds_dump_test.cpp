@@ -1,8 +1,4 @@
 // The GDS dump in the debug output.
-#include <chrono>
-#include <sstream>
-#include <string>
-#include <utility>
 
 #include "platform/debug_monitor.h"
 #include "tests/board/driver_test.h"

@@ -1,6 +1,4 @@
 // The I2C bus and the two cameras on it.
-#include <utility>
-#include <vector>
 
 #include "driver/firmware_command.h"
 #include "tests/board/driver_test.h"

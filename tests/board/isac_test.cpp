@@ -1,6 +1,3 @@
-#include <array>
-#include <tuple>
-
 #include "driver/low_memory.h"
 #include "tests/board/driver_test.h"
 

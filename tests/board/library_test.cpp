@@ -1,6 +1,4 @@
 // The two libraries as a program meets them: by file name and plain names.
-#include <algorithm>
-#include <array>
 
 #include "driver/shared_words.h"
 #include "platform/win32.h"

@@ -1,8 +1,4 @@
 // Chips and services brought through their life cycles, in order and out of it.
-#include <array>
-#include <functional>
-#include <string>
-#include <vector>
 
 #include "tests/board/driver_test.h"
 

@@ -1,12 +1,7 @@
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <array>
-#include <cstdint>
 #include <new>
-#include <vector>
 
 #include "driver/low_memory.h"
+#include "tests/kit/test.h"
 
 TEST(LowMemory, BlocksNeverOverlapAlsoWhenFreedOnesAreUsedAgain) {
     using Buffer = std::array<uint8_t, 24>;

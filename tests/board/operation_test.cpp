@@ -1,10 +1,5 @@
 // What holds for every operation: failures asked for, a missing board, the list of calls.
-#include <chrono>
-#include <filesystem>
 #include <fstream>
-#include <string>
-#include <thread>
-#include <vector>
 
 #include "driver/firmware_command.h"
 #include "platform/debug_monitor.h"

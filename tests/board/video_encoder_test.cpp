@@ -1,6 +1,4 @@
 // The video encoders' registers and fields, and what of them ends with a reset.
-#include <array>
-#include <cstdint>
 
 #include "driver/low_memory.h"
 #include "tests/board/driver_test.h"

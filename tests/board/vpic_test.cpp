@@ -1,5 +1,3 @@
-#include <array>
-
 #include "tests/board/driver_test.h"
 
 using VpicPorts = BoardTest;

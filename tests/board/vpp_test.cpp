@@ -1,10 +1,5 @@
 // The video post-processing's mode and its statistics.
-#include <algorithm>
-#include <chrono>
 #include <cstring>
-#include <string>
-#include <thread>
-#include <vector>
 
 #include "board/state.h"
 #include "board/vpp.h"

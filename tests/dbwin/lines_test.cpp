@@ -1,15 +1,11 @@
 // What the debug viewer makes of its command line and of lines.
-#include <gtest/gtest.h>
-
-#include <string>
-#include <tuple>
-#include <vector>
 
 #include "dbwin/filter.h"
 #include "dbwin/form.h"
 #include "dbwin/options.h"
 #include "dbwin/severity.h"
 #include "dbwin/trace_line.h"
+#include "tests/kit/test.h"
 
 namespace {
 

@@ -1,12 +1,6 @@
 // The debug viewer as a program of its own.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "platform/win32.h"
 #include "tests/kit/process.h"
 #include "tests/platform/temporary_folder.h"

@@ -7,13 +7,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <chrono>
 #include <csignal>
-#include <filesystem>
-#include <sstream>
-#include <string>
-#include <thread>
 
 #include "platform/core/debug_socket.h"
 #include "platform/core/descriptor.h"

@@ -1,11 +1,6 @@
 // The debug viewer beside programs that write, on every system.
 #include "tests/dbwin/program.h"
 
-#include <algorithm>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "platform/debug_monitor.h"
 
 namespace {

@@ -1,13 +1,5 @@
 #include "tests/kit/dialog.h"
 
-#include <gtest/gtest.h>
-
-#include <array>
-#include <chrono>
-#include <set>
-#include <thread>
-#include <vector>
-
 #include "tests/kit/user_interface.h"
 
 namespace kit {

@@ -2,10 +2,8 @@
 // is the engineer's thread's; it comes back when the program has dealt with what was done.
 #pragma once
 
-#include <optional>
-#include <string>
-
 #include "platform/win32.h"
+#include "tests/kit/test.h"
 
 namespace kit {
 

@@ -2,10 +2,8 @@
 // layer gets what a screen reports of the desktop's. Engineer's thread.
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "platform/win32.h"
+#include "tests/kit/test.h"
 
 namespace kit {
 

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "tests/kit/user_interface.h"
 
 int main(int argc, char** argv) {

@@ -6,9 +6,7 @@
 #include <time.h>
 #include <unistd.h>
 
-#include <array>
-#include <chrono>
-#include <cstdlib>
+#include "tests/kit/test.h"
 
 namespace kit {
 

@@ -5,9 +5,8 @@
 // is acted on has to be in front.
 #pragma once
 
-#include <string>
-
 #include "platform/win32.h"
+#include "tests/kit/test.h"
 
 namespace kit {
 

@@ -1,12 +1,7 @@
 // Programs that a test starts.
 #pragma once
 
-#include <chrono>
-#include <cstdint>
-#include <memory>
-#include <string>
-#include <thread>
-#include <vector>
+#include "tests/kit/test.h"
 
 namespace kit {
 

@@ -2,8 +2,7 @@
 // program starts or while it waits.
 #pragma once
 
-#include <filesystem>
-#include <string>
+#include "tests/kit/test.h"
 
 namespace kit {
 

@@ -1,14 +1,8 @@
 #include "tests/kit/user_interface.h"
 
-#include <atomic>
-#include <chrono>
 #include <condition_variable>
 #include <cstdio>
-#include <cstdlib>
-#include <memory>
 #include <mutex>
-#include <optional>
-#include <thread>
 
 namespace kit {
 namespace {

@@ -5,13 +5,10 @@
 // Written in Win32 terms alone, so that the same tests run on every window system.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <future>
 #include <type_traits>
 
 #include "platform/win32.h"
+#include "tests/kit/test.h"
 
 namespace kit {
 

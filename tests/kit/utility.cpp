@@ -1,11 +1,5 @@
 #include "tests/kit/utility.h"
 
-#include <gtest/gtest.h>
-
-#include <chrono>
-#include <cstdlib>
-#include <thread>
-
 #include "tests/kit/user_interface.h"
 
 namespace kit {

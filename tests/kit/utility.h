@@ -2,11 +2,6 @@
 // thread. One a process; on destruction it is closed, and a box that was left open fails the test.
 #pragma once
 
-#include <functional>
-#include <future>
-#include <optional>
-#include <string>
-
 #include "platform/win32.h"
 #include "tests/kit/dialog.h"
 #include "tests/kit/settings.h"

@@ -1,9 +1,7 @@
 // Activation against a desktop that takes its time: the core asks, the desktop tells, and neither
 // answers the other for ever.
-#include <gtest/gtest.h>
 
 #include <deque>
-#include <vector>
 
 #include "platform/core/window.h"
 #include "platform/headless/headless_screen.h"

@@ -1,9 +1,4 @@
 // Which window is active, and how often windows are told.
-#include <gtest/gtest.h>
-
-#include <map>
-#include <string>
-#include <utility>
 
 #include "tests/platform/plain_window.h"
 

@@ -1,8 +1,4 @@
 // Push buttons, check boxes, radio buttons and their groups.
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
 
 #include "tests/kit/person.h"
 #include "tests/kit/user_interface.h"

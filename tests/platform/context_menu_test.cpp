@@ -1,9 +1,4 @@
 // How a window is asked for its context menu, and what a popup menu answers.
-#include <gtest/gtest.h>
-
-#include <future>
-#include <utility>
-#include <vector>
 
 #include "tests/kit/user_interface.h"
 #include "tests/platform/difference.h"

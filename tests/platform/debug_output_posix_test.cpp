@@ -1,13 +1,8 @@
 // Debug output through the socket, and monitors that are dead or stuck.
-#include <gtest/gtest.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cstring>
-#include <string>
-#include <vector>
 
 #include "platform/core/debug_socket.h"
 #include "platform/core/descriptor.h"

@@ -1,11 +1,4 @@
 // Debug output and the monitor that listens to it.
-#include <gtest/gtest.h>
-
-#include <array>
-#include <chrono>
-#include <string>
-#include <thread>
-#include <vector>
 
 #include "platform/debug_monitor.h"
 #include "platform/win32.h"

@@ -1,8 +1,4 @@
 // Whatever a program destroys while it is called back, the layer carries on.
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <vector>
 
 #include "platform/core/window.h"
 #include "platform/screen.h"

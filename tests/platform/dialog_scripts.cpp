@@ -5,16 +5,10 @@
 //   dialog_scripts SEED [STEPS]      so many steps in each dialog, 40 unless told
 //
 // Left out is what is known to differ, with the reason where it is left out.
-#include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cctype>
 #include <cstdio>
-#include <cstdlib>
-#include <map>
 #include <random>
-#include <string>
-#include <vector>
 
 #include "tests/kit/user_interface.h"
 

@@ -1,7 +1,4 @@
 // How dialog boxes start and end.
-#include <gtest/gtest.h>
-
-#include <string>
 
 #include "tests/kit/user_interface.h"
 #include "tests/platform/dialogs.h"

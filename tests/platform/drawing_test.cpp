@@ -1,9 +1,4 @@
 // What drawing on device contexts leaves there, on windows and in memory.
-#include <gtest/gtest.h>
-
-#include <array>
-#include <cstdint>
-#include <vector>
 
 #include "tests/platform/plain_window.h"
 

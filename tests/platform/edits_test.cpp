@@ -1,9 +1,4 @@
 // The rules of edits.
-#include <gtest/gtest.h>
-
-#include <array>
-#include <string>
-#include <tuple>
 
 #include "tests/kit/person.h"
 #include "tests/kit/user_interface.h"

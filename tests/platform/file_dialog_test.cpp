@@ -1,11 +1,6 @@
 // The dialog for opening a file.
-#include <gtest/gtest.h>
 
-#include <algorithm>
-#include <array>
 #include <cctype>
-#include <optional>
-#include <string>
 
 #include "tests/kit/file_dialog.h"
 #include "tests/kit/user_interface.h"

@@ -1,12 +1,4 @@
 // What every Win32 tells of a file.
-#include <gtest/gtest.h>
-
-#include <chrono>
-#include <cstdint>
-#include <cstdlib>
-#include <filesystem>
-#include <optional>
-#include <string>
 
 #include "platform/win32.h"
 #include "tests/platform/temporary_folder.h"

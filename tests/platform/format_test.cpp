@@ -1,10 +1,7 @@
 // Win32's own formatting.
-#include <gtest/gtest.h>
-
-#include <array>
-#include <string>
 
 #include "platform/win32.h"
+#include "tests/kit/test.h"
 
 namespace {
 

@@ -1,8 +1,4 @@
 // What a screen reports reaches the program as Windows would bring it.
-#include <gtest/gtest.h>
-
-#include <string>
-#include <utility>
 
 #include "platform/core/window.h"
 #include "platform/screen.h"

@@ -1,7 +1,4 @@
 // How a driver that is a library is opened, spoken to and closed.
-#include <gtest/gtest.h>
-
-#include <string>
 
 #include "tests/platform/plain_window.h"
 

@@ -1,8 +1,4 @@
 // What keys do in a dialog box.
-#include <gtest/gtest.h>
-
-#include <sstream>
-#include <string>
 
 #include "tests/kit/user_interface.h"
 #include "tests/platform/dialogs.h"

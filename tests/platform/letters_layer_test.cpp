@@ -1,7 +1,7 @@
 // Letters as the layer's screens report them: by their number in Unicode, where Windows has a byte.
-#include <gtest/gtest.h>
 
 #include "platform/win32.h"
+#include "tests/kit/test.h"
 
 namespace {
 

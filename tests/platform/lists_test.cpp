@@ -1,8 +1,4 @@
 // The rules of list boxes and combo boxes.
-#include <gtest/gtest.h>
-
-#include <array>
-#include <string>
 
 #include "tests/kit/person.h"
 #include "tests/kit/user_interface.h"

@@ -1,8 +1,4 @@
 // Menus: what their templates make, their marks, and the room a bar takes.
-#include <gtest/gtest.h>
-
-#include <array>
-#include <string>
 
 #include "tests/platform/dialogs.h"
 #include "tests/platform/plain_window.h"

@@ -1,8 +1,4 @@
 // What message boxes show and answer.
-#include <gtest/gtest.h>
-
-#include <array>
-#include <functional>
 
 #include "tests/kit/user_interface.h"
 #include "tests/platform/dialogs.h"

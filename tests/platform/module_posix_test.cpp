@@ -1,8 +1,4 @@
 // Library names where the file system tells capitals from small letters.
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <string>
 
 #include "platform/win32.h"
 #include "tests/platform/temporary_folder.h"

@@ -1,10 +1,9 @@
 // Loading libraries, and the memory and clock that come with them.
-#include <gtest/gtest.h>
 
-#include <cstdint>
 #include <cstring>
 
 #include "platform/win32.h"
+#include "tests/kit/test.h"
 
 namespace {
 

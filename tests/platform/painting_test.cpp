@@ -1,8 +1,4 @@
 // When a window is asked to paint, and what painting reaches.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <vector>
 
 #include "tests/platform/plain_window.h"
 

@@ -1,8 +1,6 @@
 // A program of the test's own with a window that writes down what it is told.
 #pragma once
 
-#include <vector>
-
 #include "platform/win32.h"
 #include "tests/kit/user_interface.h"
 

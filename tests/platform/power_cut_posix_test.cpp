@@ -1,16 +1,10 @@
 // What a power cut leaves of the files that are stored.
-#include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include <atomic>
-#include <cstdlib>
-#include <filesystem>
-#include <string>
 
 #include "tests/kit/process.h"
 #include "tests/platform/stored_file.h"

@@ -1,11 +1,7 @@
 // Profile files as files of a POSIX system: their folder, mode and owner.
-#include <gtest/gtest.h>
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include <array>
-#include <string>
 
 #include "platform/win32.h"
 #include "tests/platform/temporary_folder.h"

@@ -1,13 +1,6 @@
 // What every Win32 does with a profile file.
-#include <gtest/gtest.h>
 
-#include <array>
-#include <filesystem>
 #include <fstream>
-#include <string>
-#include <string_view>
-#include <thread>
-#include <vector>
 
 #include "platform/win32.h"
 #include "tests/platform/difference.h"

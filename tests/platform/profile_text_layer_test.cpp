@@ -1,9 +1,6 @@
 // Where the layer's profile text keeps more than Win32 promises.
 #include "platform/core/profile_text.h"
-
-#include <gtest/gtest.h>
-
-#include <array>
+#include "tests/kit/test.h"
 
 namespace vxd {
 namespace {

@@ -1,13 +1,4 @@
 // The message queue and timers.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <atomic>
-#include <chrono>
-#include <cstdlib>
-#include <set>
-#include <thread>
-#include <vector>
 
 #include "tests/kit/user_interface.h"
 #include "tests/platform/plain_window.h"

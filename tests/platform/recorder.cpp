@@ -1,11 +1,5 @@
 #include "tests/platform/recorder.h"
 
-#include <gtest/gtest.h>
-
-#include <future>
-#include <map>
-#include <utility>
-
 #include "tests/kit/user_interface.h"
 
 namespace kit {

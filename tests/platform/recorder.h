@@ -1,13 +1,6 @@
 // A dialog of the test's own that writes down what its procedure is told.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "platform/win32.h"
 #include "tests/kit/dialog.h"
 

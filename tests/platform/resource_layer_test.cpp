@@ -1,16 +1,10 @@
 // The program's own resources: what no test that opens one menu or dialog would see.
 #include "platform/core/resource.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <set>
-#include <string>
-#include <vector>
-
 #include "platform/core/resource_registry.h"
 #include "platform/win32.h"
 #include "res/resource.h"
+#include "tests/kit/test.h"
 
 namespace vxd {
 namespace {

@@ -1,8 +1,4 @@
 // What templates make: dialogs of both formats with their controls in order.
-#include <gtest/gtest.h>
-
-#include <array>
-#include <string>
 
 #include "tests/kit/user_interface.h"
 #include "tests/platform/dialogs.h"

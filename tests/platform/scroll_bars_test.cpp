@@ -1,10 +1,4 @@
 // What scroll bars tell of a person's actions. They move only when the program moves them.
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <future>
-#include <string>
-#include <utility>
 
 #include "tests/kit/dialog.h"
 #include "tests/kit/person.h"

@@ -1,6 +1,5 @@
 // What stands in the way of storing, and programs that are killed or share a file.
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/file.h>
 #include <sys/mman.h>
@@ -9,13 +8,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <filesystem>
-#include <functional>
 #include <new>
 #include <random>
 #include <span>
-#include <sstream>
-#include <string>
 
 #include "tests/kit/process.h"
 #include "tests/platform/stored_file.h"

@@ -1,13 +1,7 @@
 // The two kinds of files that programs store, by what a program does with them.
 #pragma once
 
-#include <array>
-#include <atomic>
-#include <chrono>
-#include <cstdint>
 #include <ostream>
-#include <string>
-#include <thread>
 
 #include "board/control.h"
 #include "driver/kora_dll32.h"
@@ -15,6 +9,7 @@
 #include "driver/result_code.h"
 #include "driver/shared_words.h"
 #include "platform/win32.h"
+#include "tests/kit/test.h"
 
 // One byte in the file, 0 where none was stored.
 struct StoredFile {

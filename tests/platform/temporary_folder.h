@@ -1,12 +1,11 @@
 // A folder of its own for a test, gone with all its files when the test is over.
 #pragma once
 
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <random>
-#include <string>
-#include <string_view>
+
+#include "tests/kit/test.h"
 
 class TemporaryFolder {
   public:

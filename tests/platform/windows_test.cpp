@@ -1,10 +1,4 @@
 // Windows: what they are told from their making to their end, focus, size, order.
-#include <gtest/gtest.h>
-
-#include <array>
-#include <map>
-#include <string>
-#include <utility>
 
 #include "tests/platform/plain_window.h"
 

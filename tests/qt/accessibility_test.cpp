@@ -4,10 +4,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QListWidget>
-#include <functional>
-#include <string>
-#include <utility>
-#include <vector>
 
 #include "tests/qt/form_test.h"
 

@@ -1,16 +1,10 @@
 // Activation on the Qt screen, offscreen and under a window manager alike.
-#include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
 #include <QTest>
 #include <QWindow>
-#include <chrono>
-#include <cstdlib>
-#include <string>
-#include <thread>
-#include <vector>
 
 #include "tests/kit/dialog.h"
 #include "tests/kit/process.h"

@@ -1,7 +1,6 @@
 // The mouse on a dialog's own area: where no control lies that has a use for it.
 #include <QTest>
 #include <QWindow>
-#include <string>
 
 #include "tests/qt/form_test.h"
 

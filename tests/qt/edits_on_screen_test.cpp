@@ -1,10 +1,8 @@
 // What a person types and pastes into native edits reaches the program, and the other way round.
-#include <gtest/gtest.h>
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLineEdit>
-#include <string>
 
 #include "tests/qt/form_test.h"
 

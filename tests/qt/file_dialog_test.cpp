@@ -6,9 +6,6 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QTemporaryDir>
-#include <array>
-#include <optional>
-#include <string>
 
 #include "tests/qt/window_test.h"
 

@@ -1,7 +1,6 @@
 // Where the keyboard is can be seen, in the style that a desktop without one of its own shows.
 #include <QApplication>
 #include <QStyleFactory>
-#include <cstdlib>
 
 #include "tests/qt/form_test.h"
 

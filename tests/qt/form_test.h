@@ -1,15 +1,8 @@
 // The form that the screen is tried with, run by a program, and what its controls tell.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QImage>
 #include <QWidget>
-#include <functional>
-#include <future>
-#include <string>
-#include <utility>
-#include <vector>
 
 #include "platform/win32.h"
 #include "tests/kit/dialog.h"

@@ -1,5 +1,4 @@
 // What a person does while the program is busy arrives whole and in its order.
-#include <gtest/gtest.h>
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -7,9 +6,7 @@
 #include <QPlainTextEdit>
 #include <QTest>
 #include <QWindow>
-#include <functional>
 #include <random>
-#include <string>
 
 #include "tests/qt/form_test.h"
 

@@ -1,15 +1,10 @@
 // The menu bar and popups, by keys and mouse.
-#include <gtest/gtest.h>
 
 #include <QImage>
 #include <QMenuBar>
 #include <QToolButton>
 #include <QWindow>
-#include <algorithm>
 #include <initializer_list>
-#include <memory>
-#include <string>
-#include <vector>
 
 #include "tests/qt/window_test.h"
 

@@ -7,10 +7,7 @@
 #include <QTest>
 #include <QWheelEvent>
 #include <QWindow>
-#include <chrono>
 #include <cstdio>
-#include <cstdlib>
-#include <future>
 
 #include "platform/qt/qt_screen.h"
 #include "tests/kit/user_interface.h"

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <QWidget>
-#include <functional>
 
 #include "platform/win32.h"
+#include "tests/kit/test.h"
 
 namespace native {
 

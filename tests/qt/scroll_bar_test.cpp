@@ -4,7 +4,6 @@
 #include <QScrollBar>
 #include <QTest>
 #include <QWindow>
-#include <string>
 
 #include "tests/qt/form_test.h"
 

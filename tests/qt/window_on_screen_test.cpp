@@ -1,12 +1,7 @@
 // A window on the desktop: its painting, its place, and what reaches it beside a dialog.
-#include <gtest/gtest.h>
 
 #include <QWindow>
-#include <chrono>
 #include <clocale>
-#include <string>
-#include <thread>
-#include <vector>
 
 #include "tests/kit/dialog.h"
 #include "tests/qt/window_test.h"

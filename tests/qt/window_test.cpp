@@ -1,7 +1,5 @@
 #include "tests/qt/window_test.h"
 
-#include <utility>
-
 #include "tests/qt/form_test.h"
 
 namespace form {

@@ -1,8 +1,6 @@
 // A program's window with a menu bar, filled with one colour, and what it is told.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QColor>
 #include <QCoreApplication>
@@ -13,11 +11,6 @@
 #include <QRect>
 #include <QWidget>
 #include <QWindow>
-#include <cstddef>
-#include <functional>
-#include <future>
-#include <string>
-#include <vector>
 
 #include "platform/win32.h"
 #include "tests/kit/user_interface.h"

@@ -1,12 +1,9 @@
 // The program's start with driver libraries that are missing or lack something. It runs on the
 // screen without a display, which ends the program with the text of a box that nobody answers.
-#include <gtest/gtest.h>
 #include <sys/wait.h>
 
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
-#include <string>
 
 #include "tests/platform/temporary_folder.h"
 

@@ -1,11 +1,6 @@
 #include "tests/tour/tools_view.h"
 
-#include <gtest/gtest.h>
-
 #include <QAccessible>
-#include <cstdint>
-#include <set>
-#include <string>
 
 #include "platform/qt/qt_screen.h"
 #include "tests/kit/user_interface.h"

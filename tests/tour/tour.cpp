@@ -1,16 +1,8 @@
 #include "tests/tour/tour.h"
 
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QMenuBar>
 #include <QWidget>
-#include <filesystem>
-#include <functional>
-#include <optional>
-#include <set>
-#include <string>
-#include <vector>
 
 #include "platform/core/resource.h"
 #include "platform/qt/snapshot.h"

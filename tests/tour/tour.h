@@ -1,7 +1,7 @@
 // Where the tour leaves its pictures.
 #pragma once
 
-#include <string>
+#include "tests/kit/test.h"
 
 namespace tour {
 

@@ -1,12 +1,5 @@
 #include "tests/kit/file_dialog.h"
 
-#include <gtest/gtest.h>
-
-#include <chrono>
-#include <future>
-#include <optional>
-#include <thread>
-
 #include "platform/core/file_dialog.h"
 #include "platform/core/queue.h"
 #include "tests/kit/user_interface.h"

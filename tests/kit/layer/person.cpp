@@ -1,12 +1,5 @@
 #include "tests/kit/person.h"
 
-#include <gtest/gtest.h>
-
-#include <chrono>
-#include <functional>
-#include <future>
-#include <string_view>
-
 #include "platform/core/handle_table.h"
 #include "platform/core/queue.h"
 #include "platform/screen.h"

@@ -1,13 +1,9 @@
 #include "tests/kit/process.h"
 
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include <filesystem>
-#include <optional>
 
 namespace kit {
 namespace {

@@ -1,10 +1,6 @@
 #include "tests/kit/file_dialog.h"
 
 #include <dlgs.h>
-#include <gtest/gtest.h>
-
-#include <chrono>
-#include <thread>
 
 #include "tests/kit/dialog.h"
 #include "tests/kit/user_interface.h"

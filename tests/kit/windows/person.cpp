@@ -1,12 +1,6 @@
 #include "tests/kit/person.h"
 
-#include <gtest/gtest.h>
-
-#include <chrono>
 #include <cstring>
-#include <thread>
-#include <utility>
-#include <vector>
 
 #include "tests/kit/user_interface.h"
 

@@ -1,7 +1,5 @@
 #include "tests/kit/process.h"
 
-#include <gtest/gtest.h>
-
 #include "platform/win32.h"
 
 namespace kit {
