@@ -195,16 +195,6 @@ TEST_F(ColourTables, AnEntryThatTheListDoesNotHaveIsNeitherChosenNorRead) {
         dialog.Press(IDOK);
         EXPECT_EQ(StoredEntry("BTOverlay"), "1");
     }
-    for (const char* entry : {"-1", "256"}) {
-        StoreEntry("BTPalette", entry);
-        const kit::Dialog dialog = OpenPalette();
-        EXPECT_EQ(ReceivedCalls(), Texts{}) << entry;
-        EXPECT_EQ(Entry(dialog), "none");
-        EXPECT_EQ(Colour(dialog), "");
-        EXPECT_EQ(ReceivedOn(dialog, IDC_COLOURS_READ_ALL), Texts{});
-        dialog.Press(IDOK);
-        EXPECT_EQ(StoredEntry("BTPalette"), "0");
-    }
 }
 
 TEST_F(ColourTables, FailuresAreReportedAndAColourThatIsNotReadCountsAsBlack) {

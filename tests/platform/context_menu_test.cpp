@@ -1,13 +1,12 @@
-// How a window is asked for its context menu, and what a popup menu answers.
+// What a popup menu answers.
 
 #include "tests/kit/user_interface.h"
 #include "tests/platform/difference.h"
 
 namespace {
 
-// What the window was asked and told. User-interface thread, or after its end.
+// What the window was told. User-interface thread, or after its end.
 struct Told {
-    std::vector<std::pair<HWND, LPARAM>> requests;
     std::vector<WPARAM> commands;
     int opened = 0;
     bool isOpen = false;  // as far as the caller of the popup can tell
@@ -18,11 +17,8 @@ Told& TheTold() {
     return told;
 }
 
-LRESULT CALLBACK AskedProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CALLBACK TellingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_CONTEXTMENU:
-            TheTold().requests.emplace_back(reinterpret_cast<HWND>(wParam), lParam);
-            return 0;
         case WM_COMMAND:
             EXPECT_FALSE(TheTold().isOpen) << "a command comes when the menu is gone";
             EXPECT_EQ(lParam, 0) << "it comes from no control";
@@ -37,39 +33,11 @@ LRESULT CALLBACK AskedProcedure(HWND window, UINT message, WPARAM wParam, LPARAM
 }
 
 HWND MakeWindow() {
-    kit::RegisterWindowClass("Asked", AskedProcedure);
-    const HWND window = CreateWindowExA(0, "Asked", "Asked", WS_OVERLAPPEDWINDOW, 50, 60, 200, 100,
+    kit::RegisterWindowClass("Told", TellingProcedure);
+    const HWND window = CreateWindowExA(0, "Told", "Told", WS_OVERLAPPEDWINDOW, 50, 60, 200, 100,
                                         nullptr, nullptr, GetModuleHandleA(nullptr), nullptr);
     ShowWindow(window, SW_SHOW);
     return window;
-}
-
-LPARAM OnScreen(HWND window, int x, int y) {
-    POINT point{x, y};
-    ClientToScreen(window, &point);
-    return MAKELPARAM(point.x, point.y);
-}
-
-TEST(ContextMenu, IsAskedForByTheMenuKeyAndTheRightButtonAndAChildPassesItOn) {
-    kit::StartProgram([] {
-        const HWND window = MakeWindow();
-        const HWND child = CreateWindowExA(0, "Static", "", WS_CHILD | WS_VISIBLE, 30, 40, 50, 20,
-                                           window, nullptr, nullptr, nullptr);
-        using Requests = std::vector<std::pair<HWND, LPARAM>>;
-        SendMessageA(window, WM_KEYUP, 'A', 0);
-        EXPECT_EQ(TheTold().requests, Requests{});
-        SendMessageA(window, WM_KEYDOWN, VK_APPS, 0);
-        SendMessageA(window, WM_KEYUP, VK_APPS, 0);
-        EXPECT_EQ(TheTold().requests,
-                  kit::ExceptOn(WindowSystem::kWine, {}, "does not know the menu key",
-                                Requests{{window, -1}}));
-        TheTold().requests.clear();
-        SendMessageA(window, WM_RBUTTONUP, 0, MAKELPARAM(3, 4));
-        SendMessageA(child, WM_RBUTTONUP, 0, MAKELPARAM(1, 2));
-        EXPECT_EQ(TheTold().requests,
-                  (Requests{{window, OnScreen(window, 3, 4)}, {child, OnScreen(window, 31, 42)}}));
-        return 0;
-    }).get();
 }
 
 // A program that shows a window and runs until it is told to quit.

@@ -146,39 +146,4 @@ PROGRAM_TEST(Drawing, APictureFillsTheAreaItIsStretchedOver) {
     EXPECT_EQ(RowOf(dc, 0, 1, 2), (Row{kMixed, kMixed}));
 }
 
-// The video of a window is drawn like this: again and again on a context that nobody gives back.
-PROGRAM_TEST(Drawing, OnAContextOfItsOwnIsThereWithoutARelease) {
-    WNDCLASSA windowClass{};
-    windowClass.style = CS_OWNDC;
-    windowClass.lpfnWndProc = DefWindowProcA;
-    windowClass.hInstance = GetModuleHandleA(nullptr);
-    windowClass.lpszClassName = "Drawn";
-    ASSERT_NE(RegisterClassA(&windowClass), 0);
-    const HWND window = CreateWindowExA(0, "Drawn", "", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10,
-                                        300, 200, nullptr, nullptr, windowClass.hInstance, nullptr);
-    UpdateWindow(window);
-    const HDC own = GetDC(window);
-    SetStretchBltMode(own, COLORONCOLOR);
-    const BITMAPINFO info = Describe(-2);
-    RECT client{};
-    const auto draw = [&] {
-        GetClientRect(window, &client);
-        return StretchDIBits(own, 0, 0, client.right, client.bottom, 0, 0, 2, 2, kPicture.data(),
-                             &info, DIB_RGB_COLORS, SRCCOPY);
-    };
-    EXPECT_EQ(draw(), 2);
-    EXPECT_EQ(GetPixel(own, client.right - 1, 0), kGreen);
-    const LONG narrow = client.right;
-    SetWindowPos(window, nullptr, 0, 0, 400, 250, SWP_NOMOVE | SWP_NOZORDER);
-    InvalidateRect(window, nullptr, TRUE);
-    UpdateWindow(window);
-    EXPECT_EQ(GetPixel(own, 0, 0), kRed) << "no brush, so nothing is erased";
-    EXPECT_EQ(draw(), 2);
-    EXPECT_GT(client.right, narrow);
-    EXPECT_EQ(GetPixel(own, client.right - 1, client.bottom - 1), kMixed);
-    EXPECT_EQ(SetStretchBltMode(GetDC(window), COLORONCOLOR), COLORONCOLOR) << "it is kept";
-    DestroyWindow(window);
-    EXPECT_EQ(draw(), 0);
-}
-
 }  // namespace

@@ -40,23 +40,6 @@ PROGRAM_TEST(Painting, ComesAgainUntilTheUpdateRegionIsTaken) {
     EXPECT_EQ(ColourAt(window, 40, 40), kit::kPlainBackground) << "the class's background";
 }
 
-PROGRAM_TEST(Painting, UpdatingPaintsAtOnceAndOnlyWhatIsDamaged) {
-    const HWND window = MakePlainWindow();
-    InvalidateRect(window, nullptr, TRUE);
-    UpdateWindow(window);
-    EXPECT_TRUE(Told().empty()) << "a hidden window is not painted";
-    ShowWindow(window, SW_SHOW);
-    UpdateWindow(window);
-    Drain();
-    Told().clear();
-    UpdateWindow(window);
-    EXPECT_TRUE(Told().empty()) << "nothing is damaged";
-    InvalidateRect(window, nullptr, FALSE);
-    UpdateWindow(window);
-    EXPECT_EQ(Told(), std::vector<UINT>{WM_PAINT});
-    EXPECT_TRUE(Drain().empty());
-}
-
 PROGRAM_TEST(Painting, DamageAddsUpAndIsErasedWhenAnyOfItAsksForThat) {
     const HWND window = ShowPlainWindow();
     const HBRUSH brush = CreateSolidBrush(RGB(200, 100, 50));
@@ -83,37 +66,6 @@ PROGRAM_TEST(Painting, DamageAddsUpAndIsErasedWhenAnyOfItAsksForThat) {
     EXPECT_EQ(ColourAt(window, 15, 15), kit::kPlainBackground);
     EXPECT_EQ(ColourAt(window, 35, 15), kit::kPlainBackground);
     EXPECT_EQ(ColourAt(window, 5, 5), RGB(200, 100, 50));
-}
-
-void FillWith(HWND window, const HDC dc, COLORREF colour) {
-    RECT all{};
-    GetClientRect(window, &all);
-    const HBRUSH brush = CreateSolidBrush(colour);
-    FillRect(dc, &all, brush);
-    DeleteObject(brush);
-}
-
-PROGRAM_TEST(Painting, OnAControlLastsUntilTheControlIsPaintedAnew) {
-    const HWND window = MakePlainWindow();
-    const HWND label = CreateWindowExA(0, "Static", "first", WS_CHILD | WS_VISIBLE, 10, 10, 60, 20,
-                                       window, nullptr, nullptr, nullptr);
-    ShowWindow(window, SW_SHOW);
-    UpdateWindow(window);
-    Drain();
-    constexpr COLORREF kDrawn = RGB(10, 200, 30);
-    const auto draw = [label] {
-        const HDC dc = GetDC(label);
-        FillWith(label, dc, kDrawn);
-        ReleaseDC(label, dc);
-        return ColourAt(label, 50, 15);
-    };
-    EXPECT_EQ(draw(), kDrawn);
-    SetWindowTextA(label, "second");
-    EXPECT_NE(ColourAt(label, 50, 15), kDrawn);
-    EXPECT_EQ(draw(), kDrawn);
-    InvalidateRect(label, nullptr, TRUE);
-    UpdateWindow(label);
-    EXPECT_NE(ColourAt(label, 50, 15), kDrawn);
 }
 
 }  // namespace

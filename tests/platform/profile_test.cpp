@@ -33,56 +33,44 @@ class ProfileTest : public testing::Test {
 };
 
 TEST_F(ProfileTest, ValuesAreReadWithoutBlanksAndOnePairOfQuotes) {
-    struct Case {
-        const char* contents;
-        const char* value;
-    };
-    const auto cases = std::to_array<Case>({
-        {"[s]\r\nk=plain", "plain"},
-        {"[s]\nk=line feeds\n", "line feeds"},
-        {" [ s ] rest\r\n\tk \t=\t two words \t\r\n", "two words"},
-        {"[S]\r\nK=capitals\r\n", "capitals"},
-        {"[s]\r\nk=\r\n", ""},
-        {"[s]\r\nk=a=b;c#d\r\n", "a=b;c#d"},
-        {"[s]\r\nk=\" kept \"\r\n", " kept "},
-        {"[s]\r\nk=' kept '\r\n", " kept "},
-        {"[s]\r\nk=\"\"twice\"\"\r\n", "\"twice\""},
-        {"[s]\r\nk='mixed\"\r\n", "'mixed\""},
-        {"[s]\r\nk=\"\r\n", "\""},
-        {"[s]\r\n ; k=comment\r\n;k=comment\r\nk=value\r\n", "value"},
-        {"[s]\r\nk=first\r\nk=second\r\n", "first"},
-        {"[s]\r\na=1\r\n[t]\r\nk=other\r\n[s]\r\nk=too late\r\n", "(none)"},
-        {"[t]\r\nk=1\r\n", "(none)"},
-        {"[s]\r\nkk=1\r\nk\r\n", "(none)"},
-        {"", "(none)"},
-    });
-    for (const Case& c : cases) {
-        SetContents(c.contents);
-        EXPECT_EQ(Read("s", "k"), c.value) << c.contents;
+    for (const auto& [contents, value] : std::vector<std::pair<const char*, const char*>>{
+             {"[s]\r\nk=plain", "plain"},
+             {"[s]\nk=line feeds\n", "line feeds"},
+             {" [ s ] rest\r\n\tk \t=\t two words \t\r\n", "two words"},
+             {"[S]\r\nK=capitals\r\n", "capitals"},
+             {"[s]\r\nk=\r\n", ""},
+             {"[s]\r\nk=a=b;c#d\r\n", "a=b;c#d"},
+             {"[s]\r\nk=\" kept \"\r\n", " kept "},
+             {"[s]\r\nk=' kept '\r\n", " kept "},
+             {"[s]\r\nk=\"\"twice\"\"\r\n", "\"twice\""},
+             {"[s]\r\nk='mixed\"\r\n", "'mixed\""},
+             {"[s]\r\nk=\"\r\n", "\""},
+             {"[s]\r\n ; k=comment\r\n;k=comment\r\nk=value\r\n", "value"},
+             {"[s]\r\nk=first\r\nk=second\r\n", "first"},
+             {"[s]\r\na=1\r\n[t]\r\nk=other\r\n[s]\r\nk=too late\r\n", "(none)"},
+             {"[t]\r\nk=1\r\n", "(none)"},
+             {"[s]\r\nkk=1\r\nk\r\n", "(none)"},
+             {"", "(none)"}}) {
+        SetContents(contents);
+        EXPECT_EQ(Read("s", "k"), value) << contents;
     }
 }
 
 TEST_F(ProfileTest, NumbersAreReadAsFarAsTheDigitsGo) {
-    struct Case {
-        const char* value;
-        INT number;
-    };
-    const auto cases = std::to_array<Case>({
-        {"42", 42},
-        {"42A9", 42},
-        {"B42", 0},
-        {"-1", -1},
-        {"+5", 5},
-        {" \"17\" ", 17},
-        {"4294967297", 1},
-        {"2147483648", INT{-2147483647} - 1},
-        {"", 70},
-        {"''", 70},
-    });
-    for (const Case& c : cases) {
-        SetContents(std::string("[s]\r\nk=") + c.value + "\r\n");
-        EXPECT_EQ(static_cast<INT>(GetPrivateProfileIntA("s", "k", 70, file_.c_str())), c.number)
-            << c.value;
+    for (const auto& [value, number] :
+         std::vector<std::pair<const char*, INT>>{{"42", 42},
+                                                  {"42A9", 42},
+                                                  {"B42", 0},
+                                                  {"-1", -1},
+                                                  {"+5", 5},
+                                                  {" \"17\" ", 17},
+                                                  {"4294967297", 1},
+                                                  {"2147483648", INT{-2147483647} - 1},
+                                                  {"", 70},
+                                                  {"''", 70}}) {
+        SetContents(std::string("[s]\r\nk=") + value + "\r\n");
+        EXPECT_EQ(static_cast<INT>(GetPrivateProfileIntA("s", "k", 70, file_.c_str())), number)
+            << value;
     }
     EXPECT_EQ(GetPrivateProfileIntA("s", "missing", 70, file_.c_str()), 70u);
     EXPECT_EQ(static_cast<INT>(GetPrivateProfileIntA("s", "k", -3, (file_ + "x").c_str())), -3);

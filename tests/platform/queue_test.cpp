@@ -9,7 +9,6 @@ using kit::Drain;
 using kit::kDoubleMessage;
 using kit::kFirstMessage;
 using kit::MakePlainWindow;
-using kit::RunAsProgram;
 using kit::ShowPlainWindow;
 using kit::Told;
 
@@ -104,38 +103,6 @@ PROGRAM_TEST(Queue, LookingLeavesAMessageThereAndARangeTakesOnlyItsOwn) {
     EXPECT_EQ(message.lParam, 8);
     EXPECT_EQ(Drain(), (std::vector<UINT>{kFirstMessage, kFirstMessage + 1}));
     EXPECT_FALSE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE));
-}
-
-TEST(Queue, OtherThreadsSendAndWaitAndPostInOrder) {
-    constexpr int kThreads = 4;
-    constexpr int kRounds = 200;
-    RunAsProgram([] {
-        const HWND window = MakePlainWindow();
-        std::atomic<int> wrong{0};
-        std::vector<std::thread> others;
-        for (int each = 0; each < kThreads; ++each) {
-            others.emplace_back([&, each] {
-                for (int round = 0; round < kRounds; ++round) {
-                    const auto value = static_cast<WPARAM>(each * kRounds + round);
-                    if (SendMessageA(window, kDoubleMessage, value, 0) !=
-                        static_cast<LRESULT>(value) * 2)
-                        ++wrong;
-                    PostMessageA(window, kFirstMessage + 1, 0, 0);
-                }
-                PostMessageA(window, kFirstMessage + 2, 0, 0);
-            });
-        }
-        int ended = 0;
-        MSG message;
-        while (ended < kThreads && GetMessageA(&message, nullptr, 0, 0)) {
-            DispatchMessageA(&message);
-            ended += message.message == kFirstMessage + 2;
-        }
-        for (std::thread& other : others)
-            other.join();
-        EXPECT_EQ(wrong, 0);
-        EXPECT_EQ(std::count(Told().begin(), Told().end(), kFirstMessage + 1), kThreads * kRounds);
-    });
 }
 
 TEST(Queue, AThreadThatWaitsForAnAnswerDoesNotKeepTheProcessFromEnding) {

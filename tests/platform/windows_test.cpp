@@ -90,15 +90,6 @@ PROGRAM_TEST(Windows, HidingOrDestroyingTheFocusedOneGivesTheFocusToItsParent) {
     EXPECT_EQ(GetFocus(), parent);
 }
 
-PROGRAM_TEST(Windows, AreFoundByClassAndTitleInAnyCase) {
-    const HWND window = MakeLiving("Wanted", WS_OVERLAPPEDWINDOW);
-    EXPECT_EQ(FindWindowA("life", nullptr), window) << "also when it is not shown";
-    EXPECT_EQ(FindWindowA("Life", "wanted"), window);
-    EXPECT_EQ(FindWindowA("Life", "other"), nullptr);
-    DestroyWindow(window);
-    EXPECT_EQ(FindWindowA("Life", nullptr), nullptr);
-}
-
 PROGRAM_TEST(Windows, OwnedOnesGoWithTheirOwner) {
     const HWND owner = MakeLiving("O", WS_OVERLAPPEDWINDOW);
     const HWND other = MakeLiving("W", WS_OVERLAPPEDWINDOW);
