@@ -1,5 +1,4 @@
 // The audio codec: its registers, and the firmware's sources and muting.
-
 #include "regs/akm_tables.h"
 #include "res/resource.h"
 #include "tests/app/dialog_test.h"

@@ -1,5 +1,4 @@
 // What a call carries: the user-data channels, messages, BAS commands, still images, streams.
-
 #include "codec/user_data_rate.h"
 #include "driver/papi.h"
 #include "res/resource.h"

@@ -1,5 +1,4 @@
 // The older board's commands that bring chips through their life cycle.
-
 #include "board/control.h"
 #include "driver/papi.h"
 #include "res/resource.h"

@@ -1,5 +1,4 @@
 // Commands that act without a dialog, those that do nothing, and what dialogs answer.
-
 #include "app/dispatcher.h"
 #include "board/control.h"
 #include "res/resource.h"

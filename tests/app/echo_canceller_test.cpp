@@ -1,5 +1,4 @@
 // The echo cancellers: their commands, the latch, the level display.
-
 #include "commands/echo_canceller.h"
 #include "res/resource.h"
 #include "tests/app/dialog_test.h"

@@ -1,5 +1,4 @@
 // "EPROM DLG".
-
 #include "driver/shared_words.h"
 #include "res/resource.h"
 #include "tests/app/dialog_test.h"

@@ -1,5 +1,4 @@
 // The arrows of a map of motion, as the utility loads them.
-
 #include "platform/win32.h"
 #include "res/resource.h"
 #include "tests/platform/plain_window.h"

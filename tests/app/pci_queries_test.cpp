@@ -1,5 +1,4 @@
 // What the PCI queries tell.
-
 #include "board/control.h"
 #include "tests/app/traced_utility.h"
 #include "tests/kit/dialog.h"

@@ -1,5 +1,4 @@
 // "Send Raw Command".
-
 #include "res/resource.h"
 #include "tests/app/dialog_test.h"
 

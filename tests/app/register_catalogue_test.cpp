@@ -1,5 +1,4 @@
 // The register catalogues: what the ids' structure says of them as a whole.
-
 #include <bit>
 
 #include "regs/arcofi_catalogue.h"

@@ -1,5 +1,4 @@
 // How the utility starts, keeps its window and ends.
-
 #include "app/start.h"
 #include "board/control.h"
 #include "driver/kora_dll32.h"

@@ -1,5 +1,4 @@
 // The video encoder's dialogs but for its register browser, which is among the others.
-
 #include "res/resource.h"
 #include "tests/app/dialog_test.h"
 

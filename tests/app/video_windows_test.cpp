@@ -1,5 +1,4 @@
 // The windows that show the local and the remote video.
-
 #include "board/control.h"
 #include "board/test_picture.h"
 #include "platform/debug_monitor.h"

@@ -1,5 +1,4 @@
 // The audio codecs' and the echo cancellers' registers.
-
 #include "driver/firmware_command.h"
 #include "tests/board/board_test.h"
 

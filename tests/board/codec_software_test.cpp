@@ -1,5 +1,4 @@
 // The software of the codec processor, and the streams of a call.
-
 #include "tests/board/board_test.h"
 #include "tests/platform/temporary_folder.h"
 

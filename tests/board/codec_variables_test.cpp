@@ -1,5 +1,4 @@
 // The codec processor's variables: transfers by name, and the repeated test of one.
-
 #include "driver/low_memory.h"
 #include "driver/shared_words.h"
 #include "tests/board/driver_test.h"

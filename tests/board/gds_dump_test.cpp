@@ -1,5 +1,4 @@
 // The GDS dump in the debug output.
-
 #include "platform/debug_monitor.h"
 #include "tests/board/driver_test.h"
 

@@ -1,5 +1,4 @@
 // The I2C bus and the two cameras on it.
-
 #include "driver/firmware_command.h"
 #include "tests/board/driver_test.h"
 

@@ -1,5 +1,4 @@
 // The two libraries as a program meets them: by file name and plain names.
-
 #include "driver/shared_words.h"
 #include "platform/win32.h"
 #include "tests/board/driver_test.h"

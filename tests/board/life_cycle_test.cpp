@@ -1,5 +1,4 @@
 // Chips and services brought through their life cycles, in order and out of it.
-
 #include "tests/board/driver_test.h"
 
 using LifeCycles = DriverTest;

@@ -1,5 +1,4 @@
 // Monitor bytes: they arrive from the board's own thread, later, or not at all.
-
 #include "driver/low_memory.h"
 #include "tests/board/driver_test.h"
 

@@ -1,5 +1,4 @@
 // The board software's own trace, by its debug levels.
-
 #include "driver/debug_levels.h"
 #include "driver/firmware_command.h"
 #include "platform/debug_monitor.h"

@@ -1,5 +1,4 @@
 // The video encoders' registers and fields, and what of them ends with a reset.
-
 #include "driver/low_memory.h"
 #include "tests/board/driver_test.h"
 

@@ -1,5 +1,4 @@
 // The moving test picture, and what freezes it on the screen.
-
 #include "board/test_picture.h"
 #include "tests/board/board_test.h"
 

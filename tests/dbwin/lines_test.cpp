@@ -1,5 +1,4 @@
 // What the debug viewer makes of its command line and of lines.
-
 #include "dbwin/filter.h"
 #include "dbwin/form.h"
 #include "dbwin/options.h"

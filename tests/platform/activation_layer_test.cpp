@@ -1,6 +1,5 @@
 // Activation against a desktop that takes its time: the core asks, the desktop tells, and neither
 // answers the other for ever.
-
 #include <deque>
 
 #include "platform/core/window.h"

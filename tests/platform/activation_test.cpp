@@ -1,5 +1,4 @@
 // Which window is active, and how often windows are told.
-
 #include "tests/platform/plain_window.h"
 
 namespace {

@@ -1,5 +1,4 @@
 // Push buttons, check boxes, radio buttons and their groups.
-
 #include "tests/kit/person.h"
 #include "tests/kit/user_interface.h"
 #include "tests/platform/dialogs.h"

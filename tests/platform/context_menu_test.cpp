@@ -1,5 +1,4 @@
 // What a popup menu answers.
-
 #include "tests/kit/user_interface.h"
 #include "tests/platform/difference.h"
 

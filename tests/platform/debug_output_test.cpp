@@ -1,5 +1,4 @@
 // Debug output and the monitor that listens to it.
-
 #include "platform/debug_monitor.h"
 #include "platform/win32.h"
 #include "tests/platform/difference.h"

@@ -1,5 +1,4 @@
 // Whatever a program destroys while it is called back, the layer carries on.
-
 #include "platform/core/window.h"
 #include "platform/screen.h"
 #include "tests/kit/user_interface.h"

@@ -5,7 +5,6 @@
 //   dialog_scripts SEED [STEPS]      so many steps in each dialog, 40 unless told
 //
 // Left out is what is known to differ, with the reason where it is left out.
-
 #include <cctype>
 #include <cstdio>
 #include <random>

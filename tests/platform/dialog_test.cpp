@@ -1,5 +1,4 @@
 // How dialog boxes start and end.
-
 #include "tests/kit/user_interface.h"
 #include "tests/platform/dialogs.h"
 #include "tests/platform/plain_window.h"

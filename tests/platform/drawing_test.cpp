@@ -1,5 +1,4 @@
 // What drawing on device contexts leaves there, on windows and in memory.
-
 #include "tests/platform/plain_window.h"
 
 namespace {

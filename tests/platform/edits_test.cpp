@@ -1,5 +1,4 @@
 // The rules of edits.
-
 #include "tests/kit/person.h"
 #include "tests/kit/user_interface.h"
 #include "tests/platform/dialogs.h"

@@ -1,5 +1,4 @@
 // The dialog for opening a file.
-
 #include <cctype>
 
 #include "tests/kit/file_dialog.h"

@@ -1,5 +1,4 @@
 // What every Win32 tells of a file.
-
 #include "platform/win32.h"
 #include "tests/platform/temporary_folder.h"
 

@@ -1,5 +1,4 @@
 // Win32's own formatting.
-
 #include "platform/win32.h"
 #include "tests/kit/test.h"
 

@@ -1,5 +1,4 @@
 // What a screen reports reaches the program as Windows would bring it.
-
 #include "platform/core/window.h"
 #include "platform/screen.h"
 #include "res/resource.h"

@@ -1,5 +1,4 @@
 // What keys do in a dialog box.
-
 #include "tests/kit/user_interface.h"
 #include "tests/platform/dialogs.h"
 #include "tests/platform/difference.h"

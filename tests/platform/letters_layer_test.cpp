@@ -1,5 +1,4 @@
 // Letters as the layer's screens report them: by their number in Unicode, where Windows has a byte.
-
 #include "platform/win32.h"
 #include "tests/kit/test.h"
 

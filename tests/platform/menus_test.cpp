@@ -1,5 +1,4 @@
 // Menus: what their templates make, their marks, and the room a bar takes.
-
 #include "tests/platform/dialogs.h"
 #include "tests/platform/plain_window.h"
 

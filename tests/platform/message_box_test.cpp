@@ -1,5 +1,4 @@
 // What message boxes show and answer.
-
 #include "tests/kit/user_interface.h"
 #include "tests/platform/dialogs.h"
 #include "tests/platform/difference.h"

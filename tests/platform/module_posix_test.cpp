@@ -1,5 +1,4 @@
 // Library names where the file system tells capitals from small letters.
-
 #include "platform/win32.h"
 #include "tests/platform/temporary_folder.h"
 

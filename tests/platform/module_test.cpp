@@ -1,5 +1,4 @@
 // Loading libraries, and the memory and clock that come with them.
-
 #include <cstring>
 
 #include "platform/win32.h"

@@ -1,5 +1,4 @@
 // When a window is asked to paint, and what painting reaches.
-
 #include "tests/platform/plain_window.h"
 
 namespace {

@@ -1,5 +1,4 @@
 // What every Win32 does with a profile file.
-
 #include <fstream>
 
 #include "platform/win32.h"

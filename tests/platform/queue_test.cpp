@@ -1,5 +1,4 @@
 // The message queue and timers.
-
 #include "tests/kit/user_interface.h"
 #include "tests/platform/plain_window.h"
 

@@ -1,5 +1,4 @@
 // What scroll bars tell of a person's actions. They move only when the program moves them.
-
 #include "tests/kit/dialog.h"
 #include "tests/kit/person.h"
 #include "tests/kit/user_interface.h"

@@ -1,5 +1,4 @@
 // Windows: what they are told from their making to their end, focus, size, order.
-
 #include "tests/platform/plain_window.h"
 
 namespace {

@@ -1,5 +1,4 @@
 // Activation on the Qt screen, offscreen and under a window manager alike.
-
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>

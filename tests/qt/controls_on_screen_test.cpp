@@ -1,6 +1,5 @@
 // Focus, buttons, lists and combo boxes: what a person does with the native widgets reaches the
 // program, and what the program sets is what they show.
-
 #include <QCheckBox>
 #include <QComboBox>
 #include <QListWidget>

@@ -1,5 +1,4 @@
 // What a person types and pastes into native edits reaches the program, and the other way round.
-
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLineEdit>

@@ -1,5 +1,4 @@
 // What a person does while the program is busy arrives whole and in its order.
-
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>

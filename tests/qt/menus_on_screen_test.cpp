@@ -1,5 +1,4 @@
 // The menu bar and popups, by keys and mouse.
-
 #include <QImage>
 #include <QMenuBar>
 #include <QToolButton>

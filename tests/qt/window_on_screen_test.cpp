@@ -1,5 +1,4 @@
 // A window on the desktop: its painting, its place, and what reaches it beside a dialog.
-
 #include <QWindow>
 #include <clocale>
 

@@ -1,7 +1,6 @@
 // The tour: the real utility on the simulated board, walked through as a person would, with a
 // picture of every dialog.
 //   vxdtest_tour [FOLDER]
-
 #include <QApplication>
 
 #include "platform/qt/qt_screen.h"
