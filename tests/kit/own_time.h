@@ -16,12 +16,10 @@ namespace kit {
 // not count, nor what the host of a virtual machine takes. For the thread that made it.
 class OwnTime {
   public:
-    OwnTime() { Restart(); }
+    OwnTime() = default;
     ~OwnTime() { close(statistics_); }
     OwnTime(const OwnTime&) = delete;
     OwnTime& operator=(const OwnTime&) = delete;
-
-    void Restart() { start_ = Now(); }
 
     std::chrono::nanoseconds Passed() const {
         const Moment now = Now();
@@ -59,7 +57,7 @@ class OwnTime {
     }
 
     const int statistics_ = open("/proc/thread-self/schedstat", O_RDONLY | O_CLOEXEC);
-    Moment start_{};
+    const Moment start_ = Now();
 };
 
 }  // namespace kit
