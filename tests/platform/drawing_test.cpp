@@ -3,9 +3,6 @@
 
 namespace {
 
-using kit::Drain;
-using kit::MakePlainWindow;
-
 using Row = std::vector<COLORREF>;
 
 constexpr COLORREF kRed = RGB(255, 0, 0);
@@ -23,87 +20,57 @@ Row RowOf(HDC dc, int x, int y, int length) {
     return row;
 }
 
-// Four cells of 2 by 2 pixels in a row, of a colour each, on a device context in memory.
-class Cells {
-  public:
-    explicit Cells(HDC like)
-        : dc_(CreateCompatibleDC(like)),
-          bitmap_(CreateCompatibleBitmap(like, 8, 2)),
-          first_(SelectObject(dc_, bitmap_)) {
-        LONG left = 0;
-        for (const COLORREF colour : {kRed, kGreen, kBlue, kMixed}) {
-            const RECT cell{left, 0, left + 2, 2};
-            const HBRUSH brush = CreateSolidBrush(colour);
-            FillRect(dc_, &cell, brush);
-            DeleteObject(brush);
-            left += 2;
-        }
-    }
-    Cells(const Cells&) = delete;
-    Cells& operator=(const Cells&) = delete;
-    ~Cells() {
-        EXPECT_EQ(SelectObject(dc_, first_), bitmap_);
-        EXPECT_TRUE(DeleteObject(bitmap_));
-        EXPECT_TRUE(DeleteDC(dc_));
-    }
-
-    HDC Dc() const { return dc_; }
-
-  private:
-    HDC dc_;
-    HBITMAP bitmap_;
-    HGDIOBJ first_;
-};
-
 // A shown window with a static frame of 60 by 20 in it, and the frame's device context.
-class FrameInWindow {
-  public:
-    FrameInWindow() : window_(MakePlainWindow()) {
-        frame_ = CreateWindowExA(0, "Static", "", WS_CHILD | WS_VISIBLE | SS_ETCHEDFRAME, 10, 10,
-                                 60, 20, window_, nullptr, nullptr, nullptr);
-        ShowWindow(window_, SW_SHOW);
-        UpdateWindow(window_);
-        UpdateWindow(frame_);
-        Drain();
-        dc_ = GetDC(frame_);
+struct FrameInWindow {
+    HWND window = kit::ShowPlainWindow();
+    HWND frame = CreateWindowExA(0, "Static", "", WS_CHILD | WS_VISIBLE | SS_ETCHEDFRAME, 10, 10,
+                                 60, 20, window, nullptr, nullptr, nullptr);
+    HDC dc = nullptr;
+
+    FrameInWindow() {
+        UpdateWindow(frame);
+        kit::Drain();
+        dc = GetDC(frame);
     }
-    ~FrameInWindow() { ReleaseDC(frame_, dc_); }
-    FrameInWindow(const FrameInWindow&) = delete;
-    FrameInWindow& operator=(const FrameInWindow&) = delete;
-
-    HWND Window() const { return window_; }
-    HDC Dc() const { return dc_; }
-
-  private:
-    HWND window_;
-    HWND frame_ = nullptr;
-    HDC dc_ = nullptr;
 };
 
 PROGRAM_TEST(Drawing, CopiesAndCombinesCellsOfABitmapInAFrame) {
     const FrameInWindow frame;
-    const HDC dc = frame.Dc();
-    const Cells cells(dc);
-    EXPECT_TRUE(BitBlt(dc, 20, 6, 4, 2, cells.Dc(), 2, 0, SRCCOPY));
+    const HDC dc = frame.dc;
+    // Four cells of 2 by 2 pixels in a row, of a colour each.
+    const HDC cells = CreateCompatibleDC(dc);
+    const HBITMAP bitmap = CreateCompatibleBitmap(dc, 8, 2);
+    const HGDIOBJ first = SelectObject(cells, bitmap);
+    LONG left = 0;
+    for (const COLORREF colour : {kRed, kGreen, kBlue, kMixed}) {
+        const RECT cell{left, 0, left + 2, 2};
+        const HBRUSH brush = CreateSolidBrush(colour);
+        FillRect(cells, &cell, brush);
+        DeleteObject(brush);
+        left += 2;
+    }
+    EXPECT_TRUE(BitBlt(dc, 20, 6, 4, 2, cells, 2, 0, SRCCOPY));
     EXPECT_EQ(RowOf(dc, 20, 7, 4), (Row{kGreen, kGreen, kBlue, kBlue}));
-    EXPECT_TRUE(BitBlt(dc, 21, 6, 2, 2, cells.Dc(), 6, 0, SRCAND));
+    EXPECT_TRUE(BitBlt(dc, 21, 6, 2, 2, cells, 6, 0, SRCAND));
     EXPECT_EQ(RowOf(dc, 20, 6, 4), (Row{kGreen, RGB(0, 204, 0), RGB(0, 0, 170), kBlue}));
     // What the source has not got is not drawn.
-    EXPECT_TRUE(BitBlt(dc, 18, 6, 4, 2, cells.Dc(), -2, 0, SRCCOPY));
+    EXPECT_TRUE(BitBlt(dc, 18, 6, 4, 2, cells, -2, 0, SRCCOPY));
     EXPECT_EQ(RowOf(dc, 20, 6, 3), (Row{kRed, kRed, RGB(0, 0, 170)}));
-    EXPECT_TRUE(BitBlt(dc, 19, 7, 4, 2, cells.Dc(), 7, 1, SRCCOPY));
+    EXPECT_TRUE(BitBlt(dc, 19, 7, 4, 2, cells, 7, 1, SRCCOPY));
     EXPECT_EQ(RowOf(dc, 19, 7, 3), (Row{kMixed, kRed, kRed}));
     // Nor is what lies outside of the frame.
-    EXPECT_TRUE(BitBlt(dc, 57, -1, 8, 2, cells.Dc(), 0, 0, SRCCOPY));
+    EXPECT_TRUE(BitBlt(dc, 57, -1, 8, 2, cells, 0, 0, SRCCOPY));
     EXPECT_EQ(RowOf(dc, 57, 0, 3), (Row{kRed, kRed, kGreen}));
     EXPECT_EQ(GetPixel(dc, 60, 0), kNoColour);
-    const HDC around = GetDC(frame.Window());
+    const HDC around = GetDC(frame.window);
     EXPECT_EQ(GetPixel(around, 71, 9), kit::kPlainBackground);
-    ReleaseDC(frame.Window(), around);
+    ReleaseDC(frame.window, around);
     // A copy within one bitmap moves what was there before.
-    EXPECT_TRUE(BitBlt(cells.Dc(), 2, 0, 6, 2, cells.Dc(), 0, 0, SRCCOPY));
-    EXPECT_EQ(RowOf(cells.Dc(), 0, 1, 8),
-              (Row{kRed, kRed, kRed, kRed, kGreen, kGreen, kBlue, kBlue}));
+    EXPECT_TRUE(BitBlt(cells, 2, 0, 6, 2, cells, 0, 0, SRCCOPY));
+    EXPECT_EQ(RowOf(cells, 0, 1, 8), (Row{kRed, kRed, kRed, kRed, kGreen, kGreen, kBlue, kBlue}));
+    EXPECT_EQ(SelectObject(cells, first), bitmap);
+    EXPECT_TRUE(DeleteObject(bitmap));
+    EXPECT_TRUE(DeleteDC(cells));
 }
 
 constexpr std::uint32_t PictureOf(COLORREF colour) {
@@ -128,7 +95,7 @@ BITMAPINFO Describe(LONG height) {
 
 PROGRAM_TEST(Drawing, APictureFillsTheAreaItIsStretchedOver) {
     const FrameInWindow frame;
-    const HDC dc = frame.Dc();
+    const HDC dc = frame.dc;
     SetStretchBltMode(dc, COLORONCOLOR);
     const auto draw = [dc](const RECT& to, LONG height) {
         const BITMAPINFO info = Describe(height);
