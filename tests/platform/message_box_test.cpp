@@ -20,6 +20,13 @@ class MessageBoxes : public testing::Test {
     int Answer() {
         return kit::OnUserInterface([this] { return answer_; });
     }
+    // The answers to Escape and to the close box.
+    std::array<int, 2> Dismissed(UINT style) {
+        Open(style).Key(VK_ESCAPE);
+        const int toEscape = Answer();
+        (toEscape == kStaysOpen ? kit::FrontDialog() : Open(style)).CloseBox();
+        return {toEscape, Answer()};
+    }
 
     kit::RecordedDialog owner_{IDD_BARE, "Bare"};
     int answer_ = kStaysOpen;
@@ -37,33 +44,13 @@ TEST_F(MessageBoxes, ShowTheSignAndTheButtonsThatAreAskedFor) {
     }
 }
 
-// The answers to Escape and to the close box.
-std::array<int, 2> Dismissed(const std::function<kit::Dialog()>& open,
-                             const std::function<int()>& answer) {
-    std::array<int, 2> answers{};
-    open().Key(VK_ESCAPE);
-    answers[0] = answer();
-    const kit::Dialog box = answers[0] == kStaysOpen ? kit::FrontDialog() : open();
-    box.CloseBox();
-    answers[1] = answer();
-    return answers;
-}
-
 TEST_F(MessageBoxes, EscapeAndTheCloseBoxAnswerCancelElseAnOkThatStandsAlone) {
-    const auto dismissed = [this](UINT style) {
-        return Dismissed([=, this] { return Open(style); }, [this] { return Answer(); });
-    };
-    EXPECT_EQ(dismissed(MB_OKCANCEL), (std::array{IDCANCEL, IDCANCEL}));
-    EXPECT_EQ(dismissed(MB_OK),
+    EXPECT_EQ(Dismissed(MB_OKCANCEL), (std::array{IDCANCEL, IDCANCEL}));
+    EXPECT_EQ(Dismissed(MB_OK),
               kit::ExceptOn(WindowSystem::kWine, {IDCANCEL, IDCANCEL},
                             "answers with the number its OK bears, that of Cancel",
                             std::array{IDOK, IDOK}));
-}
-
-TEST_F(MessageBoxes, AQuestionWithoutCancelStaysUntilItIsAnswered) {
-    const auto open = [this] { return Open(MB_YESNO); };
-    const auto answer = [this] { return Answer(); };
-    const std::array answers = Dismissed(open, answer);
+    const std::array answers = Dismissed(MB_YESNO);
     EXPECT_EQ(answers, kit::ExceptOn(WindowSystem::kWine, {IDCANCEL, IDCANCEL},
                                      "answers Cancel, though none is offered",
                                      std::array{kStaysOpen, kStaysOpen}));
