@@ -1,4 +1,6 @@
 // The echo cancellers: their commands, the latch, the level display.
+#include <cstdio>
+
 #include "commands/echo_canceller.h"
 #include "res/resource.h"
 #include "tests/app/dialog_test.h"
@@ -168,6 +170,18 @@ TEST_F(SaecLevels, ShowWhatIsMeasuredOnceSomebodyAsksForIt) {
         shown.insert(Shown());
     }
     EXPECT_GT(shown.size(), 20u) << "levels that hardly move";
+
+    // The gains are those of their own words.
+    const auto gainAt = [](uint32_t word) {
+        vdapi_SAEC_Write(0x2008B, &word);
+        uint32_t value = 0;
+        vdapi_SAEC_Read(0x2008C, &value);
+        char text[16];
+        std::snprintf(text, sizeof text, "0x%04X", static_cast<unsigned>(value));
+        return std::string(text);
+    };
+    EXPECT_NE(gainAt(0xFFC0), gainAt(0xFFC1));
+    EXPECT_TRUE(Shown()[0].ends_with(" GX: " + gainAt(0xFFC0) + ",\n GR: " + gainAt(0xFFC1)));
 
     const uint32_t gain = 0x0A;
     vdapi_SAEC_Write(0x20078, &gain);

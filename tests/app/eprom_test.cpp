@@ -119,4 +119,17 @@ TEST_F(Eprom, AReadThatTakesTooLongIsReportedAndDoesNoHarmWhenItEndsAfterAll) {
     EXPECT_EQ(Data()[7], "0xA8");
 }
 
+TEST_F(Eprom, AWriteThatNeverEndsIsReportedAndTheProgramGoesOn) {
+    board::SetEepromBehaviour({.hangs = true});
+    dialog_.Press(IDC_EPROM_WRITE);
+    dialog_.Type(IDC_EPROM_DATA_1, "0x77");
+    dialog_.Press(IDC_EPROM_APPLY);
+    kit::MeetBox("VxD Test - Warning",
+                 "vdapi_Debug: TALVERO_DBG_EPROM_WRITE: \nVXD_TIMEOUT_FAILURE");
+    board::SetEepromBehaviour({});
+    dialog_.Press(IDC_EPROM_APPLY);
+    EXPECT_TRUE(IsInFront());
+    EXPECT_EQ(board::GetEeprom()[0], 0x77);
+}
+
 }  // namespace
