@@ -73,14 +73,14 @@ TEST_F(AnnexdLoader, LoadsOnceAndCountsAFailureAsNothing) {
 TEST_F(MbeSend, SendsWhatIsTypedUpToItsFieldsEndAlsoNothing) {
     const kit::Dialog dialog = Ask(IDM_MBE_SEND, "MBE SEND DEMO");
     EXPECT_EQ(dialog.FocusedId(), IDC_MBE_MESSAGE);
-    const std::string longest(199, 'x');
+    const std::string beyond(205, 'x');
     for (const auto& [typed, length] :
-         {std::pair{std::string(), "0"}, {"Hello there", "B"}, {longest + "beyond", "C7"}}) {
+         {std::pair{"", "0"}, {"Hello there", "B"}, {beyond.c_str(), "C7"}}) {
         board::ForgetCalls();
         dialog.Type(IDC_MBE_MESSAGE, typed);
         dialog.Key(VK_RETURN);
-        EXPECT_EQ(ReceivedCalls(), Texts{"vdapi_MBE_Write(\"" + typed.substr(0, 199) + "\", 1, " +
-                                         length + ", FE)"});
+        EXPECT_EQ(ReceivedCalls(), Texts{"vdapi_MBE_Write(\"" + std::string(typed).substr(0, 199) +
+                                         "\", 1, " + length + ", FE)"});
     }
     dialog.Press(IDC_MBE_EXIT);
 }
