@@ -104,6 +104,10 @@ class UssRegisters : public DialogTest {
 TEST_F(UssRegisters, WritesAndReadsThroughTheFirmwareAndShowsTheSecondResponseOr0) {
     dialog_.Press(IDC_USS_GET);
     MeetNoPrefix();
+    Type({{IDC_USS_ADDRESS, "0x1"}, {IDC_USS_VALUE, "17"}});
+    dialog_.Press(IDC_USS_SET);
+    MeetNoPrefix();
+    EXPECT_EQ(ReceivedCalls(), Texts{});
     Type({{IDC_USS_ADDRESS, "0x1234"}, {IDC_USS_VALUE, "0x00C0FFEE"}});
     EXPECT_EQ(ReceivedOn(IDC_USS_SET),
               Texts{"vdapi_SendCommand(FA1, 1234, C0FFEE, 0, address, address, address)"});

@@ -40,12 +40,12 @@ class Bonding : public CommandTest {
         return std::string(kSetOperation) + "(\"" + name + "\", 1, 1, address, 21) " + byte;
     }
 
-    // The reports of one failure, level by level; the dialog takes no input meanwhile.
-    static void MeetReports(std::initializer_list<const char*> names, const char* error,
-                            const kit::Dialog& dialog = kit::Dialog(nullptr)) {
+    // The reports of one failure, level by level; the window below takes no input meanwhile.
+    static void MeetReports(HWND below, std::initializer_list<const char*> names,
+                            const char* error) {
         for (const char* name : names) {
             kit::WaitForDialog(kWarning);
-            EXPECT_FALSE(IsWindowEnabled(dialog.Handle()));
+            EXPECT_FALSE(IsWindowEnabled(below));
             kit::MeetBox(kWarning, std::string(name) + ": \n" + error);
         }
     }
@@ -110,8 +110,8 @@ TEST_F(Bonding, AListWithoutASelectionIsReportedOnceAndStopsTheSetting) {
     SelectNothing(dialog, IDC_BOND_RMULT, CB_SETCURSEL);
     EXPECT_EQ(ReceivedOn(dialog, IDC_BOND_SET), Texts{});
     for (const bool byKey : {false, true}) {
-        MeetReports({"BondProc: Getting BCR", "BondProc: Getting RMult"}, "VXD_OPERATION_FAILED",
-                    dialog);
+        MeetReports(dialog.Handle(), {"BondProc: Getting BCR", "BondProc: Getting RMult"},
+                    "VXD_OPERATION_FAILED");
         EXPECT_TRUE(IsInFront(dialog));
         if (!byKey) {
             kit::BeginStep([&] { SetFocus(GetDlgItem(dialog.Handle(), IDC_BOND_BCR)); });
@@ -160,7 +160,7 @@ TEST_F(Bonding, FailuresAreReportedAtEachLevelAndLeaveTheFieldsAlone) {
     kit::Dialog dialog = kit::Dialog(nullptr);
     board::ForgetCalls();
     utility_.Command(IDM_BONDING_LOCAL_PARAMS);
-    MeetReports({"BondGetVcpValue", "BondGetParams", "BondProc: BondGetParams"},
+    MeetReports(utility_.Window(), {"BondGetVcpValue", "BondGetParams", "BondProc: BondGetParams"},
                 "VXD_INVALID_PARAMETER");
     dialog = kit::WaitForDialog(kLocalParams);
     EXPECT_EQ(ReceivedCalls().size(), 4u);
@@ -173,8 +173,8 @@ TEST_F(Bonding, FailuresAreReportedAtEachLevelAndLeaveTheFieldsAlone) {
     EXPECT_EQ(ReceivedOn(dialog, IDC_BOND_SET),
               (Texts{Set("vcx_bBondLocalBCR", "01"), Set("vcx_oBondLocalRMult", "02"),
                      Set("vcx_bH320Caller", "01")}));
-    MeetReports({"BondSetVcpValue", "BondSetParams", "BondProc: BondSetParams"},
-                "VXD_INVALID_PARAMETER", dialog);
+    MeetReports(dialog.Handle(), {"BondSetVcpValue", "BondSetParams", "BondProc: BondSetParams"},
+                "VXD_INVALID_PARAMETER");
     EXPECT_EQ(Variable("vcx_oBondLocalRMult"), std::vector<uint32_t>{2});
     EXPECT_TRUE(IsInFront(dialog));
     EXPECT_TRUE(IsWindowEnabled(dialog.Handle()));
@@ -190,11 +190,12 @@ TEST_F(Bonding, FailuresAreReportedAtEachLevelAndLeaveTheFieldsAlone) {
     dialog.Type(IDC_BOND_PHONE_3, "77");
     board::FailOnce(kGetOperation, VXD_TIMEOUT_FAILURE);
     dialog.Press(IDC_BOND_GET);
-    MeetReports({"BondGetVcpValue", "BondGetPhones", "BondProc: BondGetPhones"},
+    MeetReports(dialog.Handle(), {"BondGetVcpValue", "BondGetPhones", "BondProc: BondGetPhones"},
                 "VXD_TIMEOUT_FAILURE");
     board::FailOnce(kSetOperation, ResultCode{34});
     dialog.Press(IDC_BOND_SET);
-    MeetReports({"BondSetVcpValue", "BondSetPhones", "BondProc: BondSetPhones"}, "Unknown Error");
+    MeetReports(dialog.Handle(), {"BondSetVcpValue", "BondSetPhones", "BondProc: BondSetPhones"},
+                "Unknown Error");
     EXPECT_EQ(Shown(dialog, kPhoneFields), (Texts{"5551234", "5551235", "77", "Prev", "Prev"}));
     dialog.Press(IDOK);
     kit::ExpectNoBox();

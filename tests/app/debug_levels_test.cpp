@@ -76,6 +76,11 @@ TEST_F(DebugLevels, OpensOnTheFirstModulesLevelAndTheFirmwaresFlags) {
                   "VCPXI_LOWLEVEL VCPXI_TASK AKM PROG USB DRV_CAM API_CAM API_VID UTIL_LIST "
                   "UTIL_TIMER ");
         EXPECT_EQ(AllRows(dialog, 1030), "TRACE5 TRACE4 TRACE3 TRACE2 TRACE1 WARN ERROR NONE ");
+        std::string captions;
+        for (int box = 1321; box <= 1332; ++box)
+            captions += dialog.Text(box) + "|";
+        EXPECT_EQ(captions,
+                  "Errors|Any|Flow|Chap9|Proto|BufQe|HwInt|TxData|HwDiag|HwEvent|Vsp|RxData|");
         EXPECT_EQ(dialog.SelectedRow(1029), 0);
         EXPECT_EQ(dialog.Text(1030), "TRACE1");
         EXPECT_EQ(CheckedBoxes(dialog), (std::set{1321, 1332}));

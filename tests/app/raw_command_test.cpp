@@ -106,7 +106,8 @@ TEST_F(RawCommand, SendsWhatIsTypedAndShowsWhatComesBackInAllDigits) {
           {IDC_RAW_PARAM_1, "50"},
           {IDC_RAW_PARAM_2, "0xABCD1234"},
           {IDC_RAW_PARAM_3, "7"}});
-    EXPECT_EQ(ReceivedOn(IDC_RAW_SEND), Sent("7D0, 32, ABCD1234, 7"));
+    dialog_.Key(VK_RETURN);
+    EXPECT_EQ(ReceivedCalls(), Sent("7D0, 32, ABCD1234, 7"));
     dialog_.Type(IDC_RAW_COMMAND, "2001");
     dialog_.Press(IDC_RAW_SEND);
     EXPECT_EQ(Shown(responses), (Texts{"0xABCD1234", "0x00000000", "0x0000"}));

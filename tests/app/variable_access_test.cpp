@@ -104,7 +104,10 @@ TEST_F(VariableAccess, ReadsAVariableChangesItAndShowsItWhenItIsOpenedAgain) {
 
 TEST_F(VariableAccess, TakesTheValuesThatATextBeginsWithAndPassesOverTheRest) {
     struct {
-        const char *unit, *count, *values, *sent;
+        const char* unit;
+        const char* count;
+        const char* values;
+        const char* sent;
     } const cases[] = {
         {"BYTE", "4", "0x1FF, 0x22 word 0x33", "1, 4, address, 21) FF223300"},
         {"BYTE", "5", "0x1,2,0x3 0X4 0x5", "1, 5, address, 21) 01030500 00"},
@@ -230,7 +233,11 @@ TEST_F(VariableAccess, TestsADoubleWordAsOftenAsItIsTold) {
         return "vdapi_Debug(6C, C, address) * " + std::string(rest);
     };
     struct {
-        const char *count, *value, *repeats, *block, *stored;
+        const char* count;
+        const char* value;
+        const char* repeats;
+        const char* block;
+        const char* stored;
     } const cases[] = {
         {"1", "0x00001234", "3", "34120000 03000000", "3"},
         {"0", "1234", "65538 times", "34000000 02000000", "2"},
