@@ -156,12 +156,14 @@ INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lPar
         for (const HWND control : open.controls) {
             const Kind kind = KindOf(control);
             const bool list = kind == Kind::kList;
-            for (int row = list || kind == Kind::kDropList ? 5 : 0; row > 0; --row)
+            for (int row = list || kind == Kind::kDropList ? 5 : 0; row > 0; --row) {
                 SendMessageA(control, list ? LB_ADDSTRING : CB_ADDSTRING, 0,
                              reinterpret_cast<LPARAM>(OneOf({"Ab", "abc", "Bee", "cab", "12"})));
-            if (list || kind == Kind::kDropList)
+            }
+            if (list || kind == Kind::kDropList) {
                 SendMessageA(control, list ? LB_SETCURSEL : CB_SETCURSEL,
                              static_cast<WPARAM>(Below(5)), 0);
+            }
             if (kind == Kind::kRadio && Below(3) == 0)
                 SendMessageA(control, BM_SETCHECK, BST_CHECKED, 0);
             if (kind == Kind::kEdit)
@@ -169,9 +171,11 @@ INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lPar
         }
         return TRUE;
     }
-    if (message == WM_COMMAND && std::find(told.begin(), told.end(), HIWORD(wParam)) != told.end())
+    if (message == WM_COMMAND &&
+        std::find(told.begin(), told.end(), HIWORD(wParam)) != told.end()) {
         std::printf("  command %d %d of %d\n", LOWORD(wParam), HIWORD(wParam),
                     lParam != 0 ? PlaceOf(reinterpret_cast<HWND>(lParam)) : -1);
+    }
     return message == WM_COMMAND;
 }
 
@@ -294,10 +298,11 @@ void ActAsProgram(HWND control) {
             // Wine tells of a focus that a combo box loses to itself.
             if (!Takes(control) || kind == Kind::kStatic || control == FocusedControl())
                 break;
-            if (what == 2)
+            if (what == 2) {
                 SetFocus(control);
-            else
+            } else {
                 SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+            }
             break;
         case 4:
             if (kind == Kind::kEdit)
@@ -321,12 +326,13 @@ void TakeStep() {
     const auto& controls = TheOpen().controls;
     const HWND control = controls[static_cast<std::size_t>(Below(controls.size()))];
     const int what = Below(10);
-    if (what < 6)
+    if (what < 6) {
         PressKey();
-    else if (what < 8)
+    } else if (what < 8) {
         PressLetter(control);
-    else
+    } else {
         ActAsProgram(control);
+    }
 }
 
 int seed = 1;

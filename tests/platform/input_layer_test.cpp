@@ -223,10 +223,11 @@ PROGRAM_TEST(Placement, ADialogStaysInsideTheWorkAreaWhereverItsOwnerIs) {
         }
         return TRUE;
     };
-    for (const int corner : {5000, -5000})
+    for (const int corner : {5000, -5000}) {
         EXPECT_EQ(DialogBoxParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_ABOUT),
                                   MakeWindow(corner, corner), +procedure, 0),
                   1);
+    }
 }
 
 }  // namespace

@@ -91,10 +91,11 @@ TEST_P(StorageTest, MakesFolderAndFileForTheUserAlone) {
 TEST_P(StorageTest, WhatIsNoFileIsRefusedAndBlocksNothing) {
     fs::create_directories(settings_);
     for (const bool isFolder : {true, false}) {
-        if (isFolder)
+        if (isFolder) {
             fs::create_directory(File());
-        else
+        } else {
             ASSERT_EQ(mkfifo(File().c_str(), 0600), 0);
+        }
         EXPECT_FALSE(Store(1));
         EXPECT_EQ(Load(), 0);
         EXPECT_TRUE(fs::remove(File()));
