@@ -26,24 +26,38 @@ Activation::~Activation() = default;
 
 void Activation::Raise(WidgetId id) {
     TopLevel* top = controls_.FindTopLevel(id);
-    if (top == nullptr || !top->Raise()) {
+    if (top == nullptr) {
         return;
     }
     // The desktop activates a window that is new, whatever it takes for active now.
-    if (active_ != id || QApplication::activeWindow() != &top->NativeWidget()) {
+    const bool isShown = top->Raise();
+    if (!isShown || active_ != id || QApplication::activeWindow() != &top->NativeWidget()) {
         toActivate_ = id;
     }
+    if (isShown) {
+        Expect(id);
+    }
+}
+
+void Activation::Expect(WidgetId id) {
     active_ = id;
     requests_ = answerTime_->isActive() ? requests_ + 1 : 1;
     answerTime_->start(kLongestAnswer);
 }
 
 // Only the last window that the core has made active is asked for: the desktop would answer for
-// each of them, and for one that it has yet to show behind all others.
+// each of them, and for one that it has yet to show behind all others. One that was hidden is asked
+// for when it is shown: a busy desktop may give the keyboard back to the window before.
 void Activation::AskDesktop() {
-    if (TopLevel* top = controls_.FindTopLevel(std::exchange(toActivate_, 0)); top != nullptr) {
-        top->AskForActivation();
+    TopLevel* top = controls_.FindTopLevel(toActivate_);
+    if (top == nullptr || !top->NativeWidget().isVisible()) {
+        return;
     }
+    const WidgetId id = std::exchange(toActivate_, 0);
+    if (active_ != id) {
+        Expect(id);
+    }
+    top->AskForActivation();
 }
 
 // What the desktop does on the way to what it was asked for is none of the core's business. That a
@@ -74,6 +88,7 @@ void Activation::ReportChange() {
     if (isDisabled) {
         disabledActive_ = active;
     }
+    toActivate_ = 0;
     const WidgetId before = std::exchange(active_, active);
     if (active != 0) {
         report_(input::Activated, active, true);

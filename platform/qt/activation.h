@@ -21,7 +21,8 @@ class Activation {
     Activation(const Activation&) = delete;
     Activation& operator=(const Activation&) = delete;
 
-    // The core makes a window the active one. The desktop is asked by the next AskDesktop.
+    // The core makes a window the active one. The desktop is asked by the next AskDesktop that
+    // finds it shown.
     void Raise(WidgetId id);
     void AskDesktop();
     // Reports which window is active now if the core takes another one for active.
@@ -32,6 +33,8 @@ class Activation {
     void Retire();
 
   private:
+    void Expect(WidgetId id);
+
     const Controls& controls_;
     Report& report_;
     // The window that the core takes for the active one, as far as it was asked for or reported.
