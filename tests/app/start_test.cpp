@@ -33,6 +33,14 @@ TEST(Start, OpensAndClosesTheLibrariesInOrder) {
     EXPECT_EQ(CallNames(), "vdapi_Terminate KORA_DLL_Terminate");
 }
 
+TEST(Start, ClosesTheCommandLibraryWhenTheWindowIsDestroyed) {
+    kit::Utility utility;
+    board::ForgetCalls();
+    kit::RunStep([] { DestroyWindow(FindWindowA("VxDTest", nullptr)); });
+    EXPECT_EQ(utility.WaitForEnd(), 0);
+    EXPECT_EQ(CallNames(), "vdapi_Terminate KORA_DLL_Terminate");
+}
+
 TEST(Start, EachCloseBeforeTheEndClosesTheCommandLibrary) {
     kit::Utility utility;
     board::ForgetCalls();
