@@ -5,6 +5,7 @@
 #include <chrono>
 #include <utility>
 
+#include "platform/qt/control.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/top_level.h"
 

@@ -7,6 +7,7 @@
 #include <QWindow>
 #include <utility>
 
+#include "platform/qt/control.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/held_input.h"
 #include "platform/qt/keys.h"

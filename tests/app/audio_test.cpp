@@ -1,4 +1,6 @@
 // The audio codec: its registers, and the firmware's sources and muting.
+#include <cstdio>
+
 #include "regs/akm_tables.h"
 #include "res/resource.h"
 #include "tests/app/dialog_test.h"
@@ -107,6 +109,7 @@ TEST_F(AkmControl, EachStepOfASliderWritesItsRegisterAndShowsWhereItWas) {
         int to;
     };
     for (const Case& each : {
+             Case{31, SB_LINERIGHT, 31},
              Case{31, SB_LINELEFT, 30},
              Case{0, SB_LINELEFT, 0},
              Case{3, SB_PAGELEFT, 0},
@@ -169,7 +172,7 @@ TEST_F(AkmControl, SlidersFollowKeysWheelAndMouse) {
                                              "does not tell of the end of a key's action",
                                              std::string(each.after)));
     }
-    EXPECT_EQ(ReceivedOnDoing([=] { kit::ClickArrow(bar, true); }), writes({"11", "11"}));
+    EXPECT_EQ(ReceivedOnDoing([=] { kit::ClickRightArrow(bar); }), writes({"11", "11"}));
     EXPECT_EQ(label(), "Voice Left (Rmt):  0x11");
     EXPECT_EQ(ReceivedOnDoing([=] { kit::TurnWheel(bar, 2); }), writes({"12", "13", "13"}));
     EXPECT_EQ(label(), "Voice Left (Rmt):  0x13");

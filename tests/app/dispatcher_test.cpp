@@ -1,4 +1,5 @@
-// Commands that act without a dialog, those that do nothing, and what dialogs answer.
+// Commands that act without a dialog, those that do nothing, and dialogs left by their buttons
+// alone.
 #include "app/dispatcher.h"
 #include "board/control.h"
 #include "res/resource.h"

@@ -231,6 +231,16 @@ TEST_F(SaecLevels, StopWhereNothingCanBeMeasuredUntilTheDialogOpensAgain) {
     EXPECT_EQ(TickAt(3500), Texts{kTick.front()});
     EXPECT_EQ(Shown(), before);
     EXPECT_FALSE(OnUserInterface([this] { return KillTimer(dialog_.Handle(), 2); })) << "runs on";
+
+    // The display has stayed on, and its own clock ticks once a second.
+    dialog_.Press(IDOK);
+    const auto start = std::chrono::steady_clock::now();
+    Open();
+    board::ForgetCalls();
+    ASSERT_TRUE(WaitForCalls(2 * kTick.size()));
+    const auto twoTicks = std::chrono::steady_clock::now() - start;
+    EXPECT_GE(twoTicks, std::chrono::milliseconds(1900));
+    EXPECT_LT(twoTicks, std::chrono::milliseconds(8000));
 }
 
 TEST_F(SaecLevels, EndWithADialogThatIsClosedInTheMiddleOfASlowTick) {

@@ -85,6 +85,16 @@ TEST_F(I2cAccess, RemembersFieldsAndOperationHoweverItIsClosed) {
     Open();
 }
 
+TEST_F(I2cAccess, AnUnknownRememberedOperationCountsAsReading) {
+    dialog_.Press(IDOK);
+    settings_.Write(kit::kOwnFile, kSection, "Operation", "7");
+    Open();
+    EXPECT_EQ(ReceivedOn(IDC_I2C_APPLY), Texts{"vdapi_I2C_Transfer(address, 2, address) 01000001"});
+    dialog_.Press(IDOK);
+    EXPECT_EQ(Stored("Operation"), "0");
+    Open();
+}
+
 class VpicI2cAccess : public DialogTest {
   protected:
     VpicI2cAccess() : DialogTest(IDM_VPIC_I2C_PORTS, "VPIC I2C Access", IDOK) {}

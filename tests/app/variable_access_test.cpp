@@ -1,4 +1,6 @@
 // "VCPXi Variable Access".
+#include <cstdio>
+
 #include "driver/shared_words.h"
 #include "res/resource.h"
 #include "tests/app/dialog_test.h"

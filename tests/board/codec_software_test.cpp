@@ -22,8 +22,12 @@ TEST_F(CodecSoftwareTest, StaysAsItWasWhenAFileOrASectionIsMissing) {
     EXPECT_EQ(download("", ini, {"[open]"}), VXD_CORRUPT_FILE);
     EXPECT_EQ(board::GetHardware().codecSoftware.monitor.path, ini);
     EXPECT_EQ(board::GetHardware().codecSoftware.sections.size(), 2u);
+    WriteBytes(folder / "Code.bin", "four");
+    WriteBytes(folder / "CODE.BIN", "other");
+    EXPECT_EQ(download("", folder / "CODE.BIN", {}), VXD_SUCCESS);
+    EXPECT_EQ(board::GetHardware().codecSoftware.codec.bytes, 5u) << "the exact name comes first";
     board::PowerOn();
-    EXPECT_EQ(board::GetHardware().codecSoftware.monitor.path, "");
+    EXPECT_EQ(board::GetHardware().codecSoftware.codec.path, "");
 }
 
 TEST_F(MediaStreams, OpenOnceAndCloseOnceAndTakeBandwidthMeanwhile) {

@@ -15,8 +15,8 @@ void ClickRow(HWND listBox, int row);
 void DoubleClickRow(HWND listBox, int row);
 // Puts a text in place of the selection of an edit, or of a combo box's edit; it has the focus.
 void Paste(HWND edit, const std::string& text);
-// The arrow at the end of a horizontal scroll bar, or at its beginning.
-void ClickArrow(HWND scrollBar, bool atEnd);
+// The arrow at the end of a horizontal scroll bar.
+void ClickRightArrow(HWND scrollBar);
 // Takes the thumb of a horizontal scroll bar to the bar's end, the last position of its range, and
 // lets it go there.
 void DragThumbToEnd(HWND scrollBar, int end);

@@ -3,10 +3,7 @@
 
 namespace {
 
-using kit::Drain;
-using kit::MakePlainWindow;
 using kit::ShowPlainWindow;
-using kit::Told;
 
 COLORREF ColourAt(HWND window, int x, int y) {
     const HDC dc = GetDC(window);

@@ -87,7 +87,7 @@ TEST_F(ScrollBars, KeepTheirPositionWithinTheirRange) {
 
 TEST_F(ScrollBars, TellOfEachActionWithThePositionOfTheThumbAndStayWhereTheyAre) {
     OnUserInterface([this] { SetFocus(Bar(IDC_DOWN)); });
-    EXPECT_EQ(After([this] { kit::ClickArrow(Bar(IDC_ACROSS), true); }), "h501:1 h501:8 ");
+    EXPECT_EQ(After([this] { kit::ClickRightArrow(Bar(IDC_ACROSS)); }), "h501:1 h501:8 ");
     EXPECT_EQ(dialog_.FocusedId(), IDC_ACROSS);
     const std::string told = After([this] { kit::DragThumbToEnd(Bar(IDC_ACROSS), kLast); });
     EXPECT_TRUE(told.ends_with("h501:5=41 h501:4=41 h501:8 ")) << told;

@@ -7,6 +7,8 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <cerrno>
+#include <cstring>
 
 #include <new>
 #include <random>
@@ -74,6 +76,16 @@ std::string TitleOf(const testing::TestParamInfo<StoredFile>& file) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Both, StorageTest, testing::Values(kProfile, kEeprom), TitleOf);
+
+TEST_P(StorageTest, APathOf400CharactersIsLikeAnyOther) {
+    fs::path deep = folder_.Path();
+    while (deep.native().size() < 400)
+        deep /= std::string(50, 'd');
+    UseFolder(deep);
+    EXPECT_TRUE(Store(1));
+    EXPECT_EQ(Load(), 1);
+    EXPECT_TRUE(fs::is_regular_file(File()));
+}
 
 TEST_P(StorageTest, MakesFolderAndFileForTheUserAlone) {
     UseFolder(folder_ / "deep/er");

@@ -64,10 +64,10 @@ void Paste(HWND edit, const std::string& text) {
     });
 }
 
-void ClickArrow(HWND scrollBar, bool atEnd) {
+void ClickRightArrow(HWND scrollBar) {
     Report([=] {
         const WidgetId bar = Press(scrollBar);
-        vxd::input::Scrolled(bar, atEnd ? SB_LINERIGHT : SB_LINELEFT, 0);
+        vxd::input::Scrolled(bar, SB_LINERIGHT, 0);
         vxd::input::Scrolled(bar, SB_ENDSCROLL, 0);
     });
 }

@@ -116,10 +116,10 @@ void Paste(HWND edit, const std::string& text) {
     Settle();
 }
 
-void ClickArrow(HWND scrollBar, bool atEnd) {
+void ClickRightArrow(HWND scrollBar) {
     constexpr int kInside = 3;
     const SIZE size = SizeOf(scrollBar);
-    Click(scrollBar, {atEnd ? size.cx - kInside : kInside, size.cy / 2});
+    Click(scrollBar, {size.cx - kInside, size.cy / 2});
 }
 
 namespace {
