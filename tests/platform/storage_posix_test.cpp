@@ -7,9 +7,9 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
 #include <cerrno>
 #include <cstring>
-
 #include <new>
 #include <random>
 #include <span>
