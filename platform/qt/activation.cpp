@@ -32,9 +32,9 @@ void Activation::Raise(WidgetId id) {
     }
     // The desktop activates a window that is new, whatever it takes for active now.
     const bool isShown = top->Raise();
-    if (!isShown || active_ != id || QApplication::activeWindow() != &top->NativeWidget()) {
-        toActivate_ = id;
-    }
+    const bool isActive =
+        isShown && active_ == id && QApplication::activeWindow() == &top->NativeWidget();
+    toActivate_ = isActive ? 0 : id;
     if (isShown) {
         Expect(id);
     }
